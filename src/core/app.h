@@ -1,0 +1,103 @@
+#pragma once
+// The program-wide state and the ports through which the logic reaches the desktop. One App
+// lives from start-up to exit and is passed by reference; nothing else is global.
+#include "core/dictionary_store.h"
+#include "core/glyph_table.h"
+#include "core/ports.h"
+#include "core/settings.h"
+#include "core/sign_lists.h"
+#include "core/word_view.h"
+
+#include <filesystem>
+#include <functional>
+#include <string>
+
+namespace nebkaro {
+
+constexpr int VersionMajor = 1;
+constexpr int VersionMinor = 0;
+constexpr int VersionRevision = 0;
+std::string versionText(); // "1.0.0"
+
+// The text box that the transliteration typewriter types into.
+enum class TypewriterTarget { None, MainTransLit, SearchText, BrowserTrans, ComposerMdC };
+
+// The other windows, as far as the logic needs them. Every call has a harmless default so
+// that tests and the command-line tool only provide what they use.
+struct Windows {
+    virtual ~Windows() = default;
+    // The word view (App::view) changed: the main window shows it again.
+    virtual void wordViewChanged() {}
+    virtual void setCaption(const std::string&) {}
+    // The dictionary information dialog, modal, showing these boxes; its OK button runs
+    // ConfirmHeader, which copies them into the header.
+    virtual void showHeaderDialog(const DictionaryHeader& /*boxes*/) {}
+    // The About box, modal (start-up).
+    virtual void showAboutModal() {}
+    // Drops the sign-list browser so that it is built for the current library next time.
+    virtual void unloadBrowser() {}
+    // The printing subsystem's defaults (default printer, print quality).
+    virtual void setPrinterDefaults() {}
+    // A line for the status bar.
+    virtual void showStatus(const std::string&) {}
+};
+
+struct App {
+    App(Dialogs& d, Clipboard& c, EventPump& e, SignPictures& p, FileWriter& w)
+        : dialogs(d), clipboard(c), events(e), pictures(p), files(w) {}
+    App(const App&) = delete;
+    App& operator=(const App&) = delete;
+
+    // The program folder: System, Lists, Dictionaries, Images and the picture libraries.
+    std::filesystem::path home;
+
+    Settings settings;
+    DictionaryStore store;
+    SignLists lists;
+    GlyphTable glyphs;
+    WordView view;
+
+    // Results the composer leaves for the main window.
+    std::string layoutText;
+    std::string composedGardiner;
+    // Once the composer has been switched to the Extended library, every stored word is "E".
+    bool extendedChosen = false;
+    // Insert: the next stored new word goes into the current row.
+    bool insertPending = false;
+
+    // The next load appends; the next save writes a header-only file.
+    bool mergeMode = false;
+    bool newDictionaryMode = false;
+
+    // Set by the progress dialog's Cancel; long loops test it after yielding.
+    bool sortCancelled = false;
+
+    TypewriterTarget typewriterTarget = TypewriterTarget::MainTransLit;
+
+    // The program is to end now (without saving), with this status.
+    bool endRequested = false;
+    int exitCode = 0;
+
+    Dialogs& dialogs;
+    Clipboard& clipboard;
+    EventPump& events;
+    SignPictures& pictures;
+    FileWriter& files;
+
+    Windows* windows = &noWindows;
+
+    // Drawing the current word and storing the word on show belong to the word view and the
+    // editing commands; the file commands reach them through these.
+    std::function<void(App&)> renderWord = [](App&) {};
+    std::function<void(App&)> storeWord = [](App&) {};
+
+    void requestEnd(int code) {
+        endRequested = true;
+        exitCode = code;
+    }
+
+private:
+    inline static Windows noWindows;
+};
+
+} // namespace nebkaro

@@ -1,0 +1,284 @@
+#include "core/dictionary_file.h"
+
+#include "core/app.h"
+#include "core/errors.h"
+#include "core/field_reader.h"
+#include "core/files.h"
+#include "core/text.h"
+
+namespace fs = std::filesystem;
+
+namespace nebkaro {
+
+namespace {
+bool isDirection(const std::string& s) { return s == "R" || s == "L"; }
+} // namespace
+
+ParsedDictionary ReadDictionaryText(const std::string& textValue, int maxWords) {
+    ParsedDictionary out;
+    FieldReader in(textValue);
+    const std::string first = in.read();
+    if (isDirection(first)) {
+        in = FieldReader(textValue);
+    } else {
+        out.hasHeader = true;
+        out.header[0] = first;
+        for (int i = 1; i < FieldCount; ++i) out.header[static_cast<std::size_t>(i)] = in.read();
+    }
+    out.words.reserve(textValue.size() / 120 + 1);
+    while (!in.atEnd()) {
+        WordRecord rec;
+        const int line = in.line();
+        for (int f = 0; f < FieldCount; ++f) rec[static_cast<std::size_t>(f)] = in.read();
+        if (!isDirection(rec[0])) {
+            out.stoppedEarly = true;
+            out.stopRecord = std::move(rec);
+            out.stopLine = line;
+            break;
+        }
+        if (static_cast<int>(out.words.size()) >= maxWords) throw RunError(SubscriptOutOfRange);
+        out.words.push_back(std::move(rec));
+    }
+    return out;
+}
+
+std::string HeaderLine(const DictionaryHeader& header) { return WordLine(header); }
+
+std::string WordLine(const WordRecord& word) {
+    std::string line;
+    for (int f = 0; f < FieldCount; ++f) {
+        if (f) line += ',';
+        line += '"';
+        line += word[static_cast<std::size_t>(f)];
+        line += '"';
+    }
+    line += "\r\n";
+    return line;
+}
+
+std::string DictionaryFileText(const DictionaryStore& store, bool withWords) {
+    std::string out;
+    if (store.hasHeader) out += HeaderLine(store.header);
+    if (!withWords) return out;
+    std::size_t size = out.size();
+    for (int w = 0; w <= store.lastIndex; ++w)
+        for (const auto& f : store.row(w)) size += f.size() + 3;
+    out.reserve(size + 2 * static_cast<std::size_t>(store.lastIndex + 1));
+    for (int w = 0; w <= store.lastIndex; ++w) {
+        const WordRecord& r = store.row(w);
+        for (int f = 0; f < FieldCount; ++f) {
+            if (f) out += ',';
+            out += '"';
+            out += r[static_cast<std::size_t>(f)];
+            out += '"';
+        }
+        out += "\r\n";
+    }
+    return out;
+}
+
+UnwritableValue FindUnwritableValue(const DictionaryStore& store, bool withWords) {
+    auto bad = [](const std::string& v) { return v.find_first_of("\"\r\n") != std::string::npos; };
+    UnwritableValue u;
+    if (store.hasHeader) {
+        for (int f = 0; f < FieldCount; ++f) {
+            if (bad(store.header[static_cast<std::size_t>(f)])) {
+                u.found = u.inHeader = true;
+                u.field = f;
+                return u;
+            }
+        }
+    }
+    if (!withWords) return u;
+    for (int w = 0; w <= store.lastIndex; ++w) {
+        const WordRecord& r = store.row(w);
+        for (int f = 0; f < FieldCount; ++f) {
+            if (bad(r[static_cast<std::size_t>(f)])) {
+                u.found = true;
+                u.word = w;
+                u.field = f;
+                return u;
+            }
+        }
+    }
+    return u;
+}
+
+std::string NkdPath(const std::string& path) { return text::replaceAll(path, ".csv", ".nkd"); }
+
+std::string CaptionText(const App& app) {
+    return "Nebkaro Ver: " + versionText() + "    Dictionary: " + app.store.dictionaryName;
+}
+
+LoadOutcome LoadDictionary(App& app) {
+    DictionaryStore& store = app.store;
+    const fs::path path = resolveCaseBlind(fs::path(store.dictionaryPath));
+    std::error_code ec;
+    if (!fs::is_regular_file(path, ec)) {
+        const std::string prompt = "The dictionary: '" + store.dictionaryPath + "' was not found." +
+                                   "\r\nClick 'OK' to load another dictionary" +
+                                   "\r\nClick 'Cancel' to Quit";
+        if (app.dialogs.message(prompt, "Dictionary Not Found", Buttons::OKCancel,
+                                Icon::Exclamation) == Answer::OK) {
+            OpenDictionaryDialog(app);
+        } else {
+            app.requestEnd(0);
+        }
+        return LoadOutcome::NotFound;
+    }
+    ParsedDictionary parsed;
+    const int start = app.mergeMode ? store.lastIndex + 1 : 0;
+    try {
+        const std::string bytes = readFileBytes(path);
+        parsed = ReadDictionaryText(text::decodeFileText(bytes),
+                                    DictionaryStore::MaxWordIndex + 1 - std::max(start, 0));
+    } catch (const RunError& e) {
+        app.dialogs.message(e.report(), "Dictionary Not Loaded", Buttons::OK, Icon::Critical);
+        return LoadOutcome::Failed;
+    }
+
+    if (parsed.hasHeader) {
+        store.header = parsed.header;
+        store.hasHeader = true;
+        if (app.settings.showDictionaryInfo) app.windows->showHeaderDialog(store.header);
+    } else {
+        store.header = {};
+        store.hasHeader = false;
+    }
+    int counter = std::max(start, 0);
+    if (!app.mergeMode) {
+        store.clear();
+        const int n = static_cast<int>(parsed.words.size());
+        auto& rows = store.rowsForBulk(0);
+        rows = std::move(parsed.words);
+        counter = n;
+    } else {
+        for (auto& w : parsed.words) store.setRow(counter++, std::move(w));
+    }
+    if (parsed.stoppedEarly) {
+        app.dialogs.beep();
+        if (counter <= DictionaryStore::MaxWordIndex) store.setRow(counter, parsed.stopRecord);
+    }
+    store.lastIndex = counter - 1;
+    store.currentIndex = 0;
+    app.renderWord(app);
+    app.windows->setCaption(CaptionText(app));
+    store.isChanged = app.mergeMode;
+    return LoadOutcome::Loaded;
+}
+
+bool SaveDictionary(App& app) {
+    DictionaryStore& store = app.store;
+    app.storeWord(app);
+    store.dictionaryPath = NkdPath(store.dictionaryPath);
+    const bool withWords = !app.newDictionaryMode;
+    const UnwritableValue u = FindUnwritableValue(store, withWords);
+    if (u.found) {
+        static const char* names[] = {"direction", "library",  "enriched notation", "Gardiner notation",
+                                      "transliteration", "meaning", "comment"};
+        const std::string where = u.inHeader ? "Header value " + std::to_string(u.field)
+                                             : "Word " + std::to_string(u.word) + ", " +
+                                                   names[u.field];
+        const std::string prompt = where +
+                                   " holds a double quote or a line break, which the dictionary "
+                                   "file cannot hold: it will not read back as it is now." +
+                                   "\r\nSave anyway?";
+        if (app.dialogs.message(prompt, "Save", Buttons::YesNo, Icon::Exclamation) != Answer::Yes)
+            return false;
+    }
+    const std::string content = DictionaryFileText(store, withWords);
+    try {
+        app.files.write(fs::path(store.dictionaryPath), content);
+    } catch (const RunError& e) {
+        if (e.number() == PathNotFound || e.number() == FileNotFound) {
+            app.dialogs.message("The file: '" + store.dictionaryPath +
+                                    "' was not found. The program will stop",
+                                "", Buttons::OK, Icon::Critical);
+        } else if (e.number() == PathFileAccess) {
+            app.dialogs.message(e.description() + ": The file may be 'Read Only'", "", Buttons::OK,
+                                Icon::Critical);
+        } else {
+            app.dialogs.message(e.description(), "", Buttons::OK, Icon::Critical);
+        }
+        return false;
+    }
+    if (app.newDictionaryMode) {
+        store.emptyAfterNewDictionary();
+        app.newDictionaryMode = false;
+        app.renderWord(app);
+    }
+    store.isChanged = false;
+    return true;
+}
+
+bool ConfirmHeader(App& app, DictionaryHeader& boxes) {
+    if (boxes[0] == "R" || boxes[0] == "L") {
+        app.dialogs.message("First field cannot be 'L' or 'R'", "", Buttons::OK, Icon::Exclamation);
+        boxes[0].clear();
+        return false;
+    }
+    app.store.hasHeader = false;
+    for (int i = 0; i < FieldCount; ++i) {
+        app.store.header[static_cast<std::size_t>(i)] = boxes[static_cast<std::size_t>(i)];
+        if (!boxes[static_cast<std::size_t>(i)].empty()) app.store.hasHeader = true;
+    }
+    return true;
+}
+
+void OpenDictionaryDialog(App& app) {
+    DictionaryStore& store = app.store;
+    if (store.editPending || store.newWordPending) {
+        if (app.dialogs.message("Do you want to save the current Dictionary?", "SAVE?",
+                                Buttons::YesNo, Icon::Question) == Answer::Yes)
+            SaveDictionary(app);
+    }
+    const auto chosen = app.dialogs.openFile(OpenFilter, fs::path(store.dictionaryPath));
+    if (!chosen || chosen->empty()) return;
+    const std::string oldPath = store.dictionaryPath, oldName = store.dictionaryName;
+    store.dictionaryPath = chosen->string();
+    store.dictionaryName = chosen->filename().string();
+    if (LoadDictionary(app) == LoadOutcome::Failed) {
+        store.dictionaryPath = oldPath;
+        store.dictionaryName = oldName;
+    }
+}
+
+void OpenCommand(App& app) {
+    app.mergeMode = false;
+    OpenDictionaryDialog(app);
+}
+
+void MergeCommand(App& app) {
+    app.mergeMode = true;
+    OpenDictionaryDialog(app);
+}
+
+void SaveDictionaryDialog(App& app) {
+    DictionaryStore& store = app.store;
+    if (app.newDictionaryMode) {
+        DictionaryHeader boxes{};
+        boxes[2] = text::todayLongDate();
+        app.windows->showHeaderDialog(boxes);
+    }
+    store.dictionaryPath = NkdPath(store.dictionaryPath);
+    const auto chosen = app.dialogs.saveFile(SaveFilter, fs::path(store.dictionaryPath));
+    if (!chosen || chosen->empty()) {
+        // A cancelled New Dictionary must not turn the next ordinary save into one that
+        // empties the dictionary.
+        app.newDictionaryMode = false;
+        return;
+    }
+    store.dictionaryPath = chosen->string();
+    store.dictionaryName = chosen->filename().string();
+    SaveDictionary(app);
+    app.windows->setCaption(CaptionText(app));
+}
+
+void SaveAsCommand(App& app) { SaveDictionaryDialog(app); }
+
+void NewDictionaryCommand(App& app) {
+    app.newDictionaryMode = true;
+    SaveDictionaryDialog(app);
+}
+
+} // namespace nebkaro

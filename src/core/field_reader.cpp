@@ -1,0 +1,62 @@
+#include "core/field_reader.h"
+
+#include "core/errors.h"
+
+namespace nebkaro {
+
+bool FieldReader::atEnd() const {
+    for (std::size_t i = pos_; i < s_.size(); ++i) {
+        char c = s_[i];
+        if (c != '\r' && c != '\n' && c != ' ' && c != '\t') return false;
+    }
+    return true;
+}
+
+void FieldReader::skipSeparator() {
+    // Skips up to and including the next comma or line end (CR LF, LF or CR).
+    while (pos_ < s_.size()) {
+        char c = s_[pos_];
+        if (c == ',') {
+            ++pos_;
+            return;
+        }
+        if (c == '\r') {
+            ++pos_;
+            if (pos_ < s_.size() && s_[pos_] == '\n') ++pos_;
+            ++line_;
+            return;
+        }
+        if (c == '\n') {
+            ++pos_;
+            ++line_;
+            return;
+        }
+        ++pos_;
+    }
+}
+
+std::string FieldReader::read() {
+    while (pos_ < s_.size() && (s_[pos_] == ' ' || s_[pos_] == '\t')) ++pos_;
+    if (pos_ >= s_.size()) throw RunError(InputPastEnd);
+    std::string value;
+    if (s_[pos_] == '"') {
+        std::size_t start = pos_ + 1;
+        std::size_t close = s_.find('"', start);
+        std::size_t end = close == std::string_view::npos ? s_.size() : close;
+        value.assign(s_.substr(start, end - start));
+        for (char c : value)
+            if (c == '\n') ++line_;
+        pos_ = close == std::string_view::npos ? s_.size() : close + 1;
+        skipSeparator();
+        return value;
+    }
+    std::size_t start = pos_;
+    while (pos_ < s_.size() && s_[pos_] != ',' && s_[pos_] != '\r' && s_[pos_] != '\n') ++pos_;
+    std::size_t end = pos_;
+    while (end > start && (s_[end - 1] == ' ' || s_[end - 1] == '\t')) --end;
+    value.assign(s_.substr(start, end - start));
+    skipSeparator();
+    return value;
+}
+
+} // namespace nebkaro

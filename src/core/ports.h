@@ -1,0 +1,71 @@
+#pragma once
+// The few things the logic asks of the desktop: questions and messages, files chosen by the
+// user, the clipboard, a chance for the window system to breathe during long loops, and the
+// size of a sign's picture. The program implements them with Qt; tests with scripted fakes.
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace nebkaro {
+
+enum class Buttons { OK, OKCancel, YesNo, YesNoCancel };
+enum class Icon { None, Critical, Question, Exclamation, Information };
+enum class Answer { OK, Cancel, Yes, No };
+
+// An empty title means the program's own title, "Nebkaro".
+struct Dialogs {
+    virtual ~Dialogs() = default;
+    virtual Answer message(const std::string& text, const std::string& title, Buttons buttons,
+                           Icon icon) = 0;
+    // nullopt when the user cancels.
+    virtual std::optional<std::string> input(const std::string& prompt, const std::string& title,
+                                             const std::string& defaultText) = 0;
+    // Filters are written the old way, "Name (*.ext)|*.ext|Other (*.x)|*.x". nullopt on cancel.
+    virtual std::optional<std::filesystem::path> openFile(const std::string& filter,
+                                                          const std::filesystem::path& proposed) = 0;
+    virtual std::optional<std::filesystem::path> saveFile(const std::string& filter,
+                                                          const std::filesystem::path& proposed) = 0;
+    virtual void beep() = 0;
+};
+
+struct Clipboard {
+    virtual ~Clipboard() = default;
+    virtual void clear() = 0;
+    virtual void setText(const std::string& text) = 0;
+    virtual std::string text() = 0;
+    // A picture, handed over as PNG bytes (the window puts it on the clipboard as an image).
+    virtual void setImagePng(const std::vector<std::uint8_t>& png) = 0;
+};
+
+struct EventPump {
+    virtual ~EventPump() = default;
+    // Lets the window system process pending events (repaint, a Cancel click).
+    virtual void yield() = 0;
+};
+
+// A sign's picture: its file and natural size in twips (pixels x 15). ok is false when the
+// file is missing or is not a picture; the size is then that of an empty slot.
+struct SignPicture {
+    std::filesystem::path file;
+    int width = 0;
+    int height = 0;
+    bool ok = false;
+};
+
+struct SignPictures {
+    virtual ~SignPictures() = default;
+    // library "Basic" or "Extended", direction "Left" or "Right".
+    virtual SignPicture picture(const std::string& library, const std::string& direction,
+                                const std::string& code) = 0;
+};
+
+// Writes a whole file so that either the new contents or the old file survive.
+struct FileWriter {
+    virtual ~FileWriter() = default;
+    // Throws RunError (PathNotFound, PathFileAccess, DiskFull, ...) on failure.
+    virtual void write(const std::filesystem::path& path, const std::string& bytes) = 0;
+};
+
+} // namespace nebkaro

@@ -1,0 +1,84 @@
+#include "core/settings.h"
+
+#include "core/app.h"
+#include "core/errors.h"
+#include "core/files.h"
+#include "core/text.h"
+
+namespace fs = std::filesystem;
+
+namespace nebkaro {
+
+std::string versionText() {
+    return std::to_string(VersionMajor) + "." + std::to_string(VersionMinor) + "." +
+           std::to_string(VersionRevision);
+}
+
+fs::path settingsPath(const fs::path& home) { return home / "System" / "Settings.nks"; }
+
+std::string SettingsText(const Settings& s, const std::string& dictionaryName) {
+    std::string t = "Nebkaro Settings: \r\n\r\n";
+    t += std::string("Library = ") + (s.useBasicLibrary ? "Basic" : "Extended") + "\r\n";
+    t += std::string("Direction = ") + (s.directionLeft ? "Left" : "Right") + "\r\n";
+    t += "Dictionary Name = " + dictionaryName + "\r\n";
+    t += std::string("Show About = ") + (s.showAbout ? "True" : "False") + "\r\n";
+    t += std::string("Show Dictionary Info = ") + (s.showDictionaryInfo ? "True" : "False") + "\r\n";
+    return t;
+}
+
+std::string ReadWholeFile(const fs::path& path) {
+    try {
+        return text::decodeFileText(readFileBytes(path));
+    } catch (const RunError&) {
+        return {};
+    }
+}
+
+std::string GetSettingValue(const std::string& textValue, const std::string& key) {
+    if (key.empty()) return {};
+    // ASCII folding keeps byte offsets aligned with the original text; the keys are ASCII.
+    auto fold = [](std::string v) {
+        for (char& c : v)
+            if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 32);
+        return v;
+    };
+    const std::size_t k = fold(textValue).find(fold(key));
+    if (k == std::string::npos) return {};
+    const std::size_t eq = textValue.find('=', k);
+    if (eq == std::string::npos) return {};
+    // Lines end in CR LF; a file edited on this system may have LF alone.
+    std::size_t end = textValue.find('\n', eq);
+    if (end == std::string::npos) end = textValue.size();
+    else if (end > eq + 1 && textValue[end - 1] == '\r') --end;
+    return text::trim(std::string_view(textValue).substr(eq + 1, end - eq - 1));
+}
+
+void ApplySettings(App& app, const fs::path& path) {
+    Settings defaults;
+    defaults.printQuality = app.settings.printQuality;
+    app.settings = defaults;
+    app.store.dictionaryName = "Words.nkd";
+    const std::string t = ReadWholeFile(path);
+    if (t.empty()) {
+        app.dialogs.message("Settings file not found, applying default settings",
+                            "Settings not found", Buttons::OK, Icon::Exclamation);
+        return;
+    }
+    auto up = [&](const char* key) { return text::upper(GetSettingValue(t, key)); };
+    app.settings.useBasicLibrary = up("Library") != "EXTENDED";
+    app.settings.directionLeft = up("Direction") != "RIGHT";
+    app.store.dictionaryName = GetSettingValue(t, "Dictionary Name");
+    const std::string about = up("Show About");
+    app.settings.showAbout = !(about == "FALSE" || about == "NO");
+    const std::string info = up("Show Dictionary Info");
+    app.settings.showDictionaryInfo = !(info == "FALSE" || info == "NO");
+}
+
+void WriteSettingsFile(App& app, const fs::path& path) {
+    const std::string t = SettingsText(app.settings, app.store.dictionaryName) + "\r\n";
+    std::error_code ec;
+    if (!fs::is_directory(path.parent_path(), ec)) fs::create_directories(path.parent_path(), ec);
+    app.files.write(path, t);
+}
+
+} // namespace nebkaro

@@ -1,0 +1,164 @@
+#include "core/sign_lists.h"
+
+#include "core/errors.h"
+#include "core/field_reader.h"
+#include "core/files.h"
+#include "core/text.h"
+
+namespace fs = std::filesystem;
+
+namespace nebkaro {
+
+int SignLists::findSign(const std::string& code) const {
+    for (int i = 1; i <= signCount; ++i)
+        if (SignCodes[static_cast<std::size_t>(i)] == code) return i;
+    return 0;
+}
+
+int SignLists::findPhonetic(int column, const std::string& value) const {
+    for (int k = 0; k <= phoneticLast; ++k)
+        if (Phonetic[static_cast<std::size_t>(k)][static_cast<std::size_t>(column)] == value) return k;
+    return -1;
+}
+
+fs::path signListPath(const fs::path& home, bool useBasicLibrary) {
+    return home / "Lists" / (useBasicLibrary ? "BasicList.csv" : "Extendedlist.csv");
+}
+
+void ParseSignList(SignLists& lists, const std::string& text) {
+    FieldReader in(text);
+    std::vector<std::string> codes(SignLists::MaxSigns + 1);
+    int preamble = lists.preambleCount;
+    int i = 1;
+    while (!in.atEnd()) {
+        if (i > SignLists::MaxSigns) throw RunError(SubscriptOutOfRange);
+        codes[static_cast<std::size_t>(i)] = in.read();
+        if (codes[static_cast<std::size_t>(i)] == "A1") preamble = i - 1;
+        ++i;
+    }
+    int count = i - 1;
+    std::array<std::array<int, 3>, 28> table{};
+    for (int k = 0; k < 28; ++k) table[static_cast<std::size_t>(k)][0] = lists.CategoryTable[static_cast<std::size_t>(k)][0];
+    for (int k = preamble + 1; k <= count; ++k) {
+        char32_t c = text::upperChar(text::firstChar(codes[static_cast<std::size_t>(k)]));
+        if (c < 63 || c > 90) throw RunError(SubscriptOutOfRange);
+        table[c - 63][1] += 1;
+    }
+    table[1][1] = preamble;
+    table[1][2] = 1;
+    table[2][2] = preamble + 1;
+    for (int k = 2; k <= 26; ++k)
+        table[static_cast<std::size_t>(k) + 1][2] = table[static_cast<std::size_t>(k)][1] + table[static_cast<std::size_t>(k)][2];
+    lists.SignCodes = std::move(codes);
+    lists.signCount = count;
+    lists.preambleCount = preamble;
+    lists.CategoryTable = table;
+}
+
+void ParseTrans2Code(SignLists& lists, const std::string& text) {
+    FieldReader in(text);
+    auto table = lists.Trans2Code;
+    for (int i = 31; i <= 255; ++i) {
+        table[static_cast<std::size_t>(i)][0] = in.read();
+        table[static_cast<std::size_t>(i)][1] = in.read();
+    }
+    lists.Trans2Code = table;
+}
+
+void ParsePhonetic(SignLists& lists, const std::string& text) {
+    FieldReader in(text);
+    std::vector<std::array<std::string, 2>> rows(SignLists::MaxPhoneticRows);
+    int i = 0;
+    while (!in.atEnd()) {
+        if (i >= SignLists::MaxPhoneticRows) throw RunError(SubscriptOutOfRange);
+        rows[static_cast<std::size_t>(i)][0] = in.read();
+        rows[static_cast<std::size_t>(i)][1] = in.read();
+        ++i;
+    }
+    lists.Phonetic = std::move(rows);
+    lists.phoneticLast = i - 1;
+}
+
+namespace {
+template <typename Parse>
+void loadListFile(SignLists& lists, const fs::path& file, Parse parse) {
+    const fs::path path = resolveCaseBlind(file);
+    try {
+        parse(lists, text::decodeFileText(readFileBytes(path)));
+    } catch (const RunError&) {
+        throw ProgramFileError(file.string());
+    }
+}
+} // namespace
+
+void LoadSignList(SignLists& lists, const fs::path& home, bool useBasicLibrary) {
+    loadListFile(lists, signListPath(home, useBasicLibrary), ParseSignList);
+}
+
+void LoadTrans2Code(SignLists& lists, const fs::path& home) {
+    loadListFile(lists, home / "Lists" / "Trans2Code.csv", ParseTrans2Code);
+}
+
+void LoadPhonetic(SignLists& lists, const fs::path& home) {
+    loadListFile(lists, home / "Lists" / "Phonetic.csv", ParsePhonetic);
+}
+
+namespace {
+std::string firstCharText(const std::string& s) {
+    if (s.empty()) return {};
+    std::string out;
+    text::appendUtf8(out, text::firstChar(s));
+    return out;
+}
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+// Splits a part into its number and variant suffix: "A14a" -> 14, "a".
+void numberAndSuffix(const std::string& x, double& number, std::string& suffix) {
+    std::u32string u = text::toU32(x);
+    if (u.empty()) throw RunError(InvalidArgument);
+    if (isDigit(static_cast<char>(u.back() < 128 ? u.back() : 0))) {
+        number = text::leadingNumber(text::toUtf8(u.substr(1)));
+        suffix.clear();
+        return;
+    }
+    if (u.size() < 2) throw RunError(InvalidArgument);
+    suffix = text::toUtf8(u.substr(u.size() - 1));
+    number = text::leadingNumber(text::toUtf8(u.substr(1, u.size() - 2)));
+}
+} // namespace
+
+bool GardinerGreater(std::string& a, std::string& b) {
+    if (firstCharText(a) != firstCharText(b)) return a > b;
+    auto normalise = [](std::string& s) {
+        std::string out;
+        out.reserve(s.size());
+        for (char c : s) {
+            if (c == ' ') continue;
+            out.push_back(c == ':' || c == '*' ? '-' : c);
+        }
+        s = std::move(out);
+    };
+    normalise(a);
+    normalise(b);
+    const auto pa = text::split(a, '-');
+    const auto pb = text::split(b, '-');
+    const long n = std::max(static_cast<long>(pa.size()), static_cast<long>(pb.size())) - 1;
+    for (long p = 0; p <= n; ++p) {
+        if (p >= static_cast<long>(pa.size()) || p >= static_cast<long>(pb.size()))
+            throw RunError(SubscriptOutOfRange);
+        const std::string& x = pa[static_cast<std::size_t>(p)];
+        const std::string& y = pb[static_cast<std::size_t>(p)];
+        if (firstCharText(x) != firstCharText(y)) return x > y;
+        double nx = 0, ny = 0;
+        std::string sx, sy;
+        numberAndSuffix(x, nx, sx);
+        numberAndSuffix(y, ny, sy);
+        ny = text::toInt16(ny);
+        if (nx != ny) return nx > ny;
+        if (sx != sy) return sx > sy;
+    }
+    return a > b;
+}
+
+} // namespace nebkaro

@@ -1,0 +1,94 @@
+#include "core/startup.h"
+
+#include "core/app.h"
+#include "core/dictionary_file.h"
+#include "core/errors.h"
+#include "core/text.h"
+
+namespace fs = std::filesystem;
+
+namespace nebkaro {
+
+namespace {
+bool programFileMissing(App& app, const ProgramFileError& e) {
+    app.dialogs.message(e.message(), "", Buttons::OK, Icon::Critical);
+    app.requestEnd(1);
+    return false;
+}
+} // namespace
+
+bool StartUp(App& app, const std::string& commandLine) {
+    ApplySettings(app, settingsPath(app.home));
+    app.windows->setPrinterDefaults();
+    try {
+        LoadSignList(app.lists, app.home, app.settings.useBasicLibrary);
+    } catch (const ProgramFileError& e) {
+        return programFileMissing(app, e);
+    }
+    DictionaryStore& store = app.store;
+    store.dictionariesFolder = (app.home / "Dictionaries").string() + "/";
+    store.dictionaryPath = store.dictionariesFolder + store.dictionaryName;
+    const std::string arg = text::removeAll(commandLine, '"');
+    if (!arg.empty()) {
+        store.dictionaryPath = arg;
+        store.dictionaryName = fs::path(arg).filename().string();
+    }
+    if (app.settings.showAbout) app.windows->showAboutModal();
+    app.mergeMode = false;
+    const LoadOutcome outcome = LoadDictionary(app);
+    if (app.endRequested) return false;
+    if (outcome == LoadOutcome::Failed &&
+        app.dialogs.message("Do you want to open another dictionary?", "Dictionary Not Loaded",
+                            Buttons::YesNo, Icon::Question) == Answer::Yes) {
+        OpenDictionaryDialog(app);
+        if (app.endRequested) return false;
+    }
+    try {
+        LoadTrans2Code(app.lists, app.home);
+        LoadPhonetic(app.lists, app.home);
+    } catch (const ProgramFileError& e) {
+        return programFileMissing(app, e);
+    }
+    app.typewriterTarget = TypewriterTarget::MainTransLit;
+    return true;
+}
+
+namespace {
+void writeSettings(App& app) {
+    try {
+        WriteSettingsFile(app, settingsPath(app.home));
+    } catch (const RunError& e) {
+        app.dialogs.message(e.report(), "", Buttons::OK, Icon::Critical);
+    }
+}
+} // namespace
+
+bool QuitCommand(App& app) {
+    const DictionaryStore& store = app.store;
+    if (store.isChanged || store.editPending || store.newWordPending) {
+        const Answer a = app.dialogs.message("Do you want to save before quitting?", "Quitting",
+                                             Buttons::YesNoCancel, Icon::Exclamation);
+        if (a == Answer::Cancel) return false;
+        // A save that failed keeps the program open: nothing is lost on the way out.
+        if (a == Answer::Yes && !SaveDictionary(app)) return false;
+    }
+    writeSettings(app);
+    app.requestEnd(0);
+    return true;
+}
+
+bool CloseMainWindow(App& app) {
+    const DictionaryStore& store = app.store;
+    if (store.isChanged || store.composeAccepted || store.newWordPending || store.editPending) {
+        if (app.dialogs.message("Do you want to save before quitting?", "", Buttons::YesNo,
+                                Icon::Question) == Answer::Yes) {
+            app.storeWord(app);
+            if (!SaveDictionary(app)) return false;
+        }
+    }
+    writeSettings(app);
+    app.requestEnd(0);
+    return true;
+}
+
+} // namespace nebkaro

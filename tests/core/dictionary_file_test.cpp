@@ -1,0 +1,281 @@
+#include "core/dictionary_file.h"
+#include "core/errors.h"
+#include "core/text.h"
+#include "fakes.h"
+
+#include <gtest/gtest.h>
+
+using namespace nebkaro;
+using namespace nebkaro::testing;
+
+namespace {
+
+const char* kWord1 = "\"L\",\"B\",\"A1(0,0) \",\"A1\",\"i\",\"reed\",\"a comment\"\r\n";
+const char* kWord2 = "\"R\",\"E\",\"G17(0,0) - N35(300,0) \",\"G17-N35\",\"mn\",\"remain\",\"\"\r\n";
+
+struct DictionaryFileTest : ::testing::Test {
+    TestApp t;
+    TempDir dir;
+    int renders = 0;
+    int stores = 0;
+    void SetUp() override {
+        t.app.renderWord = [this](App&) { ++renders; };
+        t.app.storeWord = [this](App&) { ++stores; };
+        t.app.settings.showDictionaryInfo = false;
+    }
+    LoadOutcome load(const std::string& name, const std::string& bytes, bool merge = false) {
+        auto p = dir.write(name, bytes);
+        t.app.store.dictionaryPath = p.string();
+        t.app.mergeMode = merge;
+        return LoadDictionary(t.app);
+    }
+};
+
+} // namespace
+
+TEST_F(DictionaryFileTest, TheFirstFieldDecidesWhetherThereIsAHeader) {
+    struct Case {
+        std::string text;
+        bool hasHeader;
+        std::string header0;
+        int lastIndex;
+    } cases[] = {
+        {std::string(kWord1) + kWord2, false, "", 1},
+        {std::string("\"My words\",\"me\",\"1 May 2020\",\"\",\"\",\"\",\"\"\r\n") + kWord1, true, "My words", 0},
+        // A spreadsheet's title row becomes the header.
+        {"Direction,Library,Layout,Gardiner,Translit,Meaning,Comment\r\nL,B,\"A1(0,0) \",A1,i,reed,x\r\n", true, "Direction", 0},
+        // Only exactly "R" or "L" is a direction: "r" starts a header.
+        {std::string("\"r\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n") + kWord1, true, "r", 0},
+    };
+    for (const auto& c : cases) {
+        ASSERT_EQ(load("d.nkd", c.text), LoadOutcome::Loaded);
+        EXPECT_EQ(t.app.store.hasHeader, c.hasHeader) << c.text;
+        EXPECT_EQ(t.app.store.header[0], c.header0);
+        EXPECT_EQ(t.app.store.lastIndex, c.lastIndex);
+        EXPECT_FALSE(t.app.store.isChanged);
+    }
+}
+
+TEST_F(DictionaryFileTest, ARecordWithoutADirectionEndsTheLoadWithABeep) {
+    const std::string text = std::string(kWord1) +
+                             "\"r\",\"B\",\"A1(0,0) \",\"A1\",\"x\",\"y\",\"z\"\r\n" + kWord2;
+    ASSERT_EQ(load("d.nkd", text), LoadOutcome::Loaded);
+    EXPECT_EQ(t.dialogs.beeps, 1);
+    EXPECT_EQ(t.app.store.lastIndex, 0);
+    EXPECT_EQ(t.app.store.field(0, FieldMeaning), "reed");
+    // The refused record's cells keep what was read, beyond the last word.
+    EXPECT_EQ(t.app.store.field(1, FieldDirection), "r");
+}
+
+TEST_F(DictionaryFileTest, AHeaderOnlyFileLoadsAsNoWords) {
+    ASSERT_EQ(load("d.nkd", "\"Name\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n"), LoadOutcome::Loaded);
+    EXPECT_EQ(t.app.store.lastIndex, -1);
+    EXPECT_EQ(t.app.store.currentIndex, 0);
+    EXPECT_EQ(renders, 1);
+}
+
+TEST_F(DictionaryFileTest, WhatTheProgramWritesReadsBackByteIdentical) {
+    const std::string original =
+        std::string("\"Name\",\"Author\",\"1 May 2020\",\"e\",\"\",\"\",\"\"\r\n") + kWord1 + kWord2;
+    ASSERT_EQ(load("d.nkd", original), LoadOutcome::Loaded);
+    ASSERT_TRUE(SaveDictionary(t.app));
+    EXPECT_EQ(readFile(t.app.store.dictionaryPath), original);
+    EXPECT_EQ(stores, 1); // the word on show is stored first
+}
+
+TEST_F(DictionaryFileTest, FilesFromOtherToolsLoad) {
+    struct Case {
+        const char* name;
+        std::string bytes;
+        std::string meaning0;
+    } cases[] = {
+        {"all quoted", "\"L\",\"B\",\"A1(0,0) \",\"A1\",\"i\",\"god, king\",\"c\"\r\n", "god, king"},
+        {"minimal quoting", "L,B,\"A1(0,0) \",A1,i,\"god, king\",c\r\n", "god, king"},
+        {"LF line ends", "L,B,\"A1(0,0) \",A1,i,reed,c\nR,B,\"A1(0,0) \",A1,i,water,c\n", "reed"},
+        {"Windows-1252", "L,B,\"A1(0,0) \",A1,i,caf\xE9 cr\xE8me,c\r\n", "café crème"},
+    };
+    for (const auto& c : cases) {
+        ASSERT_EQ(load("d.csv", c.bytes), LoadOutcome::Loaded) << c.name;
+        EXPECT_EQ(t.app.store.field(0, FieldMeaning), c.meaning0) << c.name;
+        EXPECT_EQ(t.app.store.field(0, FieldLayout), "A1(0,0) ") << c.name;
+        EXPECT_EQ(t.app.store.field(0, FieldDirection), "L") << c.name;
+    }
+}
+
+TEST_F(DictionaryFileTest, AFailedLoadReportsAndKeepsTheOpenDictionary) {
+    ASSERT_EQ(load("good.nkd", std::string(kWord1) + kWord2), LoadOutcome::Loaded);
+    std::string tooMany;
+    for (int i = 0; i < DictionaryStore::MaxWordIndex + 2; ++i) tooMany += kWord1;
+    const std::pair<const char*, std::string> bad[] = {
+        {"truncated", std::string(kWord1) + "\"L\",\"B\",\"x\""},
+        {"empty", ""},
+        {"100,002 words", tooMany},
+        {"binary", std::string("\0\1\2\3\"", 5)},
+    };
+    for (const auto& [what, bytes] : bad) {
+        t.dialogs.prompts.clear();
+        EXPECT_EQ(load("bad.nkd", bytes), LoadOutcome::Failed) << what;
+        ASSERT_EQ(t.dialogs.prompts.size(), 1u) << what;
+        EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Critical);
+        EXPECT_EQ(t.app.store.lastIndex, 1) << what;
+        EXPECT_EQ(t.app.store.field(1, FieldMeaning), "remain") << what;
+    }
+}
+
+TEST_F(DictionaryFileTest, AMissingDictionaryOffersAnotherOrEndsTheProgram) {
+    t.app.store.dictionaryPath = (dir.path() / "missing.nkd").string();
+    t.dialogs.answers = {Answer::Cancel};
+    EXPECT_EQ(LoadDictionary(t.app), LoadOutcome::NotFound);
+    ASSERT_EQ(t.dialogs.prompts.size(), 1u);
+    EXPECT_EQ(t.dialogs.prompts[0].text,
+              "The dictionary: '" + t.app.store.dictionaryPath +
+                  "' was not found.\r\nClick 'OK' to load another dictionary\r\nClick 'Cancel' to Quit");
+    EXPECT_EQ(t.dialogs.prompts[0].title, "Dictionary Not Found");
+    EXPECT_TRUE(t.app.endRequested);
+
+    // OK opens the file dialog; the chosen file loads.
+    TestApp t2;
+    t2.app.settings.showDictionaryInfo = false;
+    auto good = dir.write("other.nkd", kWord1);
+    t2.app.store.dictionaryPath = (dir.path() / "missing.nkd").string();
+    t2.dialogs.answers = {Answer::OK};
+    t2.dialogs.files = {good};
+    LoadDictionary(t2.app);
+    EXPECT_FALSE(t2.app.endRequested);
+    EXPECT_EQ(t2.app.store.dictionaryName, "other.nkd");
+    EXPECT_EQ(t2.app.store.field(0, FieldMeaning), "reed");
+}
+
+TEST_F(DictionaryFileTest, MergeAppendsAndTakesTheMergedFilesHeaderAndPath) {
+    ASSERT_EQ(load("a.nkd", std::string("\"A\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n") + kWord1), LoadOutcome::Loaded);
+    ASSERT_EQ(load("b.nkd", std::string("\"B\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n") + kWord2, true),
+              LoadOutcome::Loaded);
+    EXPECT_EQ(t.app.store.lastIndex, 1);
+    EXPECT_EQ(t.app.store.header[0], "B");
+    EXPECT_EQ(t.app.store.field(1, FieldMeaning), "remain");
+    EXPECT_TRUE(t.app.store.isChanged);
+    EXPECT_EQ(t.app.store.dictionaryPath, (dir.path() / "b.nkd").string());
+    // A merged file without a header empties the header.
+    ASSERT_EQ(load("c.nkd", kWord1, true), LoadOutcome::Loaded);
+    EXPECT_FALSE(t.app.store.hasHeader);
+    EXPECT_EQ(t.app.store.header[0], "");
+    EXPECT_EQ(t.app.store.lastIndex, 2);
+}
+
+TEST_F(DictionaryFileTest, SavingACsvPathWritesNkdEverywhereInThePath) {
+    ASSERT_EQ(load("words.csv", kWord1), LoadOutcome::Loaded);
+    t.app.store.dictionaryName = "words.csv";
+    ASSERT_TRUE(SaveDictionary(t.app));
+    EXPECT_EQ(t.app.store.dictionaryPath, (dir.path() / "words.nkd").string());
+    EXPECT_TRUE(std::filesystem::exists(dir.path() / "words.nkd"));
+    EXPECT_EQ(t.app.store.dictionaryName, "words.csv");
+    EXPECT_EQ(NkdPath("/a.csv.d/x.csv"), "/a.nkd.d/x.nkd");
+    EXPECT_EQ(NkdPath("/a/X.CSV"), "/a/X.CSV");
+}
+
+TEST_F(DictionaryFileTest, NewDictionaryWritesTheHeaderOnlyAndEmptiesTheStore) {
+    ASSERT_EQ(load("a.nkd", std::string(kWord1) + kWord2), LoadOutcome::Loaded);
+    struct HeaderWindow : Windows {
+        App* app = nullptr;
+        DictionaryHeader shown{};
+        void showHeaderDialog(const DictionaryHeader& boxes) override {
+            shown = boxes;
+            DictionaryHeader b = boxes;
+            b[0] = "Fresh";
+            ConfirmHeader(*app, b);
+        }
+    } w;
+    w.app = &t.app;
+    t.app.windows = &w;
+    t.dialogs.files = {dir.path() / "new.nkd"};
+    NewDictionaryCommand(t.app);
+    EXPECT_EQ(w.shown[2], text::todayLongDate());
+    EXPECT_EQ(w.shown[0], "");
+    EXPECT_EQ(readFile(dir.path() / "new.nkd"),
+              "\"Fresh\",\"\",\"" + text::todayLongDate() + "\",\"\",\"\",\"\",\"\"\r\n");
+    EXPECT_EQ(t.app.store.lastIndex, 0);
+    EXPECT_TRUE(t.app.store.isEmpty());
+    EXPECT_FALSE(t.app.newDictionaryMode);
+}
+
+TEST_F(DictionaryFileTest, CancelledDialogsChangeNothing) {
+    ASSERT_EQ(load("a.nkd", kWord1), LoadOutcome::Loaded);
+    const std::string path = t.app.store.dictionaryPath;
+    t.dialogs.files = {std::nullopt, std::nullopt};
+    OpenCommand(t.app);
+    NewDictionaryCommand(t.app);
+    EXPECT_EQ(t.app.store.dictionaryPath, path);
+    EXPECT_FALSE(t.app.newDictionaryMode);
+    EXPECT_EQ(t.app.store.field(0, FieldMeaning), "reed");
+}
+
+TEST_F(DictionaryFileTest, OpenAsksToSaveOnlyForPendingEdits) {
+    ASSERT_EQ(load("a.nkd", kWord1), LoadOutcome::Loaded);
+    auto other = dir.write("b.nkd", kWord2);
+    t.app.store.isChanged = true; // alone it does not ask
+    t.dialogs.files = {other};
+    OpenCommand(t.app);
+    EXPECT_TRUE(t.dialogs.messages().empty());
+    t.app.store.editPending = true;
+    t.dialogs.answers = {Answer::No};
+    t.dialogs.files = {dir.path() / "a.nkd"};
+    OpenCommand(t.app);
+    ASSERT_EQ(t.dialogs.messages().size(), 1u);
+    EXPECT_EQ(t.dialogs.prompts[1].title, "SAVE?");
+    EXPECT_EQ(t.dialogs.prompts[0].title, OpenFilter);
+}
+
+TEST_F(DictionaryFileTest, FailedWritesReportAndKeepTheDictionaryChanged) {
+    MemoryFileWriter failing;
+    App app(t.dialogs, t.clipboard, t.events, t.pictures, failing);
+    app.store.dictionaryPath = "/somewhere/words.nkd";
+    app.store.isChanged = true;
+    const std::pair<int, std::string> cases[] = {
+        {PathNotFound, "The file: '/somewhere/words.nkd' was not found. The program will stop"},
+        {PathFileAccess, "Path/File access error: The file may be 'Read Only'"},
+        {DiskFull, "Disk full"},
+    };
+    for (const auto& [err, msg] : cases) {
+        t.dialogs.prompts.clear();
+        failing.failWith = err;
+        EXPECT_FALSE(SaveDictionary(app));
+        ASSERT_EQ(t.dialogs.messages().size(), 1u);
+        EXPECT_EQ(t.dialogs.messages()[0], msg);
+        EXPECT_TRUE(app.store.isChanged);
+    }
+}
+
+TEST_F(DictionaryFileTest, ValuesTheFormatCannotHoldAreFlaggedOnceBeforeWriting) {
+    ASSERT_EQ(load("a.nkd", std::string(kWord1) + kWord2), LoadOutcome::Loaded);
+    const std::string before = readFile(t.app.store.dictionaryPath);
+    t.app.store.setField(1, FieldMeaning, "say \"hi\"");
+    t.app.store.setField(1, FieldComment, "two\r\nlines");
+    t.dialogs.answers = {Answer::No};
+    EXPECT_FALSE(SaveDictionary(t.app));
+    ASSERT_EQ(t.dialogs.messages().size(), 1u);
+    EXPECT_NE(t.dialogs.messages()[0].find("Word 1, meaning"), std::string::npos);
+    EXPECT_EQ(readFile(t.app.store.dictionaryPath), before);
+    t.dialogs.answers = {Answer::Yes};
+    EXPECT_TRUE(SaveDictionary(t.app));
+}
+
+TEST_F(DictionaryFileTest, HeaderDialogRefusesADirectionAsValueZero) {
+    for (const char* v : {"L", "R"}) {
+        DictionaryHeader boxes{v, "a", "", "", "", "", ""};
+        EXPECT_FALSE(ConfirmHeader(t.app, boxes));
+        EXPECT_EQ(boxes[0], "");
+        EXPECT_EQ(t.dialogs.messages().back(), "First field cannot be 'L' or 'R'");
+    }
+    DictionaryHeader lower{"r", "", "", "", "", "", ""};
+    EXPECT_TRUE(ConfirmHeader(t.app, lower));
+    EXPECT_TRUE(t.app.store.hasHeader);
+    DictionaryHeader none{};
+    EXPECT_TRUE(ConfirmHeader(t.app, none));
+    EXPECT_FALSE(t.app.store.hasHeader);
+}
+
+TEST(Caption, NamesVersionAndDictionary) {
+    TestApp t;
+    t.app.store.dictionaryName = "Words.nkd";
+    EXPECT_EQ(CaptionText(t.app), "Nebkaro Ver: 1.0.0    Dictionary: Words.nkd");
+}

@@ -1,0 +1,134 @@
+#include "core/errors.h"
+#include "core/sign_lists.h"
+#include "fakes.h"
+
+#include <gtest/gtest.h>
+
+using namespace nebkaro;
+using namespace nebkaro::testing;
+
+TEST(ParseSignList, PreambleAndCategoryStarts) {
+    SignLists l;
+    ParseSignList(l, "\"G1\",\"D58\",\"N35\"\r\n\"A1\"\r\n\"A2\",\"Aa1\"\r\nB1\r\nD21\r\nG17,G43\r\nZ1\r\n");
+    EXPECT_EQ(l.preambleCount, 3);
+    EXPECT_EQ(l.signCount, 11);
+    EXPECT_EQ(l.SignCodes[4], "A1");
+    EXPECT_EQ(l.CategoryTable[1][1], 3); // '@': the preamble
+    EXPECT_EQ(l.CategoryTable[1][2], 1);
+    EXPECT_EQ(l.CategoryTable[2][1], 3); // A1, A2, Aa1
+    EXPECT_EQ(l.CategoryTable[2][2], 4);
+    EXPECT_EQ(l.CategoryTable[3][2], 7); // B
+    EXPECT_EQ(l.CategoryTable[5][2], 8); // D
+    EXPECT_EQ(l.CategoryTable[8][1], 2); // G
+    EXPECT_EQ(l.CategoryTable[8][2], 9);
+    EXPECT_EQ(l.CategoryTable[27][2], 11); // Z
+    EXPECT_EQ(l.findSign("G43"), 10);
+    EXPECT_EQ(l.findSign("g43"), 0);
+}
+
+TEST(ParseSignList, MalformedListsAreErrorsAndAListWithoutA1KeepsThePreamble) {
+    SignLists l;
+    l.preambleCount = 2;
+    ParseSignList(l, "X,Y,B1\r\n");
+    EXPECT_EQ(l.preambleCount, 2);
+    std::string tooMany;
+    for (int i = 0; i < 7001; ++i) tooMany += "A1\r\n";
+    for (const std::string& bad : {std::string("A1\r\n1B\r\n"), std::string("A1\r\n[1\r\n"), tooMany}) {
+        SignLists m;
+        EXPECT_THROW(ParseSignList(m, bad), RunError);
+    }
+    std::string exactly;
+    for (int i = 0; i < 7000; ++i) exactly += "A1\r\n";
+    SignLists full;
+    EXPECT_NO_THROW(ParseSignList(full, exactly));
+    EXPECT_EQ(full.signCount, 7000);
+}
+
+TEST(LoadSignList, AMissingFileIsAProgramFileErrorNamingIt) {
+    TempDir d;
+    SignLists l;
+    try {
+        LoadSignList(l, d.path(), true);
+        FAIL();
+    } catch (const ProgramFileError& e) {
+        EXPECT_EQ(e.message(), "The file: '" + (d.path() / "Lists" / "BasicList.csv").string() +
+                                   "' was not found. The program will stop");
+    }
+    // The file name is looked up case-blind.
+    d.write("lists/extendedlist.CSV", "A1\r\n");
+    EXPECT_NO_THROW(LoadSignList(l, d.path(), false));
+    EXPECT_EQ(l.signCount, 1);
+}
+
+TEST(ParseTables, Trans2CodeNeeds225RecordsAndPhoneticAtMost501) {
+    SignLists l;
+    std::string t2c;
+    for (int i = 31; i <= 255; ++i) t2c += "\"x\",\"y\"\r\n";
+    ParseTrans2Code(l, t2c);
+    EXPECT_EQ(l.Trans2Code[255][1], "y");
+    EXPECT_THROW(ParseTrans2Code(l, "\"a\",\"b\"\r\n"), RunError);
+
+    ParsePhonetic(l, "\"G17\",\"m\"\r\n\"N35\",\"n\"\r\n\"G17\",\"im\"\r\n");
+    EXPECT_EQ(l.phoneticLast, 2);
+    EXPECT_EQ(l.findPhonetic(0, "G17"), 0);
+    EXPECT_EQ(l.findPhonetic(1, "n"), 1);
+    std::string many;
+    for (int i = 0; i < 502; ++i) many += "A1,a\r\n";
+    EXPECT_THROW(ParsePhonetic(l, many), RunError);
+}
+
+namespace {
+bool greater(std::string a, std::string b) { return GardinerGreater(a, b); }
+int errorOf(std::string a, std::string b) {
+    try {
+        GardinerGreater(a, b);
+    } catch (const RunError& e) {
+        return e.number();
+    }
+    return 0;
+}
+} // namespace
+
+TEST(GardinerGreater, OrdersCodesByCategoryNumberAndVariant) {
+    struct Case {
+        const char* a;
+        const char* b;
+        bool want;
+    } cases[] = {
+        {"A1", "A1", false},   {"A2", "A10", false}, {"A10", "A2", true},
+        {"N35a", "N35", true}, {"N35", "N35a", false}, {"A1a", "A1", true},
+        {"Aa2", "Aa15", true},  // two-letter categories fall through to text order
+        {"Aa15", "A1", false},  // and all sort before A1
+        {"A10", "B1", false},   {"B1", "A10", true}, // different first letters: text order
+        {"G43:X1", "G43 - X1", false}, {"G43 - X1", "G43*X1", false},
+        {"A1-G17", "A1-G1", true}, {"A1-G1", "A1-G17", false},
+        {"", "", false},
+    };
+    for (const auto& c : cases) EXPECT_EQ(greater(c.a, c.b), c.want) << c.a << " vs " << c.b;
+}
+
+TEST(GardinerGreater, RewritesTheCallersValuesOnlyWhenFirstLettersAgree) {
+    std::string a = "G43:X1", b = "G43 - X1", c = "G43*X1";
+    GardinerGreater(a, b);
+    GardinerGreater(b, c);
+    EXPECT_EQ(a, "G43-X1");
+    EXPECT_EQ(b, "G43-X1");
+    EXPECT_EQ(c, "G43-X1");
+    std::string d = "A1 : B2", e = "G17";
+    GardinerGreater(d, e);
+    EXPECT_EQ(d, "A1 : B2");
+}
+
+TEST(GardinerGreater, RaisesOnShortCodesEmptyPartsAndMissingParts) {
+    struct Case {
+        const char* a;
+        const char* b;
+        int error;
+    } cases[] = {
+        {"A1", "A1-G17", SubscriptOutOfRange}, {"A1-G17", "A1", SubscriptOutOfRange},
+        {"A", "A", InvalidArgument},          {"A1--G1", "A1--G1", InvalidArgument},
+        {"A1-", "A1-", InvalidArgument},      {"A1", "A99999", Overflow},
+        {"A1-G17", "A1-N35", 0},
+    };
+    for (const auto& c : cases) EXPECT_EQ(errorOf(c.a, c.b), c.error) << c.a << " vs " << c.b;
+}

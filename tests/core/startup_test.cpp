@@ -1,0 +1,117 @@
+#include "core/dictionary_file.h"
+#include "core/startup.h"
+#include "fakes.h"
+
+#include <gtest/gtest.h>
+
+using namespace nebkaro;
+using namespace nebkaro::testing;
+
+namespace {
+
+// Records the order in which start-up reaches the windows.
+struct RecordingWindows : Windows {
+    std::vector<std::string> calls;
+    void setPrinterDefaults() override { calls.push_back("printer"); }
+    void showAboutModal() override { calls.push_back("about"); }
+    void showHeaderDialog(const DictionaryHeader& h) override { calls.push_back("header:" + h[0]); }
+    void setCaption(const std::string& c) override { calls.push_back("caption:" + c); }
+};
+
+struct StartUpTest : ::testing::Test {
+    TestApp t;
+    TempDir home;
+    RecordingWindows windows;
+    void SetUp() override {
+        t.app.home = home.path();
+        t.app.windows = &windows;
+        home.write("Lists/BasicList.csv", "\"G17\"\r\n\"A1\"\r\n\"G43\"\r\n");
+        home.write("Lists/Extendedlist.csv", "\"A1\"\r\n\"A1a\"\r\n");
+        std::string t2c;
+        for (int i = 31; i <= 255; ++i) t2c += "\"x\",\"x\"\r\n";
+        home.write("Lists/Trans2Code.csv", t2c);
+        home.write("Lists/Phonetic.csv", "\"G17\",\"m\"\r\n");
+        home.write("Dictionaries/Words.nkd",
+                   "\"Starter\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n\"L\",\"B\",\"A1(0,0) \",\"A1\",\"i\",\"reed\",\"\"\r\n");
+    }
+};
+
+} // namespace
+
+TEST_F(StartUpTest, StepsRunInOrderWithTheRememberedDictionary) {
+    home.write("System/Settings.nks", "Library = Basic\r\nShow About = True\r\nShow Dictionary Info = True\r\n"
+                                      "Dictionary Name = Words.nkd\r\n");
+    ASSERT_TRUE(StartUp(t.app, ""));
+    EXPECT_EQ(windows.calls, (std::vector<std::string>{"printer", "about", "header:Starter",
+                                                      "caption:Nebkaro Ver: 1.0.0    Dictionary: Words.nkd"}));
+    EXPECT_EQ(t.app.lists.preambleCount, 1);
+    EXPECT_EQ(t.app.lists.phoneticLast, 0);
+    EXPECT_EQ(t.app.store.field(0, FieldMeaning), "reed");
+    EXPECT_EQ(t.app.typewriterTarget, TypewriterTarget::MainTransLit);
+}
+
+TEST_F(StartUpTest, WithoutASettingsFileDefaultsApplyAfterANotice) {
+    ASSERT_TRUE(StartUp(t.app, ""));
+    ASSERT_FALSE(t.dialogs.prompts.empty());
+    EXPECT_EQ(t.dialogs.prompts[0].title, "Settings not found");
+    EXPECT_EQ(t.app.store.dictionaryName, "Words.nkd");
+    EXPECT_EQ(t.app.store.lastIndex, 0);
+}
+
+TEST_F(StartUpTest, TheCommandLineWinsWithQuotesRemoved) {
+    home.write("System/Settings.nks", "Show About = False\r\nShow Dictionary Info = False\r\n"
+                                      "Dictionary Name = Words.nkd\r\n");
+    auto other = home.write("elsewhere/My Other.nkd", "\"R\",\"B\",\"A1(0,0) \",\"A1\",\"i\",\"water\",\"\"\r\n");
+    ASSERT_TRUE(StartUp(t.app, "\"" + other.string() + "\""));
+    EXPECT_EQ(t.app.store.dictionaryPath, other.string());
+    EXPECT_EQ(t.app.store.dictionaryName, "My Other.nkd");
+    EXPECT_EQ(t.app.store.field(0, FieldMeaning), "water");
+}
+
+TEST_F(StartUpTest, AMissingDictionaryAnsweredCancelEndsTheProgram) {
+    home.write("System/Settings.nks", "Show About = False\r\nDictionary Name = Gone.nkd\r\n");
+    t.dialogs.answers = {Answer::Cancel};
+    EXPECT_FALSE(StartUp(t.app, ""));
+    EXPECT_TRUE(t.app.endRequested);
+    EXPECT_EQ(t.dialogs.prompts.back().title, "Dictionary Not Found");
+}
+
+TEST_F(StartUpTest, AMissingListEndsTheProgramAfterItsMessage) {
+    home.write("System/Settings.nks", "Show About = False\r\nDictionary Name = Words.nkd\r\n");
+    std::filesystem::remove(home.path() / "Lists" / "Phonetic.csv");
+    EXPECT_FALSE(StartUp(t.app, ""));
+    EXPECT_TRUE(t.app.endRequested);
+    EXPECT_EQ(t.dialogs.messages().back(), "The file: '" + (home.path() / "Lists" / "Phonetic.csv").string() +
+                                                "' was not found. The program will stop");
+}
+
+TEST_F(StartUpTest, QuitAsksOnlyWithUnsavedWorkAndCancelWritesNoSettings) {
+    const auto settings = home.path() / "System" / "Settings.nks";
+    // Nothing unsaved: no question, the settings are written.
+    EXPECT_TRUE(QuitCommand(t.app));
+    EXPECT_TRUE(std::filesystem::exists(settings));
+    std::filesystem::remove(settings);
+    // Cancel keeps the program and writes nothing.
+    TestApp t2;
+    t2.app.home = home.path();
+    t2.app.store.editPending = true;
+    t2.dialogs.answers = {Answer::Cancel};
+    EXPECT_FALSE(QuitCommand(t2.app));
+    EXPECT_FALSE(t2.app.endRequested);
+    EXPECT_FALSE(std::filesystem::exists(settings));
+    EXPECT_EQ(t2.dialogs.prompts[0].text, "Do you want to save before quitting?");
+    EXPECT_EQ(t2.dialogs.prompts[0].title, "Quitting");
+    EXPECT_EQ(t2.dialogs.prompts[0].buttons, Buttons::YesNoCancel);
+}
+
+TEST_F(StartUpTest, ClosingTheWindowAlsoAsksForComposedWork) {
+    // ComposeAccepted counts when the window is closed, not on Quit.
+    t.app.store.composeAccepted = true;
+    EXPECT_TRUE(QuitCommand(t.app));
+    EXPECT_TRUE(t.dialogs.prompts.empty());
+    t.dialogs.answers = {Answer::No};
+    EXPECT_TRUE(CloseMainWindow(t.app));
+    ASSERT_EQ(t.dialogs.prompts.size(), 1u);
+    EXPECT_EQ(t.dialogs.prompts[0].buttons, Buttons::YesNo);
+    EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Question);
+}

@@ -1,0 +1,75 @@
+#include "core/errors.h"
+#include "core/text.h"
+
+#include <gtest/gtest.h>
+
+using namespace nebkaro;
+
+TEST(NumberText, NonNegativeNumbersGetALeadingBlank) {
+    const std::pair<double, const char*> cases[] = {
+        {0, " 0"}, {12, " 12"}, {-3, "-3"}, {7.5, " 7.5"}, {-40, "-40"}, {300, " 300"}};
+    for (auto [v, want] : cases) EXPECT_EQ(text::numberText(v), want) << v;
+    EXPECT_EQ(text::plainNumber(7.5), "7.5");
+}
+
+TEST(LeadingNumber, ReadsAsFarAsANumberGoes) {
+    const std::pair<const char*, double> cases[] = {
+        {"15", 15},  {"a15", 0},   {"", 0},    {"12abc", 12}, {" 1 2", 12},
+        {"-4.5x", -4.5}, {"&H1F", 31}, {"&O17", 15}, {"1e3", 1000}, {".5", 0.5}};
+    for (auto [s, want] : cases) EXPECT_DOUBLE_EQ(text::leadingNumber(s), want) << s;
+}
+
+TEST(ToInt16, RoundsHalvesToEvenAndOverflowsOutsideSixteenBits) {
+    const std::pair<double, int> cases[] = {{0.5, 0}, {1.5, 2}, {2.5, 2}, {-2.5, -2}, {3.49, 3}, {32767, 32767}, {-32768, -32768}};
+    for (auto [v, want] : cases) EXPECT_EQ(text::toInt16(v), want) << v;
+    for (double v : {32767.5, 40000.0, -32769.0}) {
+        try {
+            text::toInt16(v);
+            ADD_FAILURE() << v;
+        } catch (const RunError& e) {
+            EXPECT_EQ(e.number(), Overflow);
+        }
+    }
+}
+
+TEST(ToNumber, RejectsTextThatIsNotANumber) {
+    EXPECT_EQ(text::toLong(" 5 "), 5);
+    EXPECT_EQ(text::toLong("-1"), -1);
+    for (const char* s : {"", "abc", "5x", "--1", " "}) {
+        try {
+            text::toNumber(s);
+            ADD_FAILURE() << s;
+        } catch (const RunError& e) {
+            EXPECT_EQ(e.number(), TypeMismatch);
+        }
+    }
+}
+
+TEST(Upper, CoversLatinAndTransliterationLetters) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"abc", "ABC"}, {"šḥꜣ", "ŠḤꜢ"}, {"éà", "ÉÀ"}, {"[\\]^_`", "[\\]^_`"}, {"ÿ", "Ÿ"}, {"1a", "1A"}};
+    for (auto [s, want] : cases) EXPECT_EQ(text::upper(s), want) << s;
+}
+
+TEST(Find, IsOneBasedAndZeroWhenAbsent) {
+    EXPECT_EQ(text::find("godly god", "god"), 1u);
+    EXPECT_EQ(text::find("godly god", "god", 2), 7u);
+    EXPECT_EQ(text::find("abc", "x"), 0u);
+    EXPECT_EQ(text::find("abc", "c", 4), 0u);
+}
+
+TEST(Split, EmptyTextHasNoPartsAndSeparatorsMakeEmptyParts) {
+    EXPECT_TRUE(text::split("", '-').empty());
+    EXPECT_EQ(text::split("A1--G17-", '-'), (std::vector<std::string>{"A1", "", "G17", ""}));
+}
+
+TEST(DecodeFileText, KeepsUtf8AndReadsOtherBytesAsWindows1252) {
+    EXPECT_EQ(text::decodeFileText("caf\xC3\xA9"), "café");
+    EXPECT_EQ(text::decodeFileText("caf\xE9 \x80 \x96"), "café € –");
+    EXPECT_EQ(text::decodeFileText("\xEF\xBB\xBFok"), "ok");
+}
+
+TEST(LongDate, DayWithoutZeroAndMonthInFull) {
+    EXPECT_EQ(text::longDate(2026, 11, 1), "1 November 2026");
+    EXPECT_EQ(text::longDate(1999, 2, 28), "28 February 1999");
+}
