@@ -1,0 +1,35 @@
+#pragma once
+// Drawing the current word: the placed sign pictures of the main window, the word view's
+// fields, the progress bar and the off-screen picture; and changing a word's direction.
+#include <cstdint>
+#include <string>
+
+namespace nebkaro {
+
+struct App;
+struct WordView;
+
+// "Basic"/"Extended" and "Left"/"Right" folder words for a word's library and direction fields.
+std::string libraryFolder(const std::string& libraryField);
+std::string directionFolder(const std::string& directionField);
+
+// Draws the current word (nothing when currentIndex is negative) and fills the word view.
+void RenderWord(App& app);
+
+// Computes rightEdge and bottomEdge of the used slots of app.glyphs from the sizes of the
+// pictures now in app.view.mainGlyphPic, applies the window-width rules and places every used
+// image centred in DispAreaShp. Used by RenderWord and by New/Edit for a composed word.
+void PlaceGlyphGroup(App& app);
+
+// The progress bar's width for the current word: (container - 400) * current / last; 0 when
+// lastIndex is 0 or below (one word or none: the bar is empty).
+int ProgressWidth(int containerWidth, int currentIndex, int lastIndex);
+
+// The off-screen picture of the word: 32-twip margin, signs in slot order.
+void DrawWordImage(App& app);
+
+// 0 = make the word "L", 1 = make it "R", anything else = toggle. Mirrors the X positions,
+// writes the layout (mirroring form) into RichGardinerlbl and runs Store.
+void SetDirection(App& app, std::int16_t wanted);
+
+} // namespace nebkaro
