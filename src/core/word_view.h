@@ -71,6 +71,15 @@ struct WordView {
     bool textChanged = false;
     // Pictures that could not be read in the last drawing, for the status bar.
     std::vector<std::string> missingPictures;
+
+    // Switches of the window, not kept between runs: the key pressed before the last one (the
+    // window sees keys before its controls), the five Hide check boxes (ChkHideEnriched,
+    // ChkHideGardiner, ChkHideTrans, ChkHideMeaning, ChkHideComment), the Show Borders mark.
+    int previousKey = 0;
+    std::array<bool, 5> hidden{};
+    bool showBorders = false;
+    // TransLitTxt's text when it last took the focus.
+    std::string transLitCopy;
 };
 
 } // namespace nebkaro

@@ -1,0 +1,12 @@
+#pragma once
+// The Preferences dialog's confirming button.
+namespace nebkaro {
+
+struct App;
+
+// Takes library and direction from the dialog's option buttons, loads the sign list of the
+// chosen library and drops the sign-list browser so that it is built for that library when
+// next opened. A sign list that cannot be read is reported and ends the program; false then.
+bool ApplyPreferences(App& app, bool useBasicLibrary, bool directionLeft);
+
+} // namespace nebkaro

@@ -1,0 +1,30 @@
+#include "display/image_export.h"
+
+#include "core/app.h"
+
+#include <algorithm>
+#include <cctype>
+
+namespace nebkaro {
+
+std::string ProposedImageName(const std::string& gardiner) {
+    std::string name = gardiner;
+    std::replace(name.begin(), name.end(), ':', '-');
+    std::replace(name.begin(), name.end(), '*', '-');
+    return name;
+}
+
+std::filesystem::path ProposedImagePath(const App& app) {
+    return app.home / "Images" / ProposedImageName(app.view.GardinerTxt);
+}
+
+ImageFormat ImageFormatFor(const std::filesystem::path& file) {
+    std::string ext = file.extension().string();
+    std::transform(ext.begin(), ext.end(), ext.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    if (ext == ".png") return ImageFormat::Png;
+    if (ext == ".svg") return ImageFormat::Svg;
+    return ImageFormat::Bmp;
+}
+
+} // namespace nebkaro

@@ -1,0 +1,24 @@
+#pragma once
+// The picture of the word on show leaving the program: the file name proposed for it and the
+// formats it can be saved in.
+#include <filesystem>
+#include <string>
+
+namespace nebkaro {
+
+struct App;
+
+// The save dialog's filter: bitmap first (the program's own format), then PNG and SVG.
+inline constexpr const char* ImageSaveFilter =
+    "Pictures (*.bmp)|*.bmp|PNG Pictures (*.png)|*.png|SVG Drawings (*.svg)|*.svg";
+
+// The Gardiner notation with every ":" and "*" turned into "-", which a file name can hold.
+std::string ProposedImageName(const std::string& gardiner);
+// <home>/Images/<proposed name>: the save dialog's start folder and name.
+std::filesystem::path ProposedImagePath(const App& app);
+
+enum class ImageFormat { Bmp, Png, Svg };
+// By the chosen file's extension, whatever its case; anything else is a bitmap.
+ImageFormat ImageFormatFor(const std::filesystem::path& file);
+
+} // namespace nebkaro

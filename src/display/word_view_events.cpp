@@ -1,0 +1,78 @@
+#include "display/word_view_events.h"
+
+#include "core/app.h"
+#include "display/main_layout.h"
+
+#include <cmath>
+
+namespace nebkaro {
+
+std::string& textOf(WordView& view, TextBox box) {
+    switch (box) {
+    case TextBox::Gardiner:
+        return view.GardinerTxt;
+    case TextBox::TransLit:
+        return view.TransLitTxt;
+    case TextBox::Meaning:
+        return view.MeaningTxt;
+    case TextBox::Comment:
+        break;
+    }
+    return view.CommentTxt;
+}
+
+void TextBoxChanged(App& app, TextBox box, const std::string& text) {
+    textOf(app.view, box) = text;
+    app.view.textChanged = true;
+}
+
+void TextBoxGotFocus(App& app, TextBox box) {
+    if (box == TextBox::TransLit) {
+        app.typewriterTarget = TypewriterTarget::MainTransLit;
+        app.view.transLitCopy = app.view.TransLitTxt;
+        return;
+    }
+    app.view.textChanged = false;
+}
+
+void TextBoxLostFocus(App& app, TextBox) {
+    if (app.view.textChanged) app.store.editPending = true;
+}
+
+std::optional<HideBox> WindowKeyDown(WordView& view, int keyCode) {
+    const int before = view.previousKey;
+    view.previousKey = keyCode;
+    if (before != KeyControl) return std::nullopt;
+    HideBox box;
+    if (keyCode == KeyG)
+        box = HideBox::Gardiner;
+    else if (keyCode == KeyM)
+        box = HideBox::Meaning;
+    else
+        return std::nullopt;
+    bool& hidden = view.hidden[static_cast<std::size_t>(box)];
+    hidden = !hidden;
+    return box;
+}
+
+bool OpensFieldMenu(const WordView& view, int button, int x, int y) {
+    return button == RightButton && view.geometry.DispAreaShp.contains(x, y);
+}
+
+void ToggleShowBorders(WordView& view) {
+    view.showBorders = !view.showBorders;
+}
+
+void ResizeWordView(WordView& view, int windowWidth) {
+    const int before = view.geometry.DispAreaShp.width;
+    ResizeMainWindow(view, windowWidth);
+    // The renderer centred the group on the old display area; the same offset from the new
+    // centre keeps it centred.
+    const int shift = static_cast<int>(std::lround(view.geometry.DispAreaShp.width / 2.0) -
+                                       std::lround(before / 2.0));
+    if (shift == 0) return;
+    for (GlyphImage& img : view.mainGlyphPic)
+        if (img.visible) img.left += shift;
+}
+
+} // namespace nebkaro

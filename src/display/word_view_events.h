@@ -1,0 +1,48 @@
+#pragma once
+// What the word view does with focus, typing, keys and mouse clicks, and its direction
+// commands. The window forwards its events here; the state lives in App::view and the store.
+#include <optional>
+#include <string>
+
+namespace nebkaro {
+
+struct App;
+struct WordView;
+
+enum class TextBox { Gardiner, TransLit, Meaning, Comment };
+// The five Hide check boxes, in their order on the window; the value indexes WordView::hidden.
+enum class HideBox { Enriched = 0, Gardiner = 1, Trans = 2, Meaning = 3, Comment = 4 };
+
+std::string& textOf(WordView& view, TextBox box);
+
+// The user changed a box's text (typing, pasting, the typewriter).
+void TextBoxChanged(App& app, TextBox box, const std::string& text);
+// GardinerTxt, MeaningTxt and CommentTxt forget earlier changes when they take the focus;
+// TransLitTxt becomes the typewriter's target instead and keeps textChanged as it is.
+void TextBoxGotFocus(App& app, TextBox box);
+// Leaving a box after its text changed makes the word count as being edited.
+void TextBoxLostFocus(App& app, TextBox box);
+
+// Key codes as the window sees them: Ctrl is 17, letters are their capital's code.
+inline constexpr int KeyControl = 17;
+inline constexpr int KeyG = 71;
+inline constexpr int KeyM = 77;
+// A key went down anywhere in the window. Ctrl followed by G toggles ChkHideGardiner, Ctrl
+// followed by M toggles ChkHideMeaning; only the order of the key codes counts, not whether
+// the keys overlap. Returns the box toggled.
+std::optional<HideBox> WindowKeyDown(WordView& view, int keyCode);
+
+// Mouse buttons as the window reports them.
+inline constexpr int RightButton = 2;
+// True when a press of this button at (x, y) twips opens the pop-up menu of the display area:
+// the right button, inside DispAreaShp or on its edge.
+bool OpensFieldMenu(const WordView& view, int button, int x, int y);
+
+// Show Borders: inverts the mark; every sign image then has a thin border or none.
+void ToggleShowBorders(WordView& view);
+
+// The window's width changed: the display area follows it (never narrower than 6960 twips)
+// and the word on show stays centred in it.
+void ResizeWordView(WordView& view, int windowWidth);
+
+} // namespace nebkaro

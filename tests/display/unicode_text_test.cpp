@@ -1,0 +1,113 @@
+#include "display/render.h"
+#include "display/unicode_signs.h"
+#include "display/unicode_text.h"
+#include "fakes.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+using namespace nebkaro;
+using namespace nebkaro::testing;
+
+namespace {
+constexpr char32_t A1 = 0x13000, G17 = 0x13153, N35 = 0x13216, D21 = 0x1308B, X1 = 0x133CF,
+                   Z4 = 0x133ED;
+constexpr char32_t V = VerticalJoiner, H = HorizontalJoiner;
+
+PlacedSign sign(const char* code, double x, double y, double w, double h) {
+    return {code, x, y, w, h};
+}
+} // namespace
+
+TEST(UnicodeText, CodesMapToTheirCodePoints) {
+    const std::pair<const char*, std::optional<char32_t>> cases[] = {
+        {"A1", A1},
+        {"G17", G17},
+        {"N35", N35},
+        {"A14a", 0x13011},
+        {"Aa1", 0x1340D},
+        {"Aa32", 0x1342E}, // the last sign of the block
+        {"NL1", 0x13220},
+        {"a1", std::nullopt}, // spelling is exact
+        {"A1 ", std::nullopt},
+        {"A999", std::nullopt},
+        {"", std::nullopt},
+    };
+    for (auto [code, cp] : cases) EXPECT_EQ(HieroglyphCodePoint(code), cp) << code;
+}
+
+TEST(UnicodeText, TableIsSortedSoEveryCodeIsFound) {
+    for (std::size_t i = 1; i < UnicodeSigns.size(); ++i)
+        ASSERT_LT(std::strcmp(UnicodeSigns[i - 1].code, UnicodeSigns[i].code), 0) << i;
+    for (const UnicodeSign& s : UnicodeSigns)
+        EXPECT_EQ(HieroglyphCodePoint(s.code), s.codePoint) << s.code;
+}
+
+TEST(UnicodeText, GroupsBecomeJoinedSequencesInReadingOrder) {
+    struct Case {
+        const char* name;
+        std::vector<PlacedSign> signs;
+        bool leftToRight;
+        std::u32string text;
+    };
+    const Case cases[] = {
+        {"one sign", {sign("A1", 0, 0, 300, 540)}, true, {A1}},
+        {"two signs side by side stand apart",
+         {sign("G17", 300, 0, 420, 600), sign("A1", 0, 0, 300, 540)},
+         true,
+         {A1, G17}},
+        {"the same facing right read from the right",
+         {sign("G17", 300, 0, 420, 600), sign("A1", 0, 0, 300, 540)},
+         false,
+         {G17, A1}},
+        {"flat signs stacked",
+         {sign("D21", 0, 200, 600, 150), sign("N35", 0, 0, 600, 90)},
+         true,
+         {N35, V, D21}},
+        {"two small signs over a flat one",
+         {sign("N35", 0, 320, 600, 90), sign("Z4", 320, 0, 250, 300), sign("X1", 0, 0, 280, 300)},
+         true,
+         {X1, H, Z4, V, N35}},
+        {"the small signs swap when read from the right",
+         {sign("N35", 0, 320, 600, 90), sign("Z4", 320, 0, 250, 300), sign("X1", 0, 0, 280, 300)},
+         false,
+         {Z4, H, X1, V, N35}},
+        {"a tall sign, then a stacked group",
+         {sign("A1", 0, 0, 300, 540), sign("N35", 320, 0, 600, 90),
+          sign("D21", 320, 200, 600, 150)},
+         true,
+         {A1, N35, V, D21}},
+        {"signs overlapping a little at an edge stand apart",
+         {sign("A1", 0, 0, 300, 540), sign("G17", 280, 0, 420, 600)},
+         true,
+         {A1, G17}},
+        {"no signs", {}, true, {}},
+    };
+    for (const Case& c : cases) {
+        const UnicodeWord w = UnicodeText(c.signs, c.leftToRight);
+        EXPECT_EQ(w.text, c.text) << c.name;
+        EXPECT_TRUE(w.missing.empty()) << c.name;
+    }
+}
+
+TEST(UnicodeText, SignsOutsideTheBlockAreReportedOnceAndLeaveNoStrayJoiner) {
+    const std::vector<PlacedSign> signs = {
+        sign("N35", 0, 0, 600, 90),     sign("Q99x", 0, 200, 600, 150),
+        sign("A1", 700, 0, 300, 540),   sign("Q99x", 1100, 0, 300, 540),
+        sign("Zz1", 1500, 0, 300, 540),
+    };
+    const UnicodeWord w = UnicodeText(signs, true);
+    EXPECT_EQ(w.text, (std::u32string{N35, A1}));
+    EXPECT_EQ(w.missing, (std::vector<std::string>{"Q99x", "Zz1"}));
+}
+
+TEST(UnicodeText, TheWordOnShowUsesItsDirectionAndPictureSizes) {
+    TestApp t;
+    t.pictures.sizes = {{"A1", {300, 540}}, {"G17", {420, 600}}};
+    t.app.store.setRow(0, {"R", "B", "A1(0,0) - G17(300,0) ", "A1*G17", "", "", ""});
+    RenderWord(t.app);
+    EXPECT_EQ(UnicodeWordText(t.app).text, (std::u32string{G17, A1}));
+    t.app.store.setField(0, FieldDirection, "L");
+    EXPECT_EQ(UnicodeWordText(t.app).text, (std::u32string{A1, G17}));
+}

@@ -1,0 +1,140 @@
+#include "display/main_layout.h"
+#include "display/render.h"
+#include "display/word_view_events.h"
+#include "fakes.h"
+
+#include <gtest/gtest.h>
+
+using namespace nebkaro;
+using namespace nebkaro::testing;
+
+namespace {
+struct WordViewTest : ::testing::Test {
+    TestApp t;
+    void SetUp() override {
+        t.pictures.sizes = {{"A1", {300, 540}}, {"N35", {600, 90}}};
+        t.app.store.setRow(0, {"L", "B", "A1(0,0) ", "A1", "i", "reed", ""});
+        RenderWord(t.app);
+    }
+};
+
+const TextBox allBoxes[] = {TextBox::Gardiner, TextBox::TransLit, TextBox::Meaning,
+                            TextBox::Comment};
+} // namespace
+
+TEST_F(WordViewTest, TypingThenLeavingAnyBoxMarksTheWordEdited) {
+    for (TextBox box : allBoxes) {
+        t.app.store.editPending = false;
+        TextBoxGotFocus(t.app, box);
+        TextBoxChanged(t.app, box, "typed");
+        EXPECT_EQ(textOf(t.app.view, box), "typed");
+        TextBoxLostFocus(t.app, box);
+        EXPECT_TRUE(t.app.store.editPending) << static_cast<int>(box);
+    }
+}
+
+TEST_F(WordViewTest, EnteringAndLeavingWithoutTypingDependsOnTheBox) {
+    // Drawing the word changed the boxes' texts, so textChanged is set when the user arrives.
+    const std::pair<TextBox, bool> cases[] = {
+        {TextBox::Gardiner, false},
+        {TextBox::Meaning, false},
+        {TextBox::Comment, false},
+        // TransLitTxt does not forget the change on entry: leaving it marks the word edited.
+        {TextBox::TransLit, true},
+    };
+    for (auto [box, edited] : cases) {
+        t.app.store.editPending = false;
+        t.app.view.textChanged = true;
+        TextBoxGotFocus(t.app, box);
+        TextBoxLostFocus(t.app, box);
+        EXPECT_EQ(t.app.store.editPending, edited) << static_cast<int>(box);
+    }
+}
+
+TEST_F(WordViewTest, TransliterationBoxBecomesTheTypewriterTarget) {
+    t.app.typewriterTarget = TypewriterTarget::SearchText;
+    TextBoxGotFocus(t.app, TextBox::Meaning);
+    EXPECT_EQ(t.app.typewriterTarget, TypewriterTarget::SearchText);
+    TextBoxGotFocus(t.app, TextBox::TransLit);
+    EXPECT_EQ(t.app.typewriterTarget, TypewriterTarget::MainTransLit);
+    EXPECT_EQ(t.app.view.transLitCopy, "i");
+}
+
+TEST_F(WordViewTest, ControlThenGOrMTogglesTheirHideBoxes) {
+    struct Case {
+        std::vector<int> keys;
+        bool gardinerHidden;
+        bool meaningHidden;
+    };
+    const Case cases[] = {
+        {{KeyControl, KeyG}, true, false},
+        {{KeyControl, KeyM}, false, true},
+        {{KeyG}, false, false},                               // G alone
+        {{KeyControl, 65, KeyG}, false, false},               // Ctrl, then another key, then G
+        {{KeyControl, KeyG, KeyG}, true, false},              // the second G follows G, not Ctrl
+        {{KeyControl, KeyG, KeyControl, KeyG}, false, false}, // toggled twice
+        {{KeyControl, KeyControl, KeyM}, false, true},        // a held Ctrl repeats its code
+        {{KeyM, KeyControl}, false, false},                   // wrong order
+    };
+    for (const Case& c : cases) {
+        WordView v;
+        for (int k : c.keys) WindowKeyDown(v, k);
+        EXPECT_EQ(v.hidden[static_cast<int>(HideBox::Gardiner)], c.gardinerHidden);
+        EXPECT_EQ(v.hidden[static_cast<int>(HideBox::Meaning)], c.meaningHidden);
+        EXPECT_EQ(v.previousKey, c.keys.back());
+    }
+}
+
+TEST_F(WordViewTest, KeyDownReportsTheToggledBox) {
+    WordView v;
+    EXPECT_EQ(WindowKeyDown(v, KeyControl), std::nullopt);
+    EXPECT_EQ(WindowKeyDown(v, KeyM), HideBox::Meaning);
+    EXPECT_EQ(WindowKeyDown(v, KeyM), std::nullopt);
+}
+
+TEST_F(WordViewTest, PopUpMenuOpensOnlyForTheRightButtonInsideTheDisplayArea) {
+    const Rect a = t.app.view.geometry.DispAreaShp;
+    struct Case {
+        int button, x, y;
+        bool opens;
+    };
+    const Case cases[] = {
+        {RightButton, a.left, a.top, true}, // the edges belong to the area
+        {RightButton, a.left + a.width, a.top + a.height, true},
+        {RightButton, a.left + a.width / 2, a.top + a.height / 2, true},
+        {RightButton, a.left - 1, a.top + 10, false}, // just outside, each side
+        {RightButton, a.left + a.width + 1, a.top + 10, false},
+        {RightButton, a.left + 10, a.top - 1, false},
+        {RightButton, a.left + 10, a.top + a.height + 1, false},
+        {1, a.left + 10, a.top + 10, false}, // left button
+        {4, a.left + 10, a.top + 10, false}, // middle button
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(OpensFieldMenu(t.app.view, c.button, c.x, c.y), c.opens)
+            << c.button << " at " << c.x << "," << c.y;
+}
+
+TEST_F(WordViewTest, ShowBordersInverts) {
+    ToggleShowBorders(t.app.view);
+    EXPECT_TRUE(t.app.view.showBorders);
+    ToggleShowBorders(t.app.view);
+    EXPECT_FALSE(t.app.view.showBorders);
+}
+
+TEST_F(WordViewTest, ResizingKeepsTheWordCentredAndNeverNarrowerThanTheMinimum) {
+    WordView& v = t.app.view;
+    auto centre = [&] {
+        const Rect a = v.geometry.DispAreaShp;
+        return a.left + a.width / 2.0;
+    };
+    auto wordCentre = [&] { return v.mainGlyphPic[0].left + 150.0; }; // A1 is 300 wide
+    EXPECT_NEAR(wordCentre(), centre(), 1);
+    const std::pair<int, int> cases[] = {{12000, 12000}, {3000, 6960}, {6960, 6960}, {9001, 9001}};
+    for (auto [asked, got] : cases) {
+        ResizeWordView(v, asked);
+        EXPECT_EQ(v.windowWidth, got);
+        EXPECT_EQ(v.geometry.DispAreaShp.width, got - 500);
+        EXPECT_NEAR(wordCentre(), centre(), 1) << asked;
+        EXPECT_FALSE(v.mainGlyphPic[1].visible);
+    }
+}
