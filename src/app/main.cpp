@@ -1,0 +1,133 @@
+// Nebkaro: the dictionary of hieroglyphic words, as a desktop program.
+//
+//   nebkaro [--home DIR] [--screenshot FILE] [DICTIONARY]
+//
+// DICTIONARY replaces the remembered dictionary (double quotes are removed; the words of an
+// unquoted path with blanks are joined again). --home names the program folder (System,
+// Lists, Dictionaries, Images, Fonts and the sign pictures); it defaults to the folder of the
+// executable, where the build stages the shipped data. --screenshot starts as usual but
+// unattended: the About box and the dictionary information dialog are not shown, messages go
+// to the standard error and are answered with their first button, file dialogs count as
+// cancelled. Once the first word is drawn the main window is saved as a PNG picture and the
+// program ends without asking or writing anything.
+#include "core/app.h"
+#include "core/files.h"
+#include "editing/word_editing.h"
+#include "ui/main_window.h"
+#include "ui/qt_ports.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QFontDatabase>
+#include <QIcon>
+#include <QPixmap>
+#include <QTimer>
+
+#include <iostream>
+#include <string>
+
+using namespace nebkaro;
+
+namespace {
+
+struct CommandLine {
+    QString home;
+    QString screenshot;
+    std::string dictionary;
+    bool help = false;
+    QString error;
+};
+
+CommandLine parse(const QStringList& args) {
+    CommandLine c;
+    QStringList rest;
+    for (int i = 1; i < args.size(); ++i) {
+        const QString& a = args[i];
+        if (a == QLatin1String("--help") || a == QLatin1String("-h")) {
+            c.help = true;
+        } else if (a == QLatin1String("--home") || a == QLatin1String("--screenshot")) {
+            if (i + 1 >= args.size()) {
+                c.error = a + QStringLiteral(" needs a value");
+                return c;
+            }
+            (a == QLatin1String("--home") ? c.home : c.screenshot) = args[++i];
+        } else {
+            rest << a;
+        }
+    }
+    c.dictionary = rest.join(QLatin1Char(' ')).toStdString();
+    return c;
+}
+
+void usage(std::ostream& out) {
+    out << "usage: nebkaro [--home DIR] [--screenshot FILE] [DICTIONARY]\n"
+           "  DICTIONARY         a dictionary to open instead of the remembered one\n"
+           "  --home DIR         the program folder (default: the executable's folder)\n"
+           "  --screenshot FILE  start without waiting for anyone, save the main window as a\n"
+           "                     PNG picture once the first word is drawn, and end\n";
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication qapp(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Nebkaro"));
+    QApplication::setApplicationVersion(QString::fromStdString(versionText()));
+
+    const CommandLine options = parse(QApplication::arguments());
+    if (options.help) {
+        usage(std::cout);
+        return 0;
+    }
+    if (!options.error.isEmpty()) {
+        std::cerr << "nebkaro: " << options.error.toStdString() << "\n";
+        usage(std::cerr);
+        return 2;
+    }
+    const QString home = QDir(options.home.isEmpty() ? QCoreApplication::applicationDirPath()
+                                                     : options.home)
+                             .absolutePath();
+
+    const QString font = home + QStringLiteral("/Fonts/Transliteration.ttf");
+    if (QFontDatabase::addApplicationFont(font) < 0)
+        std::cerr << "nebkaro: the Transliteration font could not be loaded from "
+                  << font.toStdString() << "; transliterations show in plain letters\n";
+    // Desktops without an icon theme of their own still find the common one.
+    QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
+
+    const bool screenshot = !options.screenshot.isEmpty();
+    if (screenshot) QtDialogs::setMode(QtDialogs::Mode::Unattended);
+
+    QtDialogs dialogs;
+    QtClipboard clipboard;
+    QtEventPump events;
+    FolderSignPictures pictures(home.toStdString());
+    AtomicFileWriter writer;
+    App app(dialogs, clipboard, events, pictures, writer);
+    app.home = home.toStdString();
+    InstallEditing(app);
+
+    MainWindow window(app, MainWindow::Options{screenshot});
+    if (!window.startUp(options.dictionary)) {
+        if (screenshot) std::cerr << "nebkaro: the program ended during start-up; no picture\n";
+        return app.exitCode;
+    }
+    window.show();
+
+    if (screenshot) {
+        // The first word was drawn during start-up; one turn of the event loop lays it out.
+        QTimer::singleShot(200, &window, [&] {
+            const QString file = QFileInfo(options.screenshot).absoluteFilePath();
+            if (!window.grab().save(file, "PNG")) {
+                std::cerr << "nebkaro: the picture could not be written to " << file.toStdString()
+                          << "\n";
+                QCoreApplication::exit(1);
+                return;
+            }
+            std::cout << "nebkaro: the main window was saved as " << file.toStdString() << "\n";
+            QCoreApplication::exit(0);
+        });
+    }
+    return QApplication::exec();
+}

@@ -1,0 +1,725 @@
+#include "ui/main_window.h"
+
+#include "core/dictionary_file.h"
+#include "core/errors.h"
+#include "core/startup.h"
+#include "core/text.h"
+#include "display/image_export.h"
+#include "display/unicode_text.h"
+#include "display/word_picture_qt.h"
+#include "display/word_view_events.h"
+#include "editing/commands.h"
+#include "ui/about_dialog.h"
+#include "ui/header_dialog.h"
+#include "ui/preferences_dialog.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFocusEvent>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPushButton>
+#include <QShortcut>
+#include <QStatusBar>
+#include <QTemporaryFile>
+#include <QToolButton>
+#include <QUrl>
+
+#include <cmath>
+
+namespace nebkaro {
+
+namespace {
+
+constexpr int TwipsPerPixel = 15;
+
+int px(int twips) {
+    return static_cast<int>(std::lround(twips / static_cast<double>(TwipsPerPixel)));
+}
+
+QRect pixelRect(int left, int top, int width, int height) {
+    return {px(left), px(top), px(width), px(height)};
+}
+
+// Key codes as the word view counts them: Ctrl 17, Shift 16, Alt 18; letters and digits
+// keep their codes, which are the same in both worlds.
+int keyCode(int qtKey) {
+    switch (qtKey) {
+    case Qt::Key_Control: return KeyControl;
+    case Qt::Key_Shift: return 16;
+    case Qt::Key_Alt: return 18;
+    default: return qtKey;
+    }
+}
+
+int buttonCode(Qt::MouseButton b) {
+    switch (b) {
+    case Qt::LeftButton: return 1;
+    case Qt::RightButton: return RightButton;
+    case Qt::MiddleButton: return 4;
+    default: return 0;
+    }
+}
+
+QString qs(const std::string& s) {
+    return QString::fromStdString(s);
+}
+
+// A picture for a tool button: the desktop's icon of that name (or its symbolic form), else
+// the first letters of the button's tip drawn as a small badge.
+QIcon toolIcon(std::string_view name, std::string_view tip) {
+    const QString n = QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
+    QIcon icon = QIcon::fromTheme(n);
+    if (icon.isNull()) icon = QIcon::fromTheme(n + QStringLiteral("-symbolic"));
+    if (!icon.isNull()) return icon;
+    QString letters;
+    for (const QString& w : QString::fromLatin1(tip.data(), static_cast<qsizetype>(tip.size()))
+                                .split(QLatin1Char(' '), Qt::SkipEmptyParts))
+        if (letters.size() < 2) letters += w.front().toUpper();
+    QPixmap pm(32, 32);
+    pm.fill(Qt::transparent);
+    QPainter p(&pm);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(QPen(QColor(90, 90, 90), 2));
+    p.drawRoundedRect(QRectF(2, 2, 28, 28), 5, 5);
+    QFont f = p.font();
+    f.setPixelSize(14);
+    f.setBold(true);
+    p.setFont(f);
+    p.drawText(QRect(0, 0, 32, 32), Qt::AlignCenter, letters);
+    return QIcon(pm);
+}
+
+} // namespace
+
+// The window's surface (its client area): the display area's right-click menu and the double
+// click that edits the word are events of the surface itself.
+class WordSurface : public QWidget {
+public:
+    WordSurface(MainWindow* main) : QWidget(main), main_(main) {}
+
+protected:
+    void mousePressEvent(QMouseEvent* e) override {
+        main_->surfaceMousePress(buttonCode(e->button()), e->position().toPoint(),
+                                 e->globalPosition().toPoint());
+    }
+    void mouseDoubleClickEvent(QMouseEvent* e) override {
+        if (e->button() == Qt::LeftButton) main_->surfaceDoubleClick();
+    }
+
+private:
+    MainWindow* main_;
+};
+
+template <typename Fn> void MainWindow::guarded(Fn fn) {
+    try {
+        fn();
+    } catch (const RunError& e) {
+        app_.dialogs.message(e.report(), "", Buttons::OK, Icon::Critical);
+    } catch (const ProgramFileError& e) {
+        app_.dialogs.message(e.message(), "", Buttons::OK, Icon::Critical);
+        app_.requestEnd(1);
+    } catch (const std::exception& e) {
+        app_.dialogs.message(std::string("The command could not be completed: ") + e.what(), "",
+                             Buttons::OK, Icon::Critical);
+    }
+}
+
+MainWindow::MainWindow(App& app, Options options)
+    : app_(app), options_(options), previousWindows_(app.windows) {
+    setObjectName(QStringLiteral("Main"));
+    setWindowTitle(QStringLiteral("Nebkaro"));
+    app_.windows = this;
+    surface_ = new WordSurface(this);
+    surface_->setObjectName(QStringLiteral("MainSurface"));
+    setCentralWidget(surface_);
+    buildToolBar();
+    buildWordView();
+    installHandlers();
+    buildMenus();
+    buildShortcuts();
+    statusBar()->setObjectName(QStringLiteral("StatusBar"));
+    setMinimumWidth(px(MainGeometry::MinWidth));
+    surface_->setFixedHeight(px(SurfaceHeight));
+    resize(px(app_.view.windowWidth), sizeHint().height());
+    qApp->installEventFilter(this);
+    refreshAvailability();
+    layoutControls();
+}
+
+MainWindow::~MainWindow() {
+    qApp->removeEventFilter(this);
+    for (CommandId id : {CommandId::ShowBorders, CommandId::CopyWordImage, CommandId::SaveWordImage,
+                         CommandId::PasteImageToPaint, CommandId::Options, CommandId::AboutProgram})
+        InstallCommandHandler(app_, id, nullptr);
+    if (app_.windows == this) app_.windows = previousWindows_;
+}
+
+bool MainWindow::startUp(const std::string& commandLine) {
+    bool ok = false;
+    guarded([&] { ok = StartUp(app_, commandLine); });
+    wordViewChanged();
+    return ok && !app_.endRequested;
+}
+
+// ---------------------------------------------------------------------------------- building
+
+void MainWindow::buildToolBar() {
+    toolbar_ = new QFrame(surface_);
+    toolbar_->setObjectName(QStringLiteral("fraToolbar"));
+    toolbar_->setFrameShape(QFrame::NoFrame);
+    auto* row = new QHBoxLayout(toolbar_);
+    row->setContentsMargins(2, 3, 2, 3);
+    row->setSpacing(0);
+    for (const ToolButton& t : ToolBar()) {
+        auto* b = new QToolButton(toolbar_);
+        b->setObjectName(QString::fromLatin1(t.objectName.data(),
+                                             static_cast<qsizetype>(t.objectName.size())));
+        b->setToolTip(
+            QString::fromLatin1(t.toolTip.data(), static_cast<qsizetype>(t.toolTip.size())));
+        b->setIcon(toolIcon(t.icon, t.toolTip));
+        b->setIconSize(QSize(16, 16));
+        b->setAutoRaise(true);
+        b->setFixedSize(22, 24);
+        b->setFocusPolicy(Qt::NoFocus);
+        const CommandId id = t.command;
+        connect(b, &QToolButton::clicked, this, [this, id] { runCommand(id); });
+        buttons_.emplace_back(b, id);
+        row->addWidget(b);
+    }
+    row->addStretch();
+}
+
+void MainWindow::buildWordView() {
+    WordView& v = app_.view;
+
+    dispArea_ = new QFrame(surface_);
+    dispArea_->setObjectName(QStringLiteral("DispAreaShp"));
+    dispArea_->setFrameStyle(QFrame::Box | QFrame::Plain);
+    dispArea_->setLineWidth(1);
+    dispArea_->setAutoFillBackground(true);
+    QPalette white = dispArea_->palette();
+    white.setColor(QPalette::Window, Qt::white);
+    white.setColor(QPalette::WindowText, QColor(120, 120, 120));
+    dispArea_->setPalette(white);
+    // The display area takes the focus when clicked, so that its own keys (Home, End, Del,
+    // copy and paste of words) reach it while the text boxes keep theirs.
+    dispArea_->setFocusPolicy(Qt::ClickFocus);
+
+    for (int i = 0; i < GlyphTable::Slots; ++i) {
+        auto* l = new QLabel(surface_);
+        l->setObjectName(QStringLiteral("mainGlyphPic%1").arg(i));
+        l->setAlignment(Qt::AlignCenter);
+        l->hide();
+        glyphs_[static_cast<std::size_t>(i)] = l;
+    }
+
+    auto label = [this](const char* name, const char* caption, int left, int top) {
+        auto* l = new QLabel(QLatin1String(caption), surface_);
+        l->setObjectName(QLatin1String(name));
+        fixed_.emplace_back(l, QRect(left, top, 3000, 240));
+        return l;
+    };
+    // Fields: a caption, then the box under it; the hide switch of the box in the margin on
+    // the right. Widths follow the window (layoutControls); tops are the design's.
+    constexpr int fieldTop[5] = {3960, 4620, 5280, 5940, 6600};
+    label("Label1", "Enriched Notation", 400, fieldTop[0] - 240);
+    label("Label2", "Gardiner's Notation", 400, fieldTop[1] - 240);
+    label("Label3", "Translitteration", 400, fieldTop[2] - 240);
+    label("Label4", "Meaning", 400, fieldTop[3] - 240);
+    label("Commentlbl", "Comment", 400, fieldTop[4] - 240);
+    auto* hideLabel = new QLabel(QStringLiteral("Hide"), surface_);
+    hideLabel->setObjectName(QStringLiteral("Label5"));
+    hideLabel->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
+
+    richGardiner_ = new QLabel(surface_);
+    richGardiner_->setObjectName(QStringLiteral("RichGardinerlbl"));
+    richGardiner_->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    richGardiner_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    richGardiner_->setTextFormat(Qt::PlainText);
+
+    const char* boxNames[4] = {"GardinerTxt", "TransLitTxt", "MeaningTxt", "CommentTxt"};
+    const char* boxTips[4] = {"Displays the Gardiner's Notation",
+                              "Transliteration of the word displayed", "Meaning of the word",
+                              nullptr};
+    for (int i = 0; i < 4; ++i) {
+        auto* e = new QLineEdit(surface_);
+        e->setObjectName(QLatin1String(boxNames[i]));
+        if (boxTips[i]) e->setToolTip(QLatin1String(boxTips[i]));
+        const TextBox box = static_cast<TextBox>(i);
+        connect(e, &QLineEdit::textEdited, this, [this, box](const QString& text) {
+            TextBoxChanged(app_, box, text.toStdString());
+        });
+        boxes_[static_cast<std::size_t>(i)] = e;
+    }
+    // The transliteration is typed in plain letters and shown in their scholarly forms.
+    QFont translit(QStringLiteral("Transliteration"));
+    translit.setPointSizeF(boxes_[1]->font().pointSizeF() * 1.25);
+    boxes_[1]->setFont(translit);
+
+    const char* hideNames[5] = {"ChkHideEnriched", "ChkHideGardiner", "ChkHideTrans",
+                                "ChkHideMeaning", "ChkHideComment"};
+    const char* hideTips[5] = {nullptr, "Hide the Gardiner's notation", "Hide the transliteration",
+                               "Hide the Meaning", "Hide the comment"};
+    for (int i = 0; i < 5; ++i) {
+        auto* c = new QCheckBox(surface_);
+        c->setObjectName(QLatin1String(hideNames[i]));
+        if (hideTips[i]) c->setToolTip(QLatin1String(hideTips[i]));
+        c->setChecked(v.hidden[static_cast<std::size_t>(i)]);
+        connect(c, &QCheckBox::toggled, this, [this, i](bool on) {
+            app_.view.hidden[static_cast<std::size_t>(i)] = on;
+            wordViewChanged();
+        });
+        hide_[static_cast<std::size_t>(i)] = c;
+    }
+
+    number_ = new QLineEdit(surface_);
+    number_->setObjectName(QStringLiteral("txtNumber"));
+    number_->setAlignment(Qt::AlignRight);
+    connect(number_, &QLineEdit::textEdited, this,
+            [this](const QString& t) { app_.view.txtNumber = t.toStdString(); });
+    connect(number_, &QLineEdit::returnPressed, this, [this] {
+        if (CommandAvailable(app_, CommandId::Go)) runCommand(CommandId::Go);
+    });
+
+    progressTrack_ = new QFrame(surface_);
+    progressTrack_->setObjectName(QStringLiteral("fraProgress"));
+    progressTrack_->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    progressTrack_->setToolTip(QStringLiteral("Where the word on show lies in the dictionary"));
+    progress_ = new QFrame(progressTrack_);
+    progress_->setObjectName(QStringLiteral("shpProgress"));
+    progress_->setAutoFillBackground(true);
+    QPalette bar = progress_->palette();
+    bar.setColor(QPalette::Window, bar.color(QPalette::Highlight));
+    progress_->setPalette(bar);
+
+    // The buttons beside the word, in rows under the fields.
+    const std::pair<const char*, QRect> navigation[] = {
+        {"cmdFirst", {400, 3240, 660, 390}},  {"cmdPrev", {1120, 3240, 660, 390}},
+        {"cmdGo", {2800, 3240, 540, 390}},    {"cmdNext", {3400, 3240, 660, 390}},
+        {"cmdLast", {4120, 3240, 660, 390}},  {"cmdRandom", {4840, 3240, 960, 390}},
+    };
+    fixed_.emplace_back(number_, QRect(1840, 3240, 900, 390));
+    const char* rows[3][6] = {
+        {"NewCmd", "cmdEdit", "cmdStore", "cmdDelete", "Duplicatecmd", "cmdFlip"},
+        {"cmdSearch", "cmdSearchNext", "cmdSearchPrevious", "cmdSort", "cmdTransTable", nullptr},
+        {"CmdLoad", "cmdSave", "CmdSaveAs", "cmdPreferences", "cmdAbout", "cmdQuit"},
+    };
+    auto designPlace = [&](const std::string_view name) -> std::optional<QRect> {
+        for (const auto& [n, r] : navigation)
+            if (name == n) return r;
+        for (int r = 0; r < 3; ++r)
+            for (int c = 0; c < 6; ++c)
+                if (rows[r][c] && name == rows[r][c])
+                    return QRect(400 + c * 1050, 7140 + r * 450, 990, 390);
+        return std::nullopt;
+    };
+    int spare = 5; // buttons the design does not place go after the second row's
+    for (const ViewButton& b : WordViewButtons()) {
+        auto* button = new QPushButton(
+            QString::fromLatin1(b.caption.data(), static_cast<qsizetype>(b.caption.size())),
+            surface_);
+        button->setObjectName(
+            QString::fromLatin1(b.objectName.data(), static_cast<qsizetype>(b.objectName.size())));
+        button->setToolTip(
+            QString::fromLatin1(b.toolTip.data(), static_cast<qsizetype>(b.toolTip.size())));
+        button->setAutoDefault(false);
+        const CommandId id = b.command;
+        connect(button, &QPushButton::clicked, this, [this, id] { runCommand(id); });
+        buttons_.emplace_back(button, id);
+        if (b.objectName == "cmdTransGuess") continue; // placed beside TransLitTxt
+        if (const auto r = designPlace(b.objectName))
+            fixed_.emplace_back(button, *r);
+        else
+            fixed_.emplace_back(button, QRect(400 + (spare++) * 1050, 7590, 990, 390));
+    }
+}
+
+QAction* MainWindow::commandAction(const MenuItem& item, QMenu* menu) {
+    auto* a = new QAction(qs(item.caption), this);
+    a->setObjectName(qs(item.objectName));
+    a->setCheckable(item.checkable);
+    if (item.command) {
+        const CommandId id = *item.command;
+        connect(a, &QAction::triggered, this, [this, id] { runCommand(id); });
+        actions_.emplace_back(a, id);
+        if (id == CommandId::ShowBorders) showBorders_ = a;
+    }
+    if (item.separatorBefore && !menu->isEmpty()) menu->addSeparator();
+    menu->addAction(a);
+    return a;
+}
+
+QMenu* MainWindow::buildMenu(const MenuItem& item, QMenu* into) {
+    auto* m = into ? into->addMenu(qs(item.caption)) : new QMenu(qs(item.caption), this);
+    m->setObjectName(qs(item.objectName));
+    m->menuAction()->setObjectName(qs(item.objectName));
+    for (const MenuItem& child : item.children) {
+        if (!child.children.empty()) {
+            if (child.separatorBefore && !m->isEmpty()) m->addSeparator();
+            buildMenu(child, m);
+        } else {
+            commandAction(child, m);
+        }
+        // Copy as Unicode goes with the other ways a word's signs leave the program.
+        if (child.objectName == "mnuCopyToPaint") {
+            auto* a = new QAction(QStringLiteral("Copy as &Unicode"), this);
+            a->setObjectName(QStringLiteral("mnuCopyUnicode"));
+            a->setToolTip(QStringLiteral("Copy the signs of the word as Unicode hieroglyphs"));
+            connect(a, &QAction::triggered, this, [this] {
+                guarded([this] { copyAsUnicode(); });
+                wordViewChanged();
+            });
+            m->addAction(a);
+        }
+    }
+    return m;
+}
+
+void MainWindow::buildMenus() {
+    for (const MenuItem& top : MenuBar()) {
+        QMenu* m = buildMenu(top, nullptr);
+        menuBar()->addMenu(m);
+    }
+    popup_ = buildMenu(PopupMenu(), nullptr);
+}
+
+void MainWindow::buildShortcuts() {
+    for (const Shortcut& s : Shortcuts()) {
+        const bool area = s.scope == ShortcutScope::DisplayArea;
+        auto* sc = new QShortcut(
+            QKeySequence(QString::fromLatin1(s.keys.data(), static_cast<qsizetype>(s.keys.size()))),
+            area ? static_cast<QWidget*>(dispArea_) : static_cast<QWidget*>(this));
+        sc->setContext(area ? Qt::WidgetShortcut : Qt::WindowShortcut);
+        const CommandId id = s.command;
+        connect(sc, &QShortcut::activated, this, [this, id] {
+            if (CommandAvailable(app_, id)) runCommand(id);
+        });
+    }
+}
+
+void MainWindow::installHandlers() {
+    InstallCommandHandler(app_, CommandId::ShowBorders,
+                          [](App& a) { ToggleShowBorders(a.view); });
+    InstallCommandHandler(app_, CommandId::CopyWordImage, [this](App&) { copyImage(); });
+    InstallCommandHandler(app_, CommandId::SaveWordImage, [this](App&) { saveImage(); });
+    InstallCommandHandler(app_, CommandId::PasteImageToPaint, [this](App&) { pasteToPaint(); });
+    InstallCommandHandler(app_, CommandId::Options, [this](App&) { showPreferences(); });
+    InstallCommandHandler(app_, CommandId::AboutProgram, [this](App&) { showAbout(); });
+}
+
+// ---------------------------------------------------------------------------- showing the view
+
+void MainWindow::layoutControls() {
+    const WordView& v = app_.view;
+    const int w = v.windowWidth;
+    toolbar_->setGeometry(0, 0, width(), px(480));
+    const Rect& a = v.geometry.DispAreaShp;
+    dispArea_->setGeometry(pixelRect(a.left, a.top, a.width, a.height));
+    progressTrack_->setGeometry(pixelRect(a.left, 3060, v.geometry.progressContainerWidth, 120));
+    for (const auto& [widget, r] : fixed_) widget->setGeometry(pixelRect(r.x(), r.y(), r.width(), r.height()));
+
+    constexpr int fieldTop[5] = {3960, 4620, 5280, 5940, 6600};
+    constexpr int boxHeight = 330;
+    richGardiner_->setGeometry(pixelRect(400, fieldTop[0], w - 800, boxHeight));
+    boxes_[0]->setGeometry(pixelRect(400, fieldTop[1], w - 800, boxHeight));
+    boxes_[1]->setGeometry(pixelRect(400, fieldTop[2], w - 1400, boxHeight));
+    boxes_[2]->setGeometry(pixelRect(400, fieldTop[3], w - 800, boxHeight));
+    boxes_[3]->setGeometry(pixelRect(400, fieldTop[4], w - 800, boxHeight));
+    if (auto* guess = surface_->findChild<QPushButton*>(QStringLiteral("cmdTransGuess")))
+        guess->setGeometry(pixelRect(400 + (w - 1400) + 100, fieldTop[2], 520, boxHeight));
+    for (int i = 0; i < 5; ++i)
+        hide_[static_cast<std::size_t>(i)]->setGeometry(
+            pixelRect(w - 330, fieldTop[i] + 30, 270, 270));
+    if (auto* hideLabel = surface_->findChild<QLabel*>(QStringLiteral("Label5")))
+        hideLabel->setGeometry(pixelRect(w - 420, fieldTop[0] - 240, 450, 240));
+    showGlyphs();
+}
+
+void MainWindow::showGlyphs() {
+    const WordView& v = app_.view;
+    for (int i = 0; i < GlyphTable::Slots; ++i) {
+        QLabel* l = glyphs_[static_cast<std::size_t>(i)];
+        const GlyphImage& img = v.mainGlyphPic[static_cast<std::size_t>(i)];
+        if (!img.visible) {
+            l->hide();
+            continue;
+        }
+        const QString file = QString::fromStdString(img.picture.file.string());
+        QPixmap pm;
+        if (img.picture.ok) {
+            auto it = pixmaps_.find(file);
+            if (it == pixmaps_.end()) it = pixmaps_.insert(file, QPixmap(file));
+            pm = *it;
+        }
+        QRect r(px(img.left), px(img.top), px(img.picture.width), px(img.picture.height));
+        // An unreadable picture is an empty framed square; Show Borders frames every sign,
+        // the frame standing just outside the picture.
+        const bool framed = pm.isNull() || v.showBorders;
+        if (!pm.isNull()) {
+            r.setSize(pm.deviceIndependentSize().toSize());
+            l->setPixmap(pm);
+        } else {
+            l->clear();
+        }
+        l->setFrameStyle(framed ? QFrame::Box | QFrame::Plain : QFrame::NoFrame);
+        l->setLineWidth(1);
+        if (framed && !pm.isNull()) r.adjust(-1, -1, 1, 1);
+        l->setGeometry(r);
+        l->show();
+        l->raise();
+    }
+}
+
+void MainWindow::refreshAvailability() {
+    for (const auto& [a, id] : actions_) a->setEnabled(CommandAvailable(app_, id));
+    for (const auto& [b, id] : buttons_) b->setEnabled(CommandAvailable(app_, id));
+}
+
+void MainWindow::wordViewChanged() {
+    WordView& v = app_.view;
+    // The renderer may ask for another width (a wide word, or back to 6960 twips); the
+    // display always follows the width the window really has.
+    const int wanted = px(v.windowWidth);
+    if (wanted != width() && !isMaximized() && !isFullScreen()) resize(wanted, height());
+    ResizeWordView(v, width() * TwipsPerPixel);
+
+    auto setText = [](QLineEdit* e, const std::string& s) {
+        const QString t = qs(s);
+        if (e->text() != t) {
+            const QSignalBlocker block(e);
+            e->setText(t);
+        }
+    };
+    setText(boxes_[0], v.GardinerTxt);
+    setText(boxes_[1], v.TransLitTxt);
+    setText(boxes_[2], v.MeaningTxt);
+    setText(boxes_[3], v.CommentTxt);
+    setText(number_, v.txtNumber);
+    richGardiner_->setText(qs(v.RichGardinerlbl));
+
+    for (int i = 0; i < 5; ++i) {
+        const QSignalBlocker block(hide_[static_cast<std::size_t>(i)]);
+        hide_[static_cast<std::size_t>(i)]->setChecked(v.hidden[static_cast<std::size_t>(i)]);
+    }
+    richGardiner_->setVisible(!v.hidden[0]);
+    for (int i = 0; i < 4; ++i)
+        boxes_[static_cast<std::size_t>(i)]->setVisible(!v.hidden[static_cast<std::size_t>(i + 1)]);
+    if (showBorders_) {
+        const QSignalBlocker block(showBorders_);
+        showBorders_->setChecked(v.showBorders);
+    }
+
+    // The bar starts 200 twips into its track and is empty with one word or none.
+    progress_->setGeometry(px(200), 2, px(v.progressWidth), std::max(1, px(120) - 4));
+    progress_->setVisible(v.progressWidth > 0);
+
+    if (v.missingPictures.empty() && pictureStatus_) {
+        statusBar()->clearMessage();
+        pictureStatus_ = false;
+    }
+    refreshAvailability();
+    layoutControls();
+}
+
+void MainWindow::setCaption(const std::string& caption) {
+    setWindowTitle(qs(caption));
+}
+
+void MainWindow::showHeaderDialog(const DictionaryHeader& boxes) {
+    if (options_.unattended) return;
+    HeaderDialog dialog(app_, boxes, this);
+    dialog.exec();
+}
+
+void MainWindow::showAboutModal() {
+    if (options_.unattended) return;
+    AboutDialog dialog(app_, this);
+    dialog.exec();
+}
+
+void MainWindow::unloadBrowser() {
+    // The sign-list browser is built for one library; the next opening builds it afresh.
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        if (w->objectName() == QLatin1String("Lookup")) {
+            w->close();
+            w->deleteLater();
+        }
+    }
+}
+
+void MainWindow::showStatus(const std::string& text) {
+    statusBar()->showMessage(qs(text));
+    pictureStatus_ = true;
+}
+
+// ------------------------------------------------------------------------------------ events
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    const QEvent::Type type = event->type();
+    if (type == QEvent::KeyPress) {
+        // The window sees every key before its controls do, once per key: at the widget that
+        // has the focus (or the window itself when none has).
+        auto* w = qobject_cast<QWidget*>(watched);
+        QWidget* focus = QApplication::focusWidget();
+        const bool focusHere = focus && focus->window() == this;
+        if (w && w->window() == this && (focusHere ? w == focus : w == this)) {
+            const auto* key = static_cast<QKeyEvent*>(event);
+            if (WindowKeyDown(app_.view, keyCode(key->key()))) wordViewChanged();
+        }
+    } else if (type == QEvent::FocusIn || type == QEvent::FocusOut) {
+        for (int i = 0; i < 4; ++i) {
+            if (watched != boxes_[static_cast<std::size_t>(i)]) continue;
+            // A menu or another window taking the focus for a moment is not leaving the box.
+            const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+            if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason ||
+                reason == Qt::MenuBarFocusReason)
+                break;
+            const TextBox box = static_cast<TextBox>(i);
+            if (type == QEvent::FocusIn)
+                TextBoxGotFocus(app_, box);
+            else
+                TextBoxLostFocus(app_, box);
+            break;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void MainWindow::surfaceMousePress(int button, QPoint at, QPoint global) {
+    const int x = at.x() * TwipsPerPixel, y = at.y() * TwipsPerPixel;
+    if (app_.view.geometry.DispAreaShp.contains(x, y)) dispArea_->setFocus(Qt::MouseFocusReason);
+    if (OpensFieldMenu(app_.view, button, x, y)) popup_->popup(global);
+}
+
+void MainWindow::surfaceDoubleClick() {
+    if (CommandAvailable(app_, CommandId::EditWord)) runCommand(CommandId::EditWord);
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    if (isMinimized()) return;
+    ResizeWordView(app_.view, width() * TwipsPerPixel);
+    layoutControls();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (ending_) {
+        event->accept();
+        return;
+    }
+    bool close = true;
+    guarded([&] { close = CloseMainWindow(app_); });
+    if (!close) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    ending_ = true;
+    QCoreApplication::exit(app_.exitCode);
+}
+
+// ---------------------------------------------------------------------------------- commands
+
+bool MainWindow::runCommand(CommandId id) {
+    const bool ran = RunCommand(app_, id);
+    endIfRequested();
+    return ran;
+}
+
+void MainWindow::endIfRequested() {
+    if (app_.endRequested) endProgram();
+}
+
+void MainWindow::endProgram() {
+    ending_ = true;
+    close();
+    QCoreApplication::exit(app_.exitCode);
+}
+
+void MainWindow::copyImage() {
+    const QByteArray png = WordPicturePng(app_.view.TemPic);
+    app_.clipboard.clear();
+    app_.clipboard.setImagePng(std::vector<std::uint8_t>(png.begin(), png.end()));
+}
+
+void MainWindow::saveImage() {
+    const auto file = app_.dialogs.saveFile(ImageSaveFilter, ProposedImagePath(app_));
+    if (!file || file->empty()) return;
+    // A picture that cannot be written is not an error of the dictionary: the status bar
+    // says so and nothing else happens.
+    const QString name = QString::fromStdString(file->string());
+    if (SaveWordPicture(app_.view.TemPic, name, ImageFormatFor(*file)))
+        statusBar()->showMessage(QStringLiteral("Picture saved: ") + name);
+    else
+        statusBar()->showMessage(QStringLiteral("The picture could not be saved: ") + name);
+}
+
+void MainWindow::pasteToPaint() {
+    // The desktop's own picture program opens a PNG of the word; the file stays in the
+    // temporary folder for that program to read.
+    QTemporaryFile file(QDir::tempPath() + QStringLiteral("/nebkaro-word-XXXXXX.png"));
+    file.setAutoRemove(false);
+    bool opened = false;
+    if (file.open()) {
+        file.write(WordPicturePng(app_.view.TemPic));
+        file.close();
+        opened = QDesktopServices::openUrl(QUrl::fromLocalFile(file.fileName()));
+        if (!opened) file.remove();
+    }
+    if (!opened) app_.dialogs.message("Not yet implemented", "", Buttons::OK, Icon::Exclamation);
+}
+
+void MainWindow::copyAsUnicode() {
+    const UnicodeWord w = UnicodeWordText(app_);
+    if (w.text.empty() && w.missing.empty()) {
+        app_.dialogs.message("The word on show has no signs to copy.", "Copy as Unicode",
+                             Buttons::OK, Icon::Exclamation);
+        return;
+    }
+    if (!w.text.empty()) {
+        app_.clipboard.clear();
+        app_.clipboard.setText(text::toUtf8(w.text));
+    }
+    if (!w.missing.empty()) {
+        std::string list;
+        for (const std::string& code : w.missing) list += (list.empty() ? "" : ", ") + code;
+        const std::string what =
+            w.text.empty()
+                ? "No sign of the word is in the Unicode block of Egyptian hieroglyphs, so "
+                  "nothing was copied:"
+                : "These signs are not in the Unicode block of Egyptian hieroglyphs and were "
+                  "left out of the copy:";
+        app_.dialogs.message(what + "\r\n" + list, "Copy as Unicode", Buttons::OK,
+                             Icon::Exclamation);
+    }
+}
+
+void MainWindow::showPreferences() {
+    PreferencesDialog dialog(app_, this);
+    dialog.exec();
+}
+
+void MainWindow::showAbout() {
+    // From the menu the About box does not hold up the program.
+    if (!about_) {
+        about_ = new AboutDialog(app_, this);
+        about_->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    about_->show();
+    about_->raise();
+    about_->activateWindow();
+}
+
+} // namespace nebkaro

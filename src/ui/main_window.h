@@ -1,0 +1,122 @@
+#pragma once
+// Main: the word view with its display area, text boxes, hide switches and buttons, the tool
+// bar, the menus and the pop-up menu of the display area. The window holds no state of its
+// own beyond its widgets: it shows App::view and forwards every event to the logic.
+#include "core/app.h"
+
+#include <QHash>
+#include <QMainWindow>
+#include <QPixmap>
+#include <QPointer>
+
+#include <array>
+#include <string>
+#include <utility>
+#include <vector>
+
+class QAbstractButton;
+class QAction;
+class QCheckBox;
+class QFrame;
+class QLabel;
+class QLineEdit;
+class QMenu;
+class QPushButton;
+
+namespace nebkaro {
+
+enum class CommandId : int;
+struct MenuItem;
+class AboutDialog;
+class WordSurface;
+
+class MainWindow : public QMainWindow, public Windows {
+    Q_OBJECT
+public:
+    struct Options {
+        // The --screenshot run: the start-up About box and the dictionary information dialog
+        // are not shown (as if closed at once), so that nothing waits for a user.
+        bool unattended = false;
+    };
+    explicit MainWindow(App& app, Options options);
+    explicit MainWindow(App& app) : MainWindow(app, Options{}) {}
+    ~MainWindow() override;
+
+    // The start-up sequence; false when the program is to end (app.endRequested, exitCode).
+    bool startUp(const std::string& commandLine);
+
+    // Runs a command as its controls do; false when the command is not available.
+    bool runCommand(CommandId id);
+
+    // Windows
+    void wordViewChanged() override;
+    void setCaption(const std::string& caption) override;
+    void showHeaderDialog(const DictionaryHeader& boxes) override;
+    void showAboutModal() override;
+    void unloadBrowser() override;
+    void showStatus(const std::string& text) override;
+
+    // The design geometry in twips: the word view's height, from the tool bar to the buttons.
+    static constexpr int SurfaceHeight = 8580;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    friend class WordSurface;
+    void buildWordView();
+    void buildToolBar();
+    void buildMenus();
+    void buildShortcuts();
+    void installHandlers();
+    QAction* commandAction(const MenuItem& item, QMenu* menu);
+    QMenu* buildMenu(const MenuItem& item, QMenu* into);
+
+    void layoutControls();
+    void showGlyphs();
+    void refreshAvailability();
+    void surfaceMousePress(int button, QPoint at, QPoint global);
+    void surfaceDoubleClick();
+
+    // Commands of this window.
+    void copyImage();
+    void saveImage();
+    void pasteToPaint();
+    void copyAsUnicode();
+    void showPreferences();
+    void showAbout();
+
+    // Runs fn at a command's boundary: a failure is reported and the program goes on.
+    template <typename Fn> void guarded(Fn fn);
+    // The program ends now, with app.exitCode, and nothing more is asked or written.
+    void endProgram();
+    void endIfRequested();
+
+    App& app_;
+    Options options_;
+    Windows* previousWindows_;
+    bool ending_ = false;
+
+    WordSurface* surface_ = nullptr;
+    QFrame* toolbar_ = nullptr;
+    QFrame* dispArea_ = nullptr;
+    std::array<QLabel*, GlyphTable::Slots> glyphs_{};
+    QLabel* richGardiner_ = nullptr;
+    std::array<QLineEdit*, 4> boxes_{}; // GardinerTxt, TransLitTxt, MeaningTxt, CommentTxt
+    std::array<QCheckBox*, 5> hide_{};  // in HideBox order
+    QLineEdit* number_ = nullptr;
+    QFrame* progressTrack_ = nullptr;
+    QFrame* progress_ = nullptr;
+    QMenu* popup_ = nullptr;
+    QAction* showBorders_ = nullptr;
+    std::vector<std::pair<QAction*, CommandId>> actions_;
+    std::vector<std::pair<QAbstractButton*, CommandId>> buttons_;
+    std::vector<std::pair<QWidget*, QRect>> fixed_; // controls placed by the design, in twips
+    QHash<QString, QPixmap> pixmaps_;
+    QPointer<AboutDialog> about_;
+    bool pictureStatus_ = false;
+};
+
+} // namespace nebkaro
