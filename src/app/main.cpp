@@ -85,9 +85,9 @@ int main(int argc, char** argv) {
         usage(std::cerr);
         return 2;
     }
-    const QString home = QDir(options.home.isEmpty() ? QCoreApplication::applicationDirPath()
-                                                     : options.home)
-                             .absolutePath();
+    const QString home =
+        QDir(options.home.isEmpty() ? QCoreApplication::applicationDirPath() : options.home)
+            .absolutePath();
 
     const QString font = home + QStringLiteral("/Fonts/Transliteration.ttf");
     if (QFontDatabase::addApplicationFont(font) < 0)
@@ -113,6 +113,7 @@ int main(int argc, char** argv) {
         if (screenshot) std::cerr << "nebkaro: the program ended during start-up; no picture\n";
         return app.exitCode;
     }
+    QObject::connect(&window, &MainWindow::programEnded, &qapp, &QCoreApplication::exit);
     window.show();
 
     if (screenshot) {

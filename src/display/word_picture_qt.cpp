@@ -4,7 +4,6 @@
 #include <QFile>
 #include <QPainter>
 #include <QSaveFile>
-#include <QSvgGenerator>
 
 #include <cmath>
 
@@ -60,20 +59,48 @@ QByteArray WordPicturePng(const WordPicture& picture) {
 }
 
 QByteArray WordPictureSvg(const WordPicture& picture) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
+    // Drawn from the same placed pictures, in pixels, each sign embedded as it is drawn on
+    // the screen.
     const QSize size = pixelSize(picture);
-    QSvgGenerator svg;
-    svg.setOutputDevice(&buffer);
-    svg.setSize(size);
-    svg.setViewBox(QRect(QPoint(0, 0), size));
-    svg.setResolution(96);
-    svg.setTitle(QStringLiteral("Nebkaro word"));
-    QPainter painter(&svg);
-    painter.fillRect(QRect(QPoint(0, 0), size), Qt::white);
-    PaintWordPicture(painter, picture);
-    painter.end();
-    return bytes;
+    QByteArray svg = QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                                    "<svg xmlns=\"http://www.w3.org/2000/svg\" "
+                                    "xmlns:xlink=\"http://www.w3.org/1999/xlink\" width=\"%1\" "
+                                    "height=\"%2\" viewBox=\"0 0 %1 %2\">\n"
+                                    "<title>Nebkaro word</title>\n"
+                                    "<rect width=\"%1\" height=\"%2\" fill=\"#ffffff\"/>\n")
+                         .arg(size.width())
+                         .arg(size.height())
+                         .toUtf8();
+    for (const PlacedPicture& p : picture.pictures) {
+        const int x = twipsToPixels(p.x), y = twipsToPixels(p.y);
+        QImage sign;
+        if (p.picture.ok) sign.load(QString::fromStdString(p.picture.file.string()));
+        if (sign.isNull()) {
+            svg += QStringLiteral("<rect x=\"%1.5\" y=\"%2.5\" width=\"%3\" height=\"%4\" "
+                                  "fill=\"none\" stroke=\"#808080\" stroke-width=\"1\"/>\n")
+                       .arg(x)
+                       .arg(y)
+                       .arg(twipsToPixels(p.picture.width) - 1)
+                       .arg(twipsToPixels(p.picture.height) - 1)
+                       .toUtf8();
+            continue;
+        }
+        QByteArray png;
+        QBuffer buffer(&png);
+        buffer.open(QIODevice::WriteOnly);
+        sign.save(&buffer, "PNG");
+        svg += QStringLiteral("<image x=\"%1\" y=\"%2\" width=\"%3\" height=\"%4\" "
+                              "xlink:href=\"data:image/png;base64,")
+                   .arg(x)
+                   .arg(y)
+                   .arg(sign.width())
+                   .arg(sign.height())
+                   .toUtf8();
+        svg += png.toBase64();
+        svg += "\"/>\n";
+    }
+    svg += "</svg>\n";
+    return svg;
 }
 
 bool SaveWordPicture(const WordPicture& picture, const QString& file, ImageFormat format) {
@@ -86,8 +113,12 @@ bool SaveWordPicture(const WordPicture& picture, const QString& file, ImageForma
         written = out.write(svg) == svg.size();
         break;
     }
-    case ImageFormat::Png: written = WordPictureImage(picture).save(&out, "PNG"); break;
-    case ImageFormat::Bmp: written = WordPictureImage(picture).save(&out, "BMP"); break;
+    case ImageFormat::Png:
+        written = WordPictureImage(picture).save(&out, "PNG");
+        break;
+    case ImageFormat::Bmp:
+        written = WordPictureImage(picture).save(&out, "BMP");
+        break;
     }
     if (!written) {
         out.cancelWriting();

@@ -28,9 +28,9 @@ AboutDialog::AboutDialog(App& app, QWidget* parent) : QDialog(parent) {
     big.setPointSizeF(big.pointSizeF() * 2.2);
     big.setBold(true);
     title->setFont(big);
-    auto* subtitle =
-        label(this, "lblSubtitle",
-              QStringLiteral("Flash cards and a computerised dictionary of Egyptian hieroglyphics"));
+    auto* subtitle = label(
+        this, "lblSubtitle",
+        QStringLiteral("Flash cards and a computerised dictionary of Egyptian hieroglyphics"));
     auto* author = label(this, "lblAuthor",
                          QStringLiteral("Written by the Nebkaro developers. The sign pictures are "
                                         "drawn from the Aegyptus font by George Douros."));

@@ -62,7 +62,8 @@ HeaderDialog::HeaderDialog(App& app, const DictionaryHeader& boxes, QWidget* par
 void HeaderDialog::confirm() {
     DictionaryHeader values;
     for (int i = 0; i < FieldCount; ++i)
-        values[static_cast<std::size_t>(i)] = boxes_[static_cast<std::size_t>(i)]->text().toStdString();
+        values[static_cast<std::size_t>(i)] =
+            boxes_[static_cast<std::size_t>(i)]->text().toStdString();
     if (ConfirmHeader(app_, values)) {
         accept();
         return;

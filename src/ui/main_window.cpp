@@ -56,19 +56,27 @@ QRect pixelRect(int left, int top, int width, int height) {
 // keep their codes, which are the same in both worlds.
 int keyCode(int qtKey) {
     switch (qtKey) {
-    case Qt::Key_Control: return KeyControl;
-    case Qt::Key_Shift: return 16;
-    case Qt::Key_Alt: return 18;
-    default: return qtKey;
+    case Qt::Key_Control:
+        return KeyControl;
+    case Qt::Key_Shift:
+        return 16;
+    case Qt::Key_Alt:
+        return 18;
+    default:
+        return qtKey;
     }
 }
 
 int buttonCode(Qt::MouseButton b) {
     switch (b) {
-    case Qt::LeftButton: return 1;
-    case Qt::RightButton: return RightButton;
-    case Qt::MiddleButton: return 4;
-    default: return 0;
+    case Qt::LeftButton:
+        return 1;
+    case Qt::RightButton:
+        return RightButton;
+    case Qt::MiddleButton:
+        return 4;
+    default:
+        return 0;
     }
 }
 
@@ -184,8 +192,8 @@ void MainWindow::buildToolBar() {
     row->setSpacing(0);
     for (const ToolButton& t : ToolBar()) {
         auto* b = new QToolButton(toolbar_);
-        b->setObjectName(QString::fromLatin1(t.objectName.data(),
-                                             static_cast<qsizetype>(t.objectName.size())));
+        b->setObjectName(
+            QString::fromLatin1(t.objectName.data(), static_cast<qsizetype>(t.objectName.size())));
         b->setToolTip(
             QString::fromLatin1(t.toolTip.data(), static_cast<qsizetype>(t.toolTip.size())));
         b->setIcon(toolIcon(t.icon, t.toolTip));
@@ -306,9 +314,9 @@ void MainWindow::buildWordView() {
 
     // The buttons beside the word, in rows under the fields.
     const std::pair<const char*, QRect> navigation[] = {
-        {"cmdFirst", {400, 3240, 660, 390}},  {"cmdPrev", {1120, 3240, 660, 390}},
-        {"cmdGo", {2800, 3240, 540, 390}},    {"cmdNext", {3400, 3240, 660, 390}},
-        {"cmdLast", {4120, 3240, 660, 390}},  {"cmdRandom", {4840, 3240, 960, 390}},
+        {"cmdFirst", {400, 3240, 660, 390}}, {"cmdPrev", {1120, 3240, 660, 390}},
+        {"cmdGo", {2800, 3240, 540, 390}},   {"cmdNext", {3400, 3240, 660, 390}},
+        {"cmdLast", {4120, 3240, 660, 390}}, {"cmdRandom", {4840, 3240, 960, 390}},
     };
     fixed_.emplace_back(number_, QRect(1840, 3240, 900, 390));
     const char* rows[3][6] = {
@@ -338,7 +346,13 @@ void MainWindow::buildWordView() {
         const CommandId id = b.command;
         connect(button, &QPushButton::clicked, this, [this, id] { runCommand(id); });
         buttons_.emplace_back(button, id);
-        if (b.objectName == "cmdTransGuess") continue; // placed beside TransLitTxt
+        if (b.objectName == "cmdTransGuess") {
+            // Placed beside TransLitTxt, in the narrow room the design leaves it.
+            QFont small = button->font();
+            small.setPointSizeF(small.pointSizeF() * 0.9);
+            button->setFont(small);
+            continue;
+        }
         if (const auto r = designPlace(b.objectName))
             fixed_.emplace_back(button, *r);
         else
@@ -410,8 +424,7 @@ void MainWindow::buildShortcuts() {
 }
 
 void MainWindow::installHandlers() {
-    InstallCommandHandler(app_, CommandId::ShowBorders,
-                          [](App& a) { ToggleShowBorders(a.view); });
+    InstallCommandHandler(app_, CommandId::ShowBorders, [](App& a) { ToggleShowBorders(a.view); });
     InstallCommandHandler(app_, CommandId::CopyWordImage, [this](App&) { copyImage(); });
     InstallCommandHandler(app_, CommandId::SaveWordImage, [this](App&) { saveImage(); });
     InstallCommandHandler(app_, CommandId::PasteImageToPaint, [this](App&) { pasteToPaint(); });
@@ -428,7 +441,8 @@ void MainWindow::layoutControls() {
     const Rect& a = v.geometry.DispAreaShp;
     dispArea_->setGeometry(pixelRect(a.left, a.top, a.width, a.height));
     progressTrack_->setGeometry(pixelRect(a.left, 3060, v.geometry.progressContainerWidth, 120));
-    for (const auto& [widget, r] : fixed_) widget->setGeometry(pixelRect(r.x(), r.y(), r.width(), r.height()));
+    for (const auto& [widget, r] : fixed_)
+        widget->setGeometry(pixelRect(r.x(), r.y(), r.width(), r.height()));
 
     constexpr int fieldTop[5] = {3960, 4620, 5280, 5940, 6600};
     constexpr int boxHeight = 330;
@@ -438,12 +452,12 @@ void MainWindow::layoutControls() {
     boxes_[2]->setGeometry(pixelRect(400, fieldTop[3], w - 800, boxHeight));
     boxes_[3]->setGeometry(pixelRect(400, fieldTop[4], w - 800, boxHeight));
     if (auto* guess = surface_->findChild<QPushButton*>(QStringLiteral("cmdTransGuess")))
-        guess->setGeometry(pixelRect(400 + (w - 1400) + 100, fieldTop[2], 520, boxHeight));
+        guess->setGeometry(pixelRect(400 + (w - 1400) + 100, fieldTop[2], 590, boxHeight));
     for (int i = 0; i < 5; ++i)
         hide_[static_cast<std::size_t>(i)]->setGeometry(
-            pixelRect(w - 330, fieldTop[i] + 30, 270, 270));
+            pixelRect(w - 290, fieldTop[i] + 30, 270, 270));
     if (auto* hideLabel = surface_->findChild<QLabel*>(QStringLiteral("Label5")))
-        hideLabel->setGeometry(pixelRect(w - 420, fieldTop[0] - 240, 450, 240));
+        hideLabel->setGeometry(pixelRect(w - 400, fieldTop[0] - 240, 400, 240));
     showGlyphs();
 }
 
@@ -581,16 +595,22 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     } else if (type == QEvent::FocusIn || type == QEvent::FocusOut) {
         for (int i = 0; i < 4; ++i) {
             if (watched != boxes_[static_cast<std::size_t>(i)]) continue;
-            // A menu or another window taking the focus for a moment is not leaving the box.
-            const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-            if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason ||
-                reason == Qt::MenuBarFocusReason)
-                break;
             const TextBox box = static_cast<TextBox>(i);
-            if (type == QEvent::FocusIn)
+            // A menu or another window taking the focus for a while does not move it within
+            // the window: the box neither leaves nor is entered again when it comes back.
+            const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+            const bool passing = reason == Qt::PopupFocusReason ||
+                                 reason == Qt::ActiveWindowFocusReason ||
+                                 reason == Qt::MenuBarFocusReason;
+            if (type == QEvent::FocusIn) {
+                if (passing && focusedBox_ == i) break;
+                focusedBox_ = i;
                 TextBoxGotFocus(app_, box);
-            else
+            } else {
+                if (passing) break;
+                focusedBox_ = -1;
                 TextBoxLostFocus(app_, box);
+            }
             break;
         }
     }
@@ -601,6 +621,16 @@ void MainWindow::surfaceMousePress(int button, QPoint at, QPoint global) {
     const int x = at.x() * TwipsPerPixel, y = at.y() * TwipsPerPixel;
     if (app_.view.geometry.DispAreaShp.contains(x, y)) dispArea_->setFocus(Qt::MouseFocusReason);
     if (OpensFieldMenu(app_.view, button, x, y)) popup_->popup(global);
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    // The program opens with the word in front: the display area has the focus, so that its
+    // keys work at once and no text box is entered before the user chooses one.
+    if (!shown_) {
+        shown_ = true;
+        dispArea_->setFocus(Qt::OtherFocusReason);
+    }
 }
 
 void MainWindow::surfaceDoubleClick() {
@@ -627,7 +657,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     }
     event->accept();
     ending_ = true;
-    QCoreApplication::exit(app_.exitCode);
+    Q_EMIT programEnded(app_.exitCode);
 }
 
 // ---------------------------------------------------------------------------------- commands
@@ -645,7 +675,7 @@ void MainWindow::endIfRequested() {
 void MainWindow::endProgram() {
     ending_ = true;
     close();
-    QCoreApplication::exit(app_.exitCode);
+    Q_EMIT programEnded(app_.exitCode);
 }
 
 void MainWindow::copyImage() {

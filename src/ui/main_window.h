@@ -56,12 +56,19 @@ public:
     void unloadBrowser() override;
     void showStatus(const std::string& text) override;
 
+Q_SIGNALS:
+    // The program is to end with this status (Quit, a way out chosen at a question, or a
+    // file it cannot work without). The window has closed without asking anything more.
+    void programEnded(int exitCode);
+
+public:
     // The design geometry in twips: the word view's height, from the tool bar to the buttons.
     static constexpr int SurfaceHeight = 8580;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -117,6 +124,9 @@ private:
     QHash<QString, QPixmap> pixmaps_;
     QPointer<AboutDialog> about_;
     bool pictureStatus_ = false;
+    bool shown_ = false;
+    // The text box that has the focus within the window (0..3 as boxes_), -1 for none.
+    int focusedBox_ = -1;
 };
 
 } // namespace nebkaro

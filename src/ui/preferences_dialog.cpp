@@ -46,13 +46,14 @@ PreferencesDialog::PreferencesDialog(App& app, QWidget* parent) : QDialog(parent
 
     // The draft button stores 0, not -1.
     auto* quality = frame(this, "fraPrintQuality", "Print Quality");
-    const std::pair<const char*, int> qualities[] = {{"Draft", 0}, {"Low", -2}, {"Medium", -3},
-                                                     {"High", -4}};
+    const std::pair<const char*, int> qualities[] = {
+        {"Draft", 0}, {"Low", -2}, {"Medium", -3}, {"High", -4}};
     for (auto [caption, value] : qualities) {
         const QString name = QStringLiteral("opt") + QLatin1String(caption);
         auto* b = option(quality, quality->layout(), name.toLatin1().constData(), caption,
                          s.printQuality == value);
-        connect(b, &QRadioButton::clicked, this, [&app, v = value] { app.settings.printQuality = v; });
+        connect(b, &QRadioButton::clicked, this,
+                [&app, v = value] { app.settings.printQuality = v; });
     }
 
     auto* showAbout = new QCheckBox(QStringLiteral("Show About Screeen"), this);

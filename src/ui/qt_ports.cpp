@@ -49,9 +49,12 @@ Answer firstButton(Buttons b) {
 
 Answer refusal(Buttons b) {
     switch (b) {
-    case Buttons::OK: return Answer::OK;
-    case Buttons::YesNo: return Answer::No;
-    default: return Answer::Cancel;
+    case Buttons::OK:
+        return Answer::OK;
+    case Buttons::YesNo:
+        return Answer::No;
+    default:
+        return Answer::Cancel;
     }
 }
 
@@ -113,16 +116,32 @@ Answer QtDialogs::message(const std::string& text, const std::string& title, But
     box.setWindowTitle(programTitle(title));
     box.setText(messageText(text));
     switch (icon) {
-    case Icon::Critical: box.setIcon(QMessageBox::Critical); break;
-    case Icon::Question: box.setIcon(QMessageBox::Question); break;
-    case Icon::Exclamation: box.setIcon(QMessageBox::Warning); break;
-    case Icon::Information: box.setIcon(QMessageBox::Information); break;
-    case Icon::None: box.setIcon(QMessageBox::NoIcon); break;
+    case Icon::Critical:
+        box.setIcon(QMessageBox::Critical);
+        break;
+    case Icon::Question:
+        box.setIcon(QMessageBox::Question);
+        break;
+    case Icon::Exclamation:
+        box.setIcon(QMessageBox::Warning);
+        break;
+    case Icon::Information:
+        box.setIcon(QMessageBox::Information);
+        break;
+    case Icon::None:
+        box.setIcon(QMessageBox::NoIcon);
+        break;
     }
     switch (buttons) {
-    case Buttons::OK: box.setStandardButtons(QMessageBox::Ok); break;
-    case Buttons::OKCancel: box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel); break;
-    case Buttons::YesNo: box.setStandardButtons(QMessageBox::Yes | QMessageBox::No); break;
+    case Buttons::OK:
+        box.setStandardButtons(QMessageBox::Ok);
+        break;
+    case Buttons::OKCancel:
+        box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel);
+        break;
+    case Buttons::YesNo:
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        break;
     case Buttons::YesNoCancel:
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
         break;
@@ -132,10 +151,14 @@ Answer QtDialogs::message(const std::string& text, const std::string& title, But
                              ? QMessageBox::Yes
                              : QMessageBox::Ok);
     switch (box.exec()) {
-    case QMessageBox::Ok: return Answer::OK;
-    case QMessageBox::Yes: return Answer::Yes;
-    case QMessageBox::No: return Answer::No;
-    default: return refusal(buttons);
+    case QMessageBox::Ok:
+        return Answer::OK;
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    default:
+        return refusal(buttons);
     }
 }
 
@@ -203,8 +226,7 @@ std::optional<std::filesystem::path> runFileDialog(QFileDialog::AcceptMode mode,
         dialog.setDirectory(QString::fromStdString(proposed.parent_path().string()));
         dialog.selectFile(QString::fromStdString(proposed.filename().string()));
     }
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return std::nullopt;
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     return std::filesystem::path(dialog.selectedFiles().first().toStdString());
 }
 } // namespace

@@ -27,8 +27,8 @@ class QtDialogs : public Dialogs {
 public:
     enum class Mode { Interactive, Scripted, Unattended };
     struct Prompt {
-        std::string kind; // "message", "input", "open", "save"
-        std::string text; // message text, input prompt, or the proposed file
+        std::string kind;  // "message", "input", "open", "save"
+        std::string text;  // message text, input prompt, or the proposed file
         std::string title; // title, or the filter of a file dialog
         Buttons buttons = Buttons::OK;
         Icon icon = Icon::None;

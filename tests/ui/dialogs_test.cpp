@@ -1,0 +1,258 @@
+// The small windows and the Qt side of the ports: file filters, scripted answers, the
+// dictionary information dialog, About, Preferences, and the word's picture.
+#include "core/app.h"
+#include "core/files.h"
+#include "display/word_picture_qt.h"
+#include "program_folder.h"
+#include "ui/about_dialog.h"
+#include "ui/header_dialog.h"
+#include "ui/preferences_dialog.h"
+#include "ui/qt_ports.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+
+using namespace nebkaro;
+using namespace nebkaro::uitest;
+
+namespace {
+struct Context {
+    ProgramFolder folder;
+    QtDialogs dialogs;
+    QtClipboard clipboard;
+    QtEventPump events;
+    FolderSignPictures pictures{folder.path()};
+    AtomicFileWriter writer;
+    App app{dialogs, clipboard, events, pictures, writer};
+    Context() {
+        app.home = folder.path();
+        app.store.dictionaryPath = folder.path() + "/Dictionaries/Words.nkd";
+    }
+};
+
+void click(QWidget* parent, const char* name) {
+    auto* b = parent->findChild<QAbstractButton*>(QLatin1String(name));
+    QVERIFY2(b, name);
+    // Check boxes and radio buttons take clicks on their box and caption only.
+    QTest::mouseClick(b, Qt::LeftButton, {}, QPoint(6, b->height() / 2));
+}
+} // namespace
+
+class DialogsTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void init() {
+        QtDialogs::setMode(QtDialogs::Mode::Scripted);
+        QtDialogs::reset();
+    }
+
+    void fileFiltersBecomeQtNameFilters() {
+        QCOMPARE(qtNameFilters("Dictionary (*.nkd)|*.nkd| Comma Separated Variables "
+                               "(*.csv)|*.csv| All Files (*.*)|*.*"),
+                 (QStringList{"Dictionary (*.nkd)", "Comma Separated Variables (*.csv)",
+                              "All Files (*)"}));
+        QCOMPARE(qtNameFilters("Pictures (*.bmp)|*.bmp"), QStringList{"Pictures (*.bmp)"});
+        // The pattern part is what counts; a description without one gets it.
+        QCOMPARE(qtNameFilters("Pictures|*.bmp;*.dib"), QStringList{"Pictures (*.bmp *.dib)"});
+        QCOMPARE(qtNameFilters(""), QStringList{});
+        QCOMPARE(qtNameFilters("Dangling"), QStringList{});
+    }
+
+    void scriptedDialogsRecordEveryPromptAndAnswerFromTheQueue() {
+        QtDialogs d;
+        QtDialogs::pushAnswer(Answer::No);
+        QCOMPARE(d.message("Go on?", "Title", Buttons::YesNo, Icon::Question), Answer::No);
+        // OK-only messages need no prepared answer.
+        QCOMPARE(d.message("Note", "", Buttons::OK, Icon::Exclamation), Answer::OK);
+        // A question nobody prepared for is recorded and refused.
+        QCOMPARE(d.message("Unasked?", "", Buttons::YesNoCancel, Icon::Question), Answer::Cancel);
+        QCOMPARE(d.message("Unasked too?", "", Buttons::YesNo, Icon::Question), Answer::No);
+        QtDialogs::pushFile(std::filesystem::path("/x/y.nkd"));
+        QCOMPARE(d.openFile("F|*.f", "/x/z.nkd"), std::optional<std::filesystem::path>("/x/y.nkd"));
+        QCOMPARE(d.saveFile("F|*.f", "/x/z.nkd"), std::optional<std::filesystem::path>());
+        QtDialogs::pushInput(std::string("typed"));
+        QCOMPARE(d.input("Index?", "", "0"), std::optional<std::string>("typed"));
+        d.beep();
+        QCOMPARE(QtDialogs::beeps(), 1);
+        QCOMPARE(QtDialogs::prompts().size(), std::size_t(7));
+        QCOMPARE(QtDialogs::prompts()[0].title, std::string("Title"));
+        QCOMPARE(QtDialogs::prompts()[4].kind, std::string("open"));
+        QCOMPARE(QtDialogs::prompts()[4].text, std::string("/x/z.nkd"));
+        QCOMPARE(QtDialogs::unexpected(),
+                 (std::vector<std::string>{"Unasked?", "Unasked too?", "save file dialog"}));
+        QtDialogs::reset();
+        QVERIFY(QtDialogs::prompts().empty() && QtDialogs::unexpected().empty());
+        QCOMPARE(QtDialogs::mode(), QtDialogs::Mode::Scripted);
+    }
+
+    void unattendedDialogsTakeTheFirstButtonAndCancelFiles() {
+        QtDialogs::setMode(QtDialogs::Mode::Unattended);
+        QtDialogs d;
+        QCOMPARE(d.message("Open another?", "", Buttons::YesNo, Icon::Question), Answer::Yes);
+        QCOMPARE(d.message("Load?", "", Buttons::OKCancel, Icon::Exclamation), Answer::OK);
+        QCOMPARE(d.openFile("F|*.f", "/x"), std::optional<std::filesystem::path>());
+        QCOMPARE(d.input("?", "", ""), std::optional<std::string>());
+        QVERIFY(QtDialogs::prompts().empty());
+    }
+
+    void headerDialogShowsTheBoxesAndSetsHasHeaderFromThem() {
+        Context c;
+        DictionaryHeader shown{"Name", "Author", "", "", "", "", "last"};
+        HeaderDialog dialog(c.app, shown);
+        dialog.show();
+        QCOMPARE(dialog.windowTitle(), QString::fromStdString(c.app.store.dictionaryPath));
+        QCOMPARE(dialog.findChild<QLabel*>(QStringLiteral("lblHeading"))->text(),
+                 QStringLiteral("DICTIONARY INFO"));
+        QCOMPARE(dialog.findChild<QLabel*>(QStringLiteral("lblModified"))->buddy(),
+                 dialog.findChild<QLineEdit*>(QStringLiteral("txtHeader2")));
+        QCOMPARE(dialog.findChild<QLineEdit*>(QStringLiteral("txtHeader6"))->text(),
+                 QStringLiteral("last"));
+        // All seven emptied: the dictionary has no header any more.
+        for (int i = 0; i < 7; ++i)
+            dialog.findChild<QLineEdit*>(QStringLiteral("txtHeader%1").arg(i))->clear();
+        c.app.store.hasHeader = true;
+        click(&dialog, "Command1");
+        QVERIFY(!dialog.isVisible());
+        QVERIFY(!c.app.store.hasHeader);
+        QVERIFY(QtDialogs::prompts().empty());
+    }
+
+    void headerDialogRefusesEitherDirectionLetterButNotOthers() {
+        const std::pair<const char*, bool> cases[] = {{"L", false}, {"R", false}, {"l", true},
+                                                      {"r", true},  {"LR", true}, {" L", true}};
+        for (auto [value, accepted] : cases) {
+            Context c;
+            c.app.store.header[0] = "kept";
+            HeaderDialog dialog(c.app, c.app.store.header);
+            dialog.show();
+            auto* box0 = dialog.findChild<QLineEdit*>(QStringLiteral("txtHeader0"));
+            box0->setText(QLatin1String(value));
+            click(&dialog, "Command1");
+            QCOMPARE(dialog.isVisible(), !accepted);
+            QCOMPARE(c.app.store.header[0], accepted ? std::string(value) : std::string("kept"));
+            QCOMPARE(box0->text(), accepted ? QLatin1String(value) : QString());
+            QtDialogs::reset();
+        }
+    }
+
+    void headerSwitchTakesEffectAtOnceEvenWhenClosedByTheFrame() {
+        Context c;
+        HeaderDialog dialog(c.app, c.app.store.header);
+        dialog.show();
+        QVERIFY(dialog.findChild<QCheckBox*>(QStringLiteral("chkShowInfo"))->isChecked());
+        QCOMPARE(dialog.findChild<QCheckBox*>(QStringLiteral("chkShowInfo"))->text(),
+                 QStringLiteral("Show this again (may chage in preferences)"));
+        click(&dialog, "chkShowInfo");
+        dialog.findChild<QLineEdit*>(QStringLiteral("txtHeader1"))->setText("changed");
+        dialog.reject();
+        QVERIFY(!c.app.settings.showDictionaryInfo);
+        QCOMPARE(c.app.store.header[1], std::string());
+    }
+
+    void aboutShowsTheVersionAndItsSwitch() {
+        Context c;
+        AboutDialog about(c.app);
+        about.show();
+        QCOMPARE(about.objectName(), QStringLiteral("About"));
+        QCOMPARE(about.findChild<QLabel*>(QStringLiteral("lblTitle"))->text(),
+                 QStringLiteral("Nebkaro"));
+        QCOMPARE(about.findChild<QLabel*>(QStringLiteral("lblVersion"))->text(),
+                 QStringLiteral("Version: 1.0.0"));
+        auto* show = about.findChild<QCheckBox*>(QStringLiteral("chkShowAbout"));
+        QCOMPARE(show->text(), QStringLiteral("Show this again (may chage in Preferences)"));
+        QVERIFY(show->isChecked());
+        click(&about, "chkShowAbout");
+        QVERIFY(!c.app.settings.showAbout);
+        click(&about, "cmdOK");
+        QVERIFY(!about.isVisible());
+    }
+
+    void preferencesShowTheCurrentValuesAndSaveWritesThem() {
+        Context c;
+        c.app.settings.directionLeft = false;
+        c.app.settings.printQuality = -3;
+        c.app.store.dictionaryName = "Mine.nkd";
+        PreferencesDialog prefs(c.app);
+        prefs.show();
+        auto checked = [&](const char* name) {
+            return prefs.findChild<QAbstractButton*>(QLatin1String(name))->isChecked();
+        };
+        QVERIFY(checked("optBasic") && checked("optRight") && checked("optMedium"));
+        QVERIFY(checked("chkShowAbout") && checked("chkShowInfo"));
+        QCOMPARE(prefs.findChild<QCheckBox*>(QStringLiteral("chkShowAbout"))->text(),
+                 QStringLiteral("Show About Screeen"));
+        // The draft button stores 0; each quality is taken at once.
+        const std::pair<const char*, int> qualities[] = {
+            {"optDraft", 0}, {"optLow", -2}, {"optHigh", -4}, {"optMedium", -3}};
+        for (auto [name, value] : qualities) {
+            click(&prefs, name);
+            QCOMPARE(c.app.settings.printQuality, value);
+        }
+        click(&prefs, "chkShowInfo");
+        QVERIFY(!c.app.settings.showDictionaryInfo);
+        // Save writes the values as they stand; the library chosen but not confirmed is not
+        // among them.
+        click(&prefs, "optExtended");
+        click(&prefs, "cmdSave");
+        QCOMPARE(c.folder.read("System/Settings.nks"),
+                 QByteArray("Nebkaro Settings: \r\n\r\nLibrary = Basic\r\nDirection = Right\r\n"
+                            "Dictionary Name = Mine.nkd\r\nShow About = True\r\n"
+                            "Show Dictionary Info = False\r\n\r\n"));
+        QVERIFY(prefs.isVisible());
+        click(&prefs, "cmdCancel");
+        QVERIFY(c.app.settings.useBasicLibrary);
+        QVERIFY(!c.app.settings.directionLeft);
+    }
+
+    void wordPictureDrawsSignsInSlotOrderWithItsMargin() {
+        ProgramFolder folder;
+        // A black 2 x 2 picture and a white one drawn over it at the same place.
+        QImage black(2, 2, QImage::Format_RGB32), white(2, 2, QImage::Format_RGB32);
+        black.fill(Qt::black);
+        white.fill(Qt::white);
+        black.save(folder.file("black.png"));
+        white.save(folder.file("white.png"));
+        WordPicture pic;
+        pic.width = 60 + 64;
+        pic.height = 30 + 64;
+        auto placed = [&](const char* file, int x, int y, bool ok = true) {
+            PlacedPicture p;
+            p.picture.file = folder.file(QLatin1String(file)).toStdString();
+            p.picture.width = p.picture.height = ok ? 30 : 45;
+            p.picture.ok = ok;
+            p.x = x + 32;
+            p.y = y + 32;
+            return p;
+        };
+        pic.pictures = {placed("black.png", 0, 0), placed("white.png", 0, 0),
+                        placed("black.png", 30, 0), placed("gone.png", 60, 0, false)};
+        const QImage image = WordPictureImage(pic);
+        QCOMPARE(image.size(), QSize(9, 7)); // 124 x 94 twips, each part of a pixel counted
+        QCOMPARE(image.pixelColor(2, 2), QColor(Qt::white)); // the later sign covers
+        QCOMPARE(image.pixelColor(3, 3), QColor(Qt::white));
+        QCOMPARE(image.pixelColor(4, 2), QColor(Qt::black));
+        QCOMPARE(image.pixelColor(5, 3), QColor(Qt::black));
+        QCOMPARE(image.pixelColor(0, 0), QColor(Qt::white)); // margin
+        // The unreadable picture is a frame of its slot's size (45 twips = 3 pixels).
+        QVERIFY(image.pixelColor(6, 4) != QColor(Qt::white));
+        QVERIFY(image.pixelColor(8, 2) != QColor(Qt::white));
+        QCOMPARE(image.pixelColor(7, 3), QColor(Qt::white));
+
+        const QByteArray svg = WordPictureSvg(pic);
+        QVERIFY(svg.startsWith("<?xml"));
+        QVERIFY(svg.contains("width=\"9\" height=\"7\""));
+        QCOMPARE(svg.count("<image "), 3);
+        QCOMPARE(svg.count("<rect "), 2); // background and the empty frame
+        const QString file = folder.file("w.svg");
+        QVERIFY(SaveWordPicture(pic, file, ImageFormat::Svg));
+        QCOMPARE(QImage(file).size(), QSize(9, 7));
+        QVERIFY(!SaveWordPicture(pic, folder.file("no/such/folder/w.bmp"), ImageFormat::Bmp));
+    }
+};
+
+QTEST_MAIN(DialogsTest)
+#include "dialogs_test.moc"
