@@ -49,14 +49,17 @@ int cmdShow(const std::vector<std::string>& args) {
         throw Usage("no word " + args[1] + " (the dictionary has " +
                     std::to_string(d.words.size()) + " words)");
     for (int f = 0; f < FieldCount; ++f)
-        std::cout << f << ": " << d.words[static_cast<std::size_t>(index)][static_cast<std::size_t>(f)] << "\n";
+        std::cout << f << ": "
+                  << d.words[static_cast<std::size_t>(index)][static_cast<std::size_t>(f)] << "\n";
     return 0;
 }
 
 const std::map<std::string, std::string>& helpTexts() {
     static const std::map<std::string, std::string> h = {
-        {"info", "nebkaro-cli info FILE\n  Header values, word count, and whether the file has a header.\n"},
-        {"show", "nebkaro-cli show FILE INDEX\n  The seven fields of word INDEX (from 0), one per line, as 'N: value'.\n"},
+        {"info", "nebkaro-cli info FILE\n  Header values, word count, and whether the file has a "
+                 "header.\n"},
+        {"show", "nebkaro-cli show FILE INDEX\n  The seven fields of word INDEX (from 0), one per "
+                 "line, as 'N: value'.\n"},
     };
     return h;
 }
