@@ -29,6 +29,13 @@ void runComposer(App& app) {
     app.windows->runComposer();
 }
 
+// Setting a box to a different text is a change of it, as typing would be.
+void setBox(WordView& view, std::string& box, std::string value) {
+    if (box == value) return;
+    box = std::move(value);
+    view.textChanged = true;
+}
+
 // Shows the signs the composer left in app.glyphs, centred in the display area as a drawn
 // word is, with pictures from the given folders.
 void showComposedWord(App& app, const std::string& library, const std::string& direction) {
@@ -47,12 +54,11 @@ void showComposedWord(App& app, const std::string& library, const std::string& d
     }
     PlaceGlyphGroup(app);
     DrawWordImage(app);
-    view.GardinerTxt = app.composedGardiner;
+    setBox(view, view.GardinerTxt, app.composedGardiner);
     view.RichGardinerlbl = app.layoutText;
 }
 
-// The folders the word will be drawn from once stored: a new word takes the settings'
-// direction and library, an edited word keeps its own; either becomes Extended once that
+// The library an edited word will be drawn from once stored: its own, or Extended once that
 // library has been chosen in the composer.
 std::string storedLibrary(const App& app, const std::string& libraryField) {
     return app.extendedChosen ? "Extended" : libraryFolder(libraryField);
@@ -137,9 +143,9 @@ void New(App& app, bool insert) {
         app.settings.useBasicLibrary && !app.extendedChosen ? "Basic" : "Extended";
     showComposedWord(app, library, app.settings.directionLeft ? "Left" : "Right");
     WordView& view = app.view;
-    view.MeaningTxt.clear();
-    view.CommentTxt.clear();
-    view.TransLitTxt.clear();
+    setBox(view, view.MeaningTxt, "");
+    setBox(view, view.CommentTxt, "");
+    setBox(view, view.TransLitTxt, "");
     view.txtNumber = std::to_string(store.lastIndex + 1);
     app.windows->wordViewChanged();
 }
