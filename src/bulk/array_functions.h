@@ -15,6 +15,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -92,6 +93,12 @@ template <class Table> auto makeKeys(const Table& table, int column, int last, b
     return keys;
 }
 
+// The Gardiner-code order of two notations that start with the same character, worked out
+// without allocating for the everyday notations (ASCII codes such as "A1", "N35a" joined by
+// "-", ":" or "*", at most four digits, short); nullopt for anything else, which the full
+// comparison then decides (including its errors).
+std::optional<bool> simpleGardinerGreater(std::string_view a, std::string_view b);
+
 // a > b, or for Gardiner notations a after b in Gardiner order. The notation comparison may
 // rewrite its arguments, so it works on copies (kept in the scratch strings to save
 // allocations); a failure of that comparison (RunError) goes to the caller.
@@ -108,6 +115,7 @@ struct Greater {
                 // Different first bytes mean different first characters, for which the
                 // notation order is the plain text order of the unchanged values.
                 if (!a.empty() && !b.empty() && a[0] != b[0]) return a > b;
+                if (const auto simple = simpleGardinerGreater(a, b)) return *simple;
                 sa.assign(a);
                 sb.assign(b);
                 return GardinerGreater(sa, sb);

@@ -246,3 +246,33 @@ TEST(ArrayFunctions, ShuffleReachesEveryOrderAndRepeatsForASeed) {
     }
     EXPECT_EQ(seen.size(), 6u);
 }
+
+TEST(ArrayFunctions, QuickGardinerOrderAgreesWithTheFullComparison) {
+    // Notations built from parts that the quick path reads and parts it leaves to the full
+    // comparison (two-letter categories, empty parts, long numbers, blanks, other letters).
+    const std::vector<std::string> parts = {"A1",   "A2", "A10",    "A1a", "A01", "Aa15",  "Aa2",
+                                            "A",    "",   "A99999", "A 3", "G17", "G1b",   "N35",
+                                            "N35a", "Ab", "A1.5",   "Aš1", "X1",  "A12345"};
+    const std::vector<std::string> seps = {"-", " - ", ":", "*", "--"};
+    std::mt19937 rng(3);
+    auto notation = [&] {
+        const std::string& first = parts[rng() % parts.size()];
+        std::string s = "A" + (first.empty() ? "" : first.substr(1));
+        const int more = static_cast<int>(rng() % 3);
+        for (int k = 0; k < more; ++k) s += seps[rng() % seps.size()] + parts[rng() % parts.size()];
+        if (rng() % 5 == 0) s += " ";
+        return s;
+    };
+    int quick = 0;
+    for (int round = 0; round < 20000; ++round) {
+        const std::string a = notation(), b = notation();
+        const auto simple = detail::simpleGardinerGreater(a, b);
+        if (!simple) continue;
+        ++quick;
+        std::string ca = a, cb = b;
+        bool full = false;
+        ASSERT_NO_THROW(full = GardinerGreater(ca, cb)) << a << " / " << b;
+        ASSERT_EQ(*simple, full) << a << " / " << b;
+    }
+    EXPECT_GT(quick, 2000); // the quick path does carry the everyday notations
+}
