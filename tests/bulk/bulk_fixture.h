@@ -1,10 +1,10 @@
 #pragma once
-// An App over the scripted fakes, wired to the real word renderer and a Store that writes the
-// word view back into the current row, with a window stand-in that records the sort dialog,
-// the progress dialog and the counter label.
+// An App over the scripted fakes, wired to the real word renderer and Store, with a window stand-in
+// that records the sort dialog, the progress dialog and the counter label.
 #include "bulk/sort_dialog_model.h"
 #include "core/app.h"
 #include "display/render.h"
+#include "editing/word_editing.h"
 #include "fakes.h"
 
 #include <functional>
@@ -41,23 +41,11 @@ struct BulkApp {
     BulkApp() {
         app.windows = &windows;
         app.renderWord = [](App& a) { RenderWord(a); };
-        app.storeWord = [this](App& a) { store(a); };
+        app.storeWord = [this](App& a) {
+            ++stores;
+            Store(a);
+        };
         app.store.dictionaryPath = "/dictionaries/Words.nkd";
-    }
-
-    // The word view written back into the current row, as the Store button does.
-    void store(App& a) {
-        ++stores;
-        DictionaryStore& s = a.store;
-        if (s.newWordPending) s.takeRowForNewWord();
-        const int w = s.currentIndex;
-        s.setField(w, FieldLayout, a.view.RichGardinerlbl);
-        s.setField(w, FieldGardiner, a.view.GardinerTxt);
-        s.setField(w, FieldTranslit, a.view.TransLitTxt);
-        s.setField(w, FieldMeaning, a.view.MeaningTxt);
-        s.setField(w, FieldComment, a.view.CommentTxt);
-        s.newWordPending = s.editPending = s.composeAccepted = false;
-        s.isChanged = true;
     }
 
     void setWords(const std::vector<WordRecord>& words) {
