@@ -94,7 +94,7 @@ void ToolbarSort(App& app, int field, SortOrder order) {
     app.renderWord(app);
 }
 
-double MenuSort(App& app, int field, SortOrder order) {
+double MenuSort(App& app, int field, SortOrder order, int algorithm) {
     DictionaryStore& store = app.store;
     app.windows->showProgress("Sorting Started");
     const int chosen = field;
@@ -105,7 +105,10 @@ double MenuSort(App& app, int field, SortOrder order) {
         }
         app.sortCancelled = false;
         const auto t0 = std::chrono::steady_clock::now();
-        CombSort(app, WordRows(store), field, store.lastIndex - 1, order);
+        if (algorithm == 1)
+            ExchangeSort(app, WordRows(store), field, store.lastIndex - 1, order);
+        else
+            CombSort(app, WordRows(store), field, store.lastIndex - 1, order);
         if (chosen == SortByClassic) EncodeTransliteration(app, 1);
         store.isChanged = true;
         store.currentIndex = 0;

@@ -122,6 +122,14 @@ TEST(Sort, BothSortsOrderByTheChosenFieldAndDirection) {
     }
 }
 
+TEST(Sort, TheExchangeSortAlternativeComparesPlainText) {
+    BulkApp t;
+    t.setField(3, {"A2", "b", "A10", "A1"});
+    MenuSort(t.app, 3, {false, true}, 1);
+    EXPECT_EQ(t.column(3), (Strings{"A1", "A10", "A2", "b"}));
+    EXPECT_EQ(t.windows.counter.front(), 2);
+}
+
 TEST(Sort, MenuSortWithoutCaseFoldsBothCases) {
     BulkApp t;
     t.setField(5, {"b", "A", "c", "a", "B"});
