@@ -1,6 +1,8 @@
-#include "ui/about_dialog.h"
-
+// The logic's headers come before any Qt header: Qt's "slots" keyword would clash with
+// GlyphTable::slots.
 #include "core/app.h"
+
+#include "ui/about_dialog.h"
 
 #include <QCheckBox>
 #include <QLabel>

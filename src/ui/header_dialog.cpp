@@ -1,7 +1,9 @@
-#include "ui/header_dialog.h"
-
+// The logic's headers come before any Qt header: Qt's "slots" keyword would clash with
+// GlyphTable::slots.
 #include "core/app.h"
 #include "core/dictionary_file.h"
+
+#include "ui/header_dialog.h"
 
 #include <QCheckBox>
 #include <QGridLayout>

@@ -10,8 +10,10 @@
 #include "display/word_view_events.h"
 #include "editing/commands.h"
 #include "ui/about_dialog.h"
+#include "ui/cancel_dialog.h"
 #include "ui/header_dialog.h"
 #include "ui/preferences_dialog.h"
+#include "ui/sort_dialog.h"
 
 #include <QAction>
 #include <QApplication>
@@ -301,6 +303,12 @@ void MainWindow::buildWordView() {
         if (CommandAvailable(app_, CommandId::Go)) runCommand(CommandId::Go);
     });
 
+    counter_ = new QLabel(surface_);
+    counter_->setObjectName(QStringLiteral("lblCounter"));
+    counter_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    counter_->setToolTip(QStringLiteral("Passes left of the sort"));
+    fixed_.emplace_back(counter_, QRect(5900, 3240, 660, 390));
+
     progressTrack_ = new QFrame(surface_);
     progressTrack_->setObjectName(QStringLiteral("fraProgress"));
     progressTrack_->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
@@ -522,6 +530,7 @@ void MainWindow::wordViewChanged() {
     setText(boxes_[3], v.CommentTxt);
     setText(number_, v.txtNumber);
     richGardiner_->setText(qs(v.RichGardinerlbl));
+    richGardiner_->setToolTip(qs(v.RichGardinerlbl)); // a long layout runs past the box
 
     for (int i = 0; i < 5; ++i) {
         const QSignalBlocker block(hide_[static_cast<std::size_t>(i)]);
@@ -539,6 +548,7 @@ void MainWindow::wordViewChanged() {
     progress_->setGeometry(px(200), 2, px(v.progressWidth), std::max(1, px(120) - 4));
     progress_->setVisible(v.progressWidth > 0);
 
+    counter_->clear();
     if (v.missingPictures.empty() && pictureStatus_) {
         statusBar()->clearMessage();
         pictureStatus_ = false;
@@ -571,6 +581,25 @@ void MainWindow::unloadBrowser() {
             w->deleteLater();
         }
     }
+}
+
+void MainWindow::showSortDialog() {
+    if (!sort_) sort_ = new SortDialog(app_, this);
+    sort_->showModal();
+}
+
+void MainWindow::showProgress(const std::string& text) {
+    if (!progressDialog_) progressDialog_ = new CancelDialog(app_, this);
+    progressDialog_->showWith(text);
+}
+
+void MainWindow::hideProgress() {
+    if (progressDialog_) progressDialog_->hide();
+}
+
+void MainWindow::showCounter(int value) {
+    // The passes left of a long sort; the count goes when the sorted word is drawn.
+    counter_->setText(QString::number(value));
 }
 
 void MainWindow::showStatus(const std::string& text) {
@@ -753,3 +782,7 @@ void MainWindow::showAbout() {
 }
 
 } // namespace nebkaro
+
+// Compiled here, after the logic's headers, rather than beside other windows' meta-object
+// code: Qt's "slots" keyword would clash with GlyphTable::slots.
+#include "moc_main_window.cpp"

@@ -28,6 +28,8 @@ namespace nebkaro {
 enum class CommandId : int;
 struct MenuItem;
 class AboutDialog;
+class CancelDialog;
+class SortDialog;
 class WordSurface;
 
 class MainWindow : public QMainWindow, public Windows {
@@ -55,6 +57,10 @@ public:
     void showAboutModal() override;
     void unloadBrowser() override;
     void showStatus(const std::string& text) override;
+    void showSortDialog() override;
+    void showProgress(const std::string& text) override;
+    void hideProgress() override;
+    void showCounter(int value) override;
 
 Q_SIGNALS:
     // The program is to end with this status (Quit, a way out chosen at a question, or a
@@ -123,6 +129,10 @@ private:
     std::vector<std::pair<QWidget*, QRect>> fixed_; // controls placed by the design, in twips
     QHash<QString, QPixmap> pixmaps_;
     QPointer<AboutDialog> about_;
+    // Kept once made: the Sort dialog's choices live on between sorts.
+    SortDialog* sort_ = nullptr;
+    CancelDialog* progressDialog_ = nullptr;
+    QLabel* counter_ = nullptr;
     bool pictureStatus_ = false;
     bool shown_ = false;
     // The text box that has the focus within the window (0..3 as boxes_), -1 for none.

@@ -1,8 +1,10 @@
-#include "ui/preferences_dialog.h"
-
+// The logic's headers come before any Qt header: Qt's "slots" keyword would clash with
+// GlyphTable::slots.
 #include "core/app.h"
 #include "core/errors.h"
 #include "core/preferences.h"
+
+#include "ui/preferences_dialog.h"
 
 #include <QCheckBox>
 #include <QGroupBox>

@@ -17,6 +17,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSignalSpy>
 #include <QStatusBar>
 #include <QTest>
 #include <QToolButton>
@@ -358,9 +359,12 @@ private Q_SLOTS:
         QVERIFY(!p.app.endRequested);
         QCOMPARE(p.folder.read("System/Settings.nks"), before);
         // No: the program ends without saving the words, and the settings are written.
+        QSignalSpy ended(p.window.get(), &MainWindow::programEnded);
         QtDialogs::pushAnswer(Answer::No);
         p.click("cmdQuit");
         QVERIFY(p.app.endRequested);
+        QCOMPARE(ended.count(), 1);
+        QVERIFY(!p.window->isVisible());
         QVERIFY(p.folder.read("System/Settings.nks").contains("Direction = Right"));
         QCOMPARE(p.folder.read("Dictionaries/Words.nkd"), words);
     }
@@ -482,6 +486,25 @@ private Q_SLOTS:
         QVERIFY(!p.app.settings.useBasicLibrary);
         QVERIFY(!p.app.settings.directionLeft);
         QCOMPARE(p.app.lists.signCount, 5);
+    }
+
+    void longOperationsShowProgressAndCountPasses() {
+        Program p;
+        p.folder.settings(false, false);
+        QVERIFY(p.startAndShow());
+        Windows& port = *p.app.windows;
+        port.showProgress("Sorting by Meaning");
+        auto* progress = p.window->findChild<QWidget*>(QStringLiteral("frmCancelDialog"));
+        QVERIFY(progress && progress->isVisible());
+        QCOMPARE(progress->findChild<QLabel*>(QStringLiteral("lblProcess"))->text(),
+                 QStringLiteral("Sorting by Meaning"));
+        port.showCounter(7);
+        QCOMPARE(p.find<QLabel>("lblCounter")->text(), QStringLiteral("7"));
+        port.hideProgress();
+        QVERIFY(!progress->isVisible());
+        QVERIFY(!p.app.sortCancelled);
+        p.click("cmdLast"); // the sorted word is drawn: the count has done its work
+        QVERIFY(p.find<QLabel>("lblCounter")->text().isEmpty());
     }
 
     void everyControlCarriesItsNameCaptionAndTip() {
