@@ -5,6 +5,7 @@
 #include "core/startup.h"
 #include "core/text.h"
 #include "display/image_export.h"
+#include "display/main_layout.h"
 #include "display/unicode_text.h"
 #include "display/word_picture_qt.h"
 #include "display/word_view_events.h"
@@ -45,6 +46,13 @@ namespace nebkaro {
 namespace {
 
 constexpr int TwipsPerPixel = 15;
+
+// The design of the word view, in twips: the boxes' left edge and height, and the tops of
+// RichGardinerlbl, GardinerTxt, TransLitTxt, MeaningTxt and CommentTxt (each box's caption
+// stands 240 twips above it).
+constexpr int FieldLeft = 400;
+constexpr int BoxHeight = 330;
+constexpr int FieldTop[5] = {3960, 4620, 5280, 5940, 6600};
 
 int px(int twips) {
     return static_cast<int>(std::lround(twips / static_cast<double>(TwipsPerPixel)));
@@ -243,12 +251,11 @@ void MainWindow::buildWordView() {
     };
     // Fields: a caption, then the box under it; the hide switch of the box in the margin on
     // the right. Widths follow the window (layoutControls); tops are the design's.
-    constexpr int fieldTop[5] = {3960, 4620, 5280, 5940, 6600};
-    label("Label1", "Enriched Notation", 400, fieldTop[0] - 240);
-    label("Label2", "Gardiner's Notation", 400, fieldTop[1] - 240);
-    label("Label3", "Translitteration", 400, fieldTop[2] - 240);
-    label("Label4", "Meaning", 400, fieldTop[3] - 240);
-    label("Commentlbl", "Comment", 400, fieldTop[4] - 240);
+    label("Label1", "Enriched Notation", FieldLeft, FieldTop[0] - 240);
+    label("Label2", "Gardiner's Notation", FieldLeft, FieldTop[1] - 240);
+    label("Label3", "Translitteration", FieldLeft, FieldTop[2] - 240);
+    label("Label4", "Meaning", FieldLeft, FieldTop[3] - 240);
+    label("Commentlbl", "Comment", FieldLeft, FieldTop[4] - 240);
     auto* hideLabel = new QLabel(QStringLiteral("Hide"), surface_);
     hideLabel->setObjectName(QStringLiteral("Label5"));
     hideLabel->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
@@ -452,20 +459,19 @@ void MainWindow::layoutControls() {
     for (const auto& [widget, r] : fixed_)
         widget->setGeometry(pixelRect(r.x(), r.y(), r.width(), r.height()));
 
-    constexpr int fieldTop[5] = {3960, 4620, 5280, 5940, 6600};
-    constexpr int boxHeight = 330;
-    richGardiner_->setGeometry(pixelRect(400, fieldTop[0], w - 800, boxHeight));
-    boxes_[0]->setGeometry(pixelRect(400, fieldTop[1], w - 800, boxHeight));
-    boxes_[1]->setGeometry(pixelRect(400, fieldTop[2], w - 1400, boxHeight));
-    boxes_[2]->setGeometry(pixelRect(400, fieldTop[3], w - 800, boxHeight));
-    boxes_[3]->setGeometry(pixelRect(400, fieldTop[4], w - 800, boxHeight));
+    const MainLayout l = MainLayoutFor(w);
+    richGardiner_->setGeometry(pixelRect(FieldLeft, FieldTop[0], l.textWidth, BoxHeight));
+    boxes_[0]->setGeometry(pixelRect(FieldLeft, FieldTop[1], l.textWidth, BoxHeight));
+    boxes_[1]->setGeometry(pixelRect(FieldLeft, FieldTop[2], l.translitWidth, BoxHeight));
+    boxes_[2]->setGeometry(pixelRect(FieldLeft, FieldTop[3], l.textWidth, BoxHeight));
+    boxes_[3]->setGeometry(pixelRect(FieldLeft, FieldTop[4], l.textWidth, BoxHeight));
     if (auto* guess = surface_->findChild<QPushButton*>(QStringLiteral("cmdTransGuess")))
-        guess->setGeometry(pixelRect(400 + (w - 1400) + 100, fieldTop[2], 590, boxHeight));
+        guess->setGeometry(pixelRect(FieldLeft + l.guessLeftOffset, FieldTop[2], 590, BoxHeight));
     for (int i = 0; i < 5; ++i)
         hide_[static_cast<std::size_t>(i)]->setGeometry(
-            pixelRect(w - 290, fieldTop[i] + 30, 270, 270));
+            pixelRect(w - 290, FieldTop[i] + 30, 270, 270));
     if (auto* hideLabel = surface_->findChild<QLabel*>(QStringLiteral("Label5")))
-        hideLabel->setGeometry(pixelRect(w - 400, fieldTop[0] - 240, 400, 240));
+        hideLabel->setGeometry(pixelRect(w - 400, FieldTop[0] - 240, 400, 240));
     showGlyphs();
 }
 
