@@ -1,6 +1,7 @@
 #pragma once
 // The program-wide state and the ports through which the logic reaches the desktop. One App
 // lives from start-up to exit and is passed by reference; nothing else is global.
+#include "bulk/search_state.h"
 #include "core/dictionary_store.h"
 #include "core/glyph_table.h"
 #include "core/ports.h"
@@ -40,6 +41,18 @@ struct Windows {
     virtual void setPrinterDefaults() {}
     // A line for the status bar.
     virtual void showStatus(const std::string&) {}
+    // The main window's progress bar at this fraction (0..1) of its length. Called once per
+    // word a search passes over, so it should only repaint when the drawn length changes.
+    virtual void setProgress(float /*fraction*/) {}
+    // Shows the Search dialog (its controls are App::search) without blocking and returns
+    // once it has been hidden (OK) or closed (Cancel), letting events through meanwhile.
+    virtual void showSearchDialogAndWait() {}
+    // The text of a typewriter target whose text another window holds (the browser's
+    // transliteration box, the composer's code box); nullptr when that window is not open.
+    // The main window's TransLitTxt and the Search dialog's txtSearch are App's own.
+    virtual std::string* typewriterText(TypewriterTarget) { return nullptr; }
+    // The typewriter changed that target's text: its window shows it again.
+    virtual void typewriterTextChanged(TypewriterTarget) {}
 };
 
 struct App {
@@ -73,6 +86,14 @@ struct App {
     bool sortCancelled = false;
 
     TypewriterTarget typewriterTarget = TypewriterTarget::MainTransLit;
+
+    // The word field Find searches (5 Meaning, 4 Transliteration, 3 Gardiner, 6 Comment), and
+    // whether the Search dialog was left with OK.
+    int searchField = FieldMeaning;
+    bool searchAccepted = false;
+    // The Search dialog's controls, and the criteria Find Next and Find Previous reuse.
+    SearchDialogState search;
+    SearchCriteria searchCriteria;
 
     // The program is to end now (without saving), with this status.
     bool endRequested = false;
