@@ -7,9 +7,15 @@ namespace nebkaro {
 
 namespace {
 
-// One code point at i, advancing i. Bytes that do not start a complete sequence count as one
-// character each, so a stray byte can never make a value unmatchable by "?" or "*".
-char32_t next(std::string_view s, std::size_t& i) {
+[[noreturn]] void invalidPattern() {
+    throw RunError(InvalidPatternError, "Invalid pattern string");
+}
+
+} // namespace
+
+// Bytes that do not start a complete sequence count as one character each, so a stray byte
+// can never make a value unmatchable by "?" or "*".
+char32_t NextCodePoint(std::string_view s, std::size_t& i) {
     auto b = static_cast<unsigned char>(s[i]);
     if (b < 0x80) {
         ++i;
@@ -26,12 +32,6 @@ char32_t next(std::string_view s, std::size_t& i) {
     i += len;
     return c;
 }
-
-[[noreturn]] void invalidPattern() {
-    throw RunError(InvalidPatternError, "Invalid pattern string");
-}
-
-} // namespace
 
 LikePattern::LikePattern(std::string_view pattern) {
     const std::u32string p = text::toU32(pattern);
@@ -121,7 +121,7 @@ bool LikePattern::matches(std::string_view value) const {
         }
         if (ti < n) {
             std::size_t after = vi;
-            const char32_t c = next(value, after);
+            const char32_t c = NextCodePoint(value, after);
             if (tokenMatches(tokens_[ti], c)) {
                 ++ti;
                 vi = after;
@@ -130,7 +130,7 @@ bool LikePattern::matches(std::string_view value) const {
         }
         if (star == n) return false;
         ti = star + 1;
-        next(value, starValue);
+        NextCodePoint(value, starValue);
         vi = starValue;
     }
     while (ti < n && tokens_[ti].kind == Kind::Star) ++ti;

@@ -16,22 +16,6 @@ bool isDigit(unsigned char c) {
     return c >= '0' && c <= '9';
 }
 
-// The needle as a pattern that matches only itself.
-std::string literalPattern(std::string_view s) {
-    std::string out;
-    out.reserve(s.size() + 8);
-    for (char c : s) {
-        if (c == '[' || c == '*' || c == '?' || c == '#') {
-            out += '[';
-            out += c;
-            out += ']';
-        } else {
-            out += c;
-        }
-    }
-    return out;
-}
-
 // PrepareValue into a buffer that the walk over the dictionary reuses for every word.
 void prepareInto(std::string& out, std::string_view value, const SearchCriteria& c) {
     out.clear();
@@ -39,16 +23,15 @@ void prepareInto(std::string& out, std::string_view value, const SearchCriteria&
         for (char ch : value)
             if (ch != ' ') out += ch;
     } else {
-        bool ascii = true;
-        for (char ch : value) {
-            const auto b = static_cast<unsigned char>(ch);
-            if (b >= 0x80) {
-                ascii = false;
-                break;
+        for (std::size_t i = 0; i < value.size();) {
+            const auto b = static_cast<unsigned char>(value[i]);
+            if (b < 0x80) {
+                if (b != ' ') out += (b >= 'a' && b <= 'z') ? static_cast<char>(b - 32) : value[i];
+                ++i;
+            } else {
+                text::appendUtf8(out, text::upperChar(NextCodePoint(value, i)));
             }
-            if (b != ' ') out += (b >= 'a' && b <= 'z') ? static_cast<char>(b - 32) : ch;
         }
-        if (!ascii) out = text::upper(text::removeAll(value, ' '));
     }
     if (c.ignoreVariants) out = StripVariants(out);
 }
@@ -105,13 +88,25 @@ std::string StripVariants(std::string_view s) {
 }
 
 bool IsWholeWord(std::size_t pos, std::string_view needle, std::string_view haystack) {
+    // The rules are the patterns needle & "[!A-z]*", "*[!A-z]" & needle and
+    // "*[!A-z]" & needle & "[!A-z]*" with the needle taken literally. A character outside
+    // [A-z] is either one byte outside it or a multi-byte character, none of whose bytes is
+    // in it, so looking at the single byte beside the needle decides.
     const std::size_t n = needle.size();
     const std::size_t h = haystack.size();
-    const std::string word = literalPattern(needle);
+    auto nonLetterAt = [&](std::size_t i) {
+        return !isLetter(static_cast<unsigned char>(haystack[i]));
+    };
     if (n == h && pos == 1) return true;
-    if (n < h && pos == 1) return Like(haystack, word + "[!A-z]*");
-    if (pos >= 2 && pos + n - 1 == h) return Like(haystack, "*[!A-z]" + word);
-    if (pos >= 2 && pos + n - 1 < h) return Like(haystack, "*[!A-z]" + word + "[!A-z]*");
+    if (n < h && pos == 1) return haystack.substr(0, n) == needle && nonLetterAt(n);
+    if (pos >= 2 && pos + n - 1 == h)
+        return haystack.substr(h - n) == needle && nonLetterAt(h - n - 1);
+    if (pos >= 2 && pos + n - 1 < h) {
+        // Any occurrence with a character on each side, both non-letters.
+        for (std::size_t at = haystack.find(needle, 1); at != std::string_view::npos && at + n < h;
+             at = haystack.find(needle, at + 1))
+            if (nonLetterAt(at - 1) && nonLetterAt(at + n)) return true;
+    }
     return false;
 }
 
