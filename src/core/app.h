@@ -9,8 +9,10 @@
 #include "core/sign_lists.h"
 #include "core/word_view.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <string>
 
 namespace nebkaro {
@@ -19,6 +21,9 @@ constexpr int VersionMajor = 1;
 constexpr int VersionMinor = 0;
 constexpr int VersionRevision = 0;
 std::string versionText(); // "1.0.0"
+
+// A command of the main window (the full list is in editing/commands.h).
+enum class CommandId : int;
 
 // The text box that the transliteration typewriter types into.
 enum class TypewriterTarget { None, MainTransLit, SearchText, BrowserTrans, ComposerMdC };
@@ -41,6 +46,18 @@ struct Windows {
     virtual void setPrinterDefaults() {}
     // A line for the status bar.
     virtual void showStatus(const std::string&) {}
+    // The Sort dialog, modal; it leaves its choices in App::sortDialog.
+    virtual void showSortDialog() {}
+    // The progress dialog (frmCancelDialog), modeless, with this text in lblProcess. Its
+    // Cancel sets App::sortCancelled and hides it.
+    virtual void showProgress(const std::string& /*text*/) {}
+    virtual void hideProgress() {}
+    // The main window's counter label, counting down the passes of the tool-bar sort.
+    virtual void showCounter(int) {}
+    // Opens the composer for the word that store.newWordPending or store.editPending names and
+    // returns when it is closed. The composer leaves store.composeAccepted, layoutText,
+    // composedGardiner and the signs in glyphs (placed from 0,0).
+    virtual void runComposer() {}
     // The main window's progress bar at this fraction (0..1) of its length. Called once per
     // word a search passes over, so it should only repaint when the drawn length changes.
     virtual void setProgress(float /*fraction*/) {}
@@ -53,6 +70,19 @@ struct Windows {
     virtual std::string* typewriterText(TypewriterTarget) { return nullptr; }
     // The typewriter changed that target's text: its window shows it again.
     virtual void typewriterTextChanged(TypewriterTarget) {}
+};
+
+// The Sort dialog's controls. The dialog is hidden, never unloaded, by OK and Cancel, so its
+// choices survive from one sort to the next; the sorts read reverse and caseSensitive.
+struct SortDialogState {
+    bool loaded = false;
+    // The field to sort by: 5 meaning, 4 transliteration, 9 classic transliteration,
+    // 3 Gardiner notation, 6 comment; -1 when the dialog was cancelled.
+    int sortField = -1;
+    // The value of the option button that is on; -1 while none is.
+    int option = -1;
+    bool reverse = false;       // ChkReverse
+    bool caseSensitive = false; // chkCase
 };
 
 struct App {
@@ -77,6 +107,13 @@ struct App {
     bool extendedChosen = false;
     // Insert: the next stored new word goes into the current row.
     bool insertPending = false;
+    // The main window's word clipboard: a Cut is running (the Copy it runs deletes the word
+    // without asking), and the row copied last.
+    bool cutPending = false;
+    std::int32_t cutIndex = 0;
+    // The seed of the random moves; unset, the time of day to the millisecond. Tests set it
+    // to make the draws repeatable.
+    std::function<std::uint64_t()> randomSeed;
 
     // The next load appends; the next save writes a header-only file.
     bool mergeMode = false;
@@ -84,6 +121,7 @@ struct App {
 
     // Set by the progress dialog's Cancel; long loops test it after yielding.
     bool sortCancelled = false;
+    SortDialogState sortDialog;
 
     TypewriterTarget typewriterTarget = TypewriterTarget::MainTransLit;
 
@@ -111,6 +149,9 @@ struct App {
     // editing commands; the file commands reach them through these.
     std::function<void(App&)> renderWord = [](App&) {};
     std::function<void(App&)> storeWord = [](App&) {};
+    // Main-window commands whose code lives in other parts of the program (search, sorts,
+    // printing, the other windows): installed by the program, run by RunCommand.
+    std::map<CommandId, std::function<void(App&)>> commandHandlers;
 
     void requestEnd(int code) {
         endRequested = true;

@@ -1,8 +1,12 @@
+// The logic's headers come before any Qt header: Qt's "slots" keyword would clash with
+// GlyphTable::slots.
+#include "bulk/search_dialog.h"
+#include "bulk/search.h"
+#include "core/app.h"
+#include "core/errors.h"
+
 #include "ui/search_dialog.h"
 
-#include "bulk/search.h"
-#include "bulk/search_dialog.h"
-#include "core/errors.h"
 #include "ui/letter_column.h"
 
 #include <QCheckBox>

@@ -2,7 +2,8 @@
 // The Search dialog: the text to look for, the field, and the match options (the model is
 // App::search). OK hides it and Find goes on; Cancel closes it. "Find All" lists every word
 // that Find would stop at, and a double click shows one.
-#include "core/app.h"
+#include "bulk/search_state.h"
+#include "core/dictionary_store.h"
 
 #include <QAbstractTableModel>
 #include <QDialog>
@@ -18,6 +19,8 @@ class QRadioButton;
 class QTableView;
 
 namespace nebkaro {
+
+struct App;
 
 // The words found by Find All: index, Gardiner's notation, transliteration, meaning, read
 // from the dictionary as the rows are shown.

@@ -1,8 +1,12 @@
-#include "ui/search_tools.h"
-
+// The logic's headers come before any Qt header: Qt's "slots" keyword would clash with
+// GlyphTable::slots.
+#include "core/app.h"
 #include "core/errors.h"
 #include "translit/trans_table.h"
 #include "translit/typewriter.h"
+
+#include "ui/search_tools.h"
+
 #include "ui/search_dialog.h"
 #include "ui/trans_table_window.h"
 #include "ui/typewriter_window.h"

@@ -9,8 +9,6 @@
 // TransGuess (translit/guess.h), showTypewriterBesideMain() and showTransTable(); the sign
 // browser's typewriter button calls showTypewriterBeside(browser window). A window whose box
 // the typewriter may type into listens to typed() and shows the box's text again.
-#include "core/app.h"
-
 #include <QObject>
 #include <QPointer>
 
@@ -18,6 +16,8 @@ class QWidget;
 
 namespace nebkaro {
 
+struct App;
+enum class TypewriterTarget;
 class SearchDialog;
 class TypewriterWindow;
 class TransTableWindow;

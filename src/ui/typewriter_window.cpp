@@ -1,6 +1,10 @@
+// The logic's headers come before any Qt header: Qt's "slots" keyword would clash with
+// GlyphTable::slots.
+#include "core/app.h"
+#include "core/errors.h"
+
 #include "ui/typewriter_window.h"
 
-#include "core/errors.h"
 #include "ui/letter_column.h"
 
 #include <QAction>

@@ -1,17 +1,20 @@
 #pragma once
 // frmTypewriter: the on-screen transliteration keyboard. Its keys type into whichever box has
 // the typewriter's attention (App::typewriterTarget); the window only shows TypewriterState.
-#include "core/app.h"
 #include "translit/typewriter.h"
 
 #include <QWidget>
 
+#include <functional>
 #include <vector>
 
 class QAction;
 class QPushButton;
 
 namespace nebkaro {
+
+struct App;
+enum class TypewriterTarget;
 
 class TypewriterWindow : public QWidget {
     Q_OBJECT
