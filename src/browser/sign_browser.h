@@ -31,11 +31,11 @@ struct BrowserPicture {
 
 // The Lookup window's design geometry: the page is a grid of 5 x 5 cells below the controls.
 struct BrowserGeometry {
-    static constexpr int Width = 6600;
-    static constexpr int Height = 8900;
-    static constexpr int GridLeft = 300;
-    static constexpr int GridTop = 1900;
-    static constexpr int CellWidth = 1200;
+    static constexpr int Width = 7800;
+    static constexpr int Height = 9300;
+    static constexpr int GridLeft = 400;
+    static constexpr int GridTop = 2250;
+    static constexpr int CellWidth = 1400;
     static constexpr int CellHeight = 1380;
     // Pictures stand on a common base line this far below the cell's top, so the codes under
     // them line up.
