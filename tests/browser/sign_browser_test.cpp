@@ -233,19 +233,6 @@ TEST_F(SignBrowserTest, PicturesComeFromTheLibraryAndDirectionFolders) {
     EXPECT_EQ(browser.picGlyph[0].picture.file, "/pictures/Extended/Right/G1.GIF");
 }
 
-TEST_F(SignBrowserTest, LabelsAreCentredUnderTheirPictures) {
-    browser.cmdNextCat();
-    const BrowserPicture& p = browser.picGlyph[0]; // A1, 300 x 600
-    EXPECT_DOUBLE_EQ(p.labelCentre, p.left + 150);
-    EXPECT_DOUBLE_EQ(p.codeTop, p.top + 600 + 20);
-    EXPECT_DOUBLE_EQ(p.translitTop, p.codeTop + BrowserGeometry::LabelHeight + 20);
-    // Pictures of one row stand on one base line.
-    browser.txtGlyph = "N35";
-    browser.cmdGo();
-    EXPECT_DOUBLE_EQ(browser.picGlyph[0].top + 150,
-                     BrowserGeometry::GridTop + BrowserGeometry::PictureBand);
-}
-
 TEST_F(SignBrowserTest, TheTypewriterTypesIntoTheTransliterationBox) {
     browser.cmdTypewriter();
     EXPECT_EQ(windows.typewriters, 1);

@@ -42,15 +42,6 @@ TEST_F(ArrangeTest, OperatorsStackJoinAndSeparate) {
     for (const auto& c : cases) EXPECT_EQ(arranged(c.line, c.left), c.layout) << c.line;
 }
 
-TEST_F(ArrangeTest, SignsKeepTheirNaturalSize) {
-    arranged("N35:X1:D21");
-    for (int k = 0; k < 3; ++k) {
-        const CanvasImage& im = composer.GlyphPic[static_cast<std::size_t>(k)];
-        EXPECT_EQ(im.width, im.picture.width) << k;
-        EXPECT_EQ(im.height, im.picture.height) << k;
-    }
-}
-
 TEST_F(ArrangeTest, TheStrongestSeparatorAroundAFailedTokenDecides) {
     // zz is no sign: between N35 and X1 stand ":" and "-", so they are two groups.
     EXPECT_EQ(arranged("N35:zz-X1"), "N35(0,37.5) - X1(600,0) ");

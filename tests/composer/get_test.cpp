@@ -114,14 +114,6 @@ TEST_F(GetTest, LaterSlotsOfAnEarlierGetAreKept) {
     EXPECT_EQ(composer.GlyphPic[1].picture.file.filename(), "G17.GIF");
 }
 
-TEST_F(GetTest, EachPlacedSignShowsTheNextEmptySlot) {
-    get("A1 G17");
-    EXPECT_TRUE(composer.GlyphPic[2].visible);
-    EXPECT_EQ(composer.GlyphPic[2].background, SlotBackground::ButtonFace);
-    EXPECT_FALSE(composer.GlyphPic[2].hasPicture);
-    EXPECT_FALSE(composer.GlyphPic[3].visible);
-}
-
 TEST_F(GetTest, PicturesComeFromTheChosenLibraryAndDirection) {
     struct Case {
         bool basic, left;
