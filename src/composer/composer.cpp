@@ -423,9 +423,6 @@ bool Composer::OK() {
 
     RichGardinerLbl = app_.layoutText;
     Gardinerlbl = app_.composedGardiner;
-    for (int i = 0; i < Slots; ++i)
-        app_.composedPictures[static_cast<std::size_t>(i)] =
-            app_.glyphs[i].used() ? GlyphPic[static_cast<std::size_t>(i)].picture : SignPicture{};
     app_.view.windowWidth = geometry.windowWidth;
     return true;
 }

@@ -11,7 +11,9 @@ namespace fs = std::filesystem;
 namespace nebkaro {
 
 namespace {
-bool isDirection(const std::string& s) { return s == "R" || s == "L"; }
+bool isDirection(const std::string& s) {
+    return s == "R" || s == "L";
+}
 } // namespace
 
 ParsedDictionary ReadDictionaryText(const std::string& textValue, int maxWords) {
@@ -42,7 +44,9 @@ ParsedDictionary ReadDictionaryText(const std::string& textValue, int maxWords) 
     return out;
 }
 
-std::string HeaderLine(const DictionaryHeader& header) { return WordLine(header); }
+std::string HeaderLine(const DictionaryHeader& header) {
+    return WordLine(header);
+}
 
 std::string WordLine(const WordRecord& word) {
     std::string line;
@@ -104,7 +108,9 @@ UnwritableValue FindUnwritableValue(const DictionaryStore& store, bool withWords
     return u;
 }
 
-std::string NkdPath(const std::string& path) { return text::replaceAll(path, ".csv", ".nkd"); }
+std::string NkdPath(const std::string& path) {
+    return text::replaceAll(path, ".csv", ".nkd");
+}
 
 std::string CaptionText(const App& app) {
     return "Nebkaro Ver: " + versionText() + "    Dictionary: " + app.store.dictionaryName;
@@ -174,11 +180,12 @@ bool SaveDictionary(App& app) {
     const bool withWords = !app.newDictionaryMode;
     const UnwritableValue u = FindUnwritableValue(store, withWords);
     if (u.found) {
-        static const char* names[] = {"direction", "library",  "enriched notation", "Gardiner notation",
-                                      "transliteration", "meaning", "comment"};
-        const std::string where = u.inHeader ? "Header value " + std::to_string(u.field)
-                                             : "Word " + std::to_string(u.word) + ", " +
-                                                   names[u.field];
+        static const char* names[] = {
+            "direction", "library", "enriched notation", "Gardiner notation", "transliteration",
+            "meaning",   "comment"};
+        const std::string where = u.inHeader
+                                      ? "Header value " + std::to_string(u.field)
+                                      : "Word " + std::to_string(u.word) + ", " + names[u.field];
         const std::string prompt = where +
                                    " holds a double quote or a line break, which the dictionary "
                                    "file cannot hold: it will not read back as it is now." +
@@ -274,7 +281,9 @@ void SaveDictionaryDialog(App& app) {
     app.windows->setCaption(CaptionText(app));
 }
 
-void SaveAsCommand(App& app) { SaveDictionaryDialog(app); }
+void SaveAsCommand(App& app) {
+    SaveDictionaryDialog(app);
+}
 
 void NewDictionaryCommand(App& app) {
     app.newDictionaryMode = true;

@@ -57,7 +57,9 @@ void DictionaryStore::clear() {
     rows_.shrink_to_fit();
 }
 
-bool DictionaryStore::isEmpty() const { return lastIndex == 0 && field(0, FieldGardiner).empty(); }
+bool DictionaryStore::isEmpty() const {
+    return lastIndex == 0 && field(0, FieldGardiner).empty();
+}
 
 int DictionaryStore::takeRowForNewWord() {
     if (isEmpty()) {

@@ -6,10 +6,10 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <fstream>
 #include <random>
 #include <sstream>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -39,10 +39,13 @@ int errorForErrno(int e, const fs::path& path) {
         if (!parent.empty() && !fs::is_directory(parent, ec)) return PathNotFound;
         return FileNotFound;
     }
-    case ENOTDIR: return PathNotFound;
+    case ENOTDIR:
+        return PathNotFound;
     case ENOSPC:
-    case EDQUOT: return DiskFull;
-    default: return PathFileAccess;
+    case EDQUOT:
+        return DiskFull;
+    default:
+        return PathFileAccess;
     }
 }
 } // namespace
@@ -110,7 +113,8 @@ void AtomicFileWriter::write(const fs::path& path, const std::string& bytes) {
 }
 
 bool gifSize(const std::string& bytes, int& width, int& height) {
-    if (bytes.size() < 10 || (bytes.compare(0, 6, "GIF87a") != 0 && bytes.compare(0, 6, "GIF89a") != 0))
+    if (bytes.size() < 10 ||
+        (bytes.compare(0, 6, "GIF87a") != 0 && bytes.compare(0, 6, "GIF89a") != 0))
         return false;
     auto u = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
     width = u(6) | (u(7) << 8);

@@ -10,9 +10,9 @@ namespace nebkaro {
 
 struct GlyphSlot {
     double attr0 = 0;
-    int entry = 0;   // entry number in the sign list
-    double x = 0;    // left
-    double y = 0;    // top
+    int entry = 0; // entry number in the sign list
+    double x = 0;  // left
+    double y = 0;  // top
     std::optional<std::string> code;
 
     bool used() const { return code.has_value(); }

@@ -23,10 +23,10 @@ struct Dialogs {
     virtual std::optional<std::string> input(const std::string& prompt, const std::string& title,
                                              const std::string& defaultText) = 0;
     // Filters are written the old way, "Name (*.ext)|*.ext|Other (*.x)|*.x". nullopt on cancel.
-    virtual std::optional<std::filesystem::path> openFile(const std::string& filter,
-                                                          const std::filesystem::path& proposed) = 0;
-    virtual std::optional<std::filesystem::path> saveFile(const std::string& filter,
-                                                          const std::filesystem::path& proposed) = 0;
+    virtual std::optional<std::filesystem::path>
+    openFile(const std::string& filter, const std::filesystem::path& proposed) = 0;
+    virtual std::optional<std::filesystem::path>
+    saveFile(const std::string& filter, const std::filesystem::path& proposed) = 0;
     virtual void beep() = 0;
 };
 

@@ -14,7 +14,9 @@ std::string versionText() {
            std::to_string(VersionRevision);
 }
 
-fs::path settingsPath(const fs::path& home) { return home / "System" / "Settings.nks"; }
+fs::path settingsPath(const fs::path& home) {
+    return home / "System" / "Settings.nks";
+}
 
 std::string SettingsText(const Settings& s, const std::string& dictionaryName) {
     std::string t = "Nebkaro Settings: \r\n\r\n";
@@ -22,7 +24,8 @@ std::string SettingsText(const Settings& s, const std::string& dictionaryName) {
     t += std::string("Direction = ") + (s.directionLeft ? "Left" : "Right") + "\r\n";
     t += "Dictionary Name = " + dictionaryName + "\r\n";
     t += std::string("Show About = ") + (s.showAbout ? "True" : "False") + "\r\n";
-    t += std::string("Show Dictionary Info = ") + (s.showDictionaryInfo ? "True" : "False") + "\r\n";
+    t +=
+        std::string("Show Dictionary Info = ") + (s.showDictionaryInfo ? "True" : "False") + "\r\n";
     return t;
 }
 
@@ -48,8 +51,10 @@ std::string GetSettingValue(const std::string& textValue, const std::string& key
     if (eq == std::string::npos) return {};
     // Lines end in CR LF; a file edited on this system may have LF alone.
     std::size_t end = textValue.find('\n', eq);
-    if (end == std::string::npos) end = textValue.size();
-    else if (end > eq + 1 && textValue[end - 1] == '\r') --end;
+    if (end == std::string::npos)
+        end = textValue.size();
+    else if (end > eq + 1 && textValue[end - 1] == '\r')
+        --end;
     return text::trim(std::string_view(textValue).substr(eq + 1, end - eq - 1));
 }
 

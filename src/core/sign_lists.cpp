@@ -17,7 +17,8 @@ int SignLists::findSign(const std::string& code) const {
 
 int SignLists::findPhonetic(int column, const std::string& value) const {
     for (int k = 0; k <= phoneticLast; ++k)
-        if (Phonetic[static_cast<std::size_t>(k)][static_cast<std::size_t>(column)] == value) return k;
+        if (Phonetic[static_cast<std::size_t>(k)][static_cast<std::size_t>(column)] == value)
+            return k;
     return -1;
 }
 
@@ -38,7 +39,8 @@ void ParseSignList(SignLists& lists, const std::string& text) {
     }
     int count = i - 1;
     std::array<std::array<int, 3>, 28> table{};
-    for (int k = 0; k < 28; ++k) table[static_cast<std::size_t>(k)][0] = lists.CategoryTable[static_cast<std::size_t>(k)][0];
+    for (int k = 0; k < 28; ++k)
+        table[static_cast<std::size_t>(k)][0] = lists.CategoryTable[static_cast<std::size_t>(k)][0];
     for (int k = preamble + 1; k <= count; ++k) {
         char32_t c = text::upperChar(text::firstChar(codes[static_cast<std::size_t>(k)]));
         if (c < 63 || c > 90) throw RunError(SubscriptOutOfRange);
@@ -48,7 +50,8 @@ void ParseSignList(SignLists& lists, const std::string& text) {
     table[1][2] = 1;
     table[2][2] = preamble + 1;
     for (int k = 2; k <= 26; ++k)
-        table[static_cast<std::size_t>(k) + 1][2] = table[static_cast<std::size_t>(k)][1] + table[static_cast<std::size_t>(k)][2];
+        table[static_cast<std::size_t>(k) + 1][2] =
+            table[static_cast<std::size_t>(k)][1] + table[static_cast<std::size_t>(k)][2];
     lists.SignCodes = std::move(codes);
     lists.signCount = count;
     lists.preambleCount = preamble;
@@ -80,8 +83,7 @@ void ParsePhonetic(SignLists& lists, const std::string& text) {
 }
 
 namespace {
-template <typename Parse>
-void loadListFile(SignLists& lists, const fs::path& file, Parse parse) {
+template <typename Parse> void loadListFile(SignLists& lists, const fs::path& file, Parse parse) {
     const fs::path path = resolveCaseBlind(file);
     try {
         parse(lists, text::decodeFileText(readFileBytes(path)));
@@ -111,7 +113,9 @@ std::string firstCharText(const std::string& s) {
     return out;
 }
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 // Splits a part into its number and variant suffix: "A14a" -> 14, "a".
 void numberAndSuffix(const std::string& x, double& number, std::string& suffix) {

@@ -21,7 +21,9 @@ std::string trimRight(std::string_view s) {
     return std::string(s.substr(0, e));
 }
 
-std::string trim(std::string_view s) { return trimLeft(trimRight(s)); }
+std::string trim(std::string_view s) {
+    return trimLeft(trimRight(s));
+}
 
 std::size_t find(std::string_view hay, std::string_view needle, std::size_t start) {
     if (start < 1 || start > hay.size() + 1) return 0;
@@ -160,7 +162,8 @@ std::string upper(std::string_view s) {
     for (std::size_t i = 0; i < s.size();) {
         auto b = static_cast<unsigned char>(s[i]);
         if (b < 0x80) {
-            out.push_back((b >= 'a' && b <= 'z') ? static_cast<char>(b - 32) : static_cast<char>(b));
+            out.push_back((b >= 'a' && b <= 'z') ? static_cast<char>(b - 32)
+                                                 : static_cast<char>(b));
             ++i;
             continue;
         }
@@ -244,7 +247,8 @@ double leadingNumber(std::string_view s) {
     std::string t;
     for (char c : s)
         if (c != ' ' && c != '\t' && c != '\n' && c != '\r') t.push_back(c);
-    if (t.size() >= 2 && t[0] == '&' && (t[1] == 'H' || t[1] == 'h' || t[1] == 'O' || t[1] == 'o')) {
+    if (t.size() >= 2 && t[0] == '&' &&
+        (t[1] == 'H' || t[1] == 'h' || t[1] == 'O' || t[1] == 'o')) {
         int base = (t[1] == 'H' || t[1] == 'h') ? 16 : 8;
         double v = 0;
         for (std::size_t i = 2; i < t.size(); ++i) {
@@ -322,10 +326,14 @@ double toNumber(std::string_view s) {
         i = j;
     }
     if (i != t.size()) throw RunError(TypeMismatch);
-    return std::strtod(t.c_str(), nullptr);
+    const double v = std::strtod(t.c_str(), nullptr);
+    if (!std::isfinite(v)) throw RunError(Overflow);
+    return v;
 }
 
-std::int32_t toLong(std::string_view s) { return toInt32(toNumber(s)); }
+std::int32_t toLong(std::string_view s) {
+    return toInt32(toNumber(s));
+}
 
 std::int16_t toInt16(double v) {
     if (std::isnan(v)) throw RunError(Overflow);

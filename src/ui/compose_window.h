@@ -2,8 +2,8 @@
 // The composer window, "Compose". The main window builds it for New and Edit (after setting
 // app.store.newWordPending or editPending) and calls run(), which returns once OK or Cancel
 // has hidden it; the results are then in app.store.composeAccepted, app.layoutText,
-// app.composedGardiner, app.glyphs, app.composedPictures and app.view's rightEdge, bottomEdge
-// and windowWidth.
+// app.composedGardiner, app.glyphs (normalised, in reading order) and app.view's rightEdge,
+// bottomEdge and windowWidth. The program's Windows::runComposer() is that: build, run().
 #include "composer/composer.h"
 
 #include <QMainWindow>

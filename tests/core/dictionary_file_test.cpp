@@ -11,7 +11,8 @@ using namespace nebkaro::testing;
 namespace {
 
 const char* kWord1 = "\"L\",\"B\",\"A1(0,0) \",\"A1\",\"i\",\"reed\",\"a comment\"\r\n";
-const char* kWord2 = "\"R\",\"E\",\"G17(0,0) - N35(300,0) \",\"G17-N35\",\"mn\",\"remain\",\"\"\r\n";
+const char* kWord2 =
+    "\"R\",\"E\",\"G17(0,0) - N35(300,0) \",\"G17-N35\",\"mn\",\"remain\",\"\"\r\n";
 
 struct DictionaryFileTest : ::testing::Test {
     TestApp t;
@@ -41,9 +42,12 @@ TEST_F(DictionaryFileTest, TheFirstFieldDecidesWhetherThereIsAHeader) {
         int lastIndex;
     } cases[] = {
         {std::string(kWord1) + kWord2, false, "", 1},
-        {std::string("\"My words\",\"me\",\"1 May 2020\",\"\",\"\",\"\",\"\"\r\n") + kWord1, true, "My words", 0},
+        {std::string("\"My words\",\"me\",\"1 May 2020\",\"\",\"\",\"\",\"\"\r\n") + kWord1, true,
+         "My words", 0},
         // A spreadsheet's title row becomes the header.
-        {"Direction,Library,Layout,Gardiner,Translit,Meaning,Comment\r\nL,B,\"A1(0,0) \",A1,i,reed,x\r\n", true, "Direction", 0},
+        {"Direction,Library,Layout,Gardiner,Translit,Meaning,Comment\r\nL,B,\"A1(0,0) "
+         "\",A1,i,reed,x\r\n",
+         true, "Direction", 0},
         // Only exactly "R" or "L" is a direction: "r" starts a header.
         {std::string("\"r\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n") + kWord1, true, "r", 0},
     };
@@ -57,8 +61,8 @@ TEST_F(DictionaryFileTest, TheFirstFieldDecidesWhetherThereIsAHeader) {
 }
 
 TEST_F(DictionaryFileTest, ARecordWithoutADirectionEndsTheLoadWithABeep) {
-    const std::string text = std::string(kWord1) +
-                             "\"r\",\"B\",\"A1(0,0) \",\"A1\",\"x\",\"y\",\"z\"\r\n" + kWord2;
+    const std::string text =
+        std::string(kWord1) + "\"r\",\"B\",\"A1(0,0) \",\"A1\",\"x\",\"y\",\"z\"\r\n" + kWord2;
     ASSERT_EQ(load("d.nkd", text), LoadOutcome::Loaded);
     EXPECT_EQ(t.dialogs.beeps, 1);
     EXPECT_EQ(t.app.store.lastIndex, 0);
@@ -76,7 +80,8 @@ TEST_F(DictionaryFileTest, AHeaderOnlyFileLoadsAsNoWords) {
 
 TEST_F(DictionaryFileTest, WhatTheProgramWritesReadsBackByteIdentical) {
     const std::string original =
-        std::string("\"Name\",\"Author\",\"1 May 2020\",\"e\",\"\",\"\",\"\"\r\n") + kWord1 + kWord2;
+        std::string("\"Name\",\"Author\",\"1 May 2020\",\"e\",\"\",\"\",\"\"\r\n") + kWord1 +
+        kWord2;
     ASSERT_EQ(load("d.nkd", original), LoadOutcome::Loaded);
     ASSERT_TRUE(SaveDictionary(t.app));
     EXPECT_EQ(readFile(t.app.store.dictionaryPath), original);
@@ -89,7 +94,8 @@ TEST_F(DictionaryFileTest, FilesFromOtherToolsLoad) {
         std::string bytes;
         std::string meaning0;
     } cases[] = {
-        {"all quoted", "\"L\",\"B\",\"A1(0,0) \",\"A1\",\"i\",\"god, king\",\"c\"\r\n", "god, king"},
+        {"all quoted", "\"L\",\"B\",\"A1(0,0) \",\"A1\",\"i\",\"god, king\",\"c\"\r\n",
+         "god, king"},
         {"minimal quoting", "L,B,\"A1(0,0) \",A1,i,\"god, king\",c\r\n", "god, king"},
         {"LF line ends", "L,B,\"A1(0,0) \",A1,i,reed,c\nR,B,\"A1(0,0) \",A1,i,water,c\n", "reed"},
         {"Windows-1252", "L,B,\"A1(0,0) \",A1,i,caf\xE9 cr\xE8me,c\r\n", "café crème"},
@@ -127,9 +133,10 @@ TEST_F(DictionaryFileTest, AMissingDictionaryOffersAnotherOrEndsTheProgram) {
     t.dialogs.answers = {Answer::Cancel};
     EXPECT_EQ(LoadDictionary(t.app), LoadOutcome::NotFound);
     ASSERT_EQ(t.dialogs.prompts.size(), 1u);
-    EXPECT_EQ(t.dialogs.prompts[0].text,
-              "The dictionary: '" + t.app.store.dictionaryPath +
-                  "' was not found.\r\nClick 'OK' to load another dictionary\r\nClick 'Cancel' to Quit");
+    EXPECT_EQ(
+        t.dialogs.prompts[0].text,
+        "The dictionary: '" + t.app.store.dictionaryPath +
+            "' was not found.\r\nClick 'OK' to load another dictionary\r\nClick 'Cancel' to Quit");
     EXPECT_EQ(t.dialogs.prompts[0].title, "Dictionary Not Found");
     EXPECT_TRUE(t.app.endRequested);
 
@@ -147,7 +154,8 @@ TEST_F(DictionaryFileTest, AMissingDictionaryOffersAnotherOrEndsTheProgram) {
 }
 
 TEST_F(DictionaryFileTest, MergeAppendsAndTakesTheMergedFilesHeaderAndPath) {
-    ASSERT_EQ(load("a.nkd", std::string("\"A\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n") + kWord1), LoadOutcome::Loaded);
+    ASSERT_EQ(load("a.nkd", std::string("\"A\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n") + kWord1),
+              LoadOutcome::Loaded);
     ASSERT_EQ(load("b.nkd", std::string("\"B\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n") + kWord2, true),
               LoadOutcome::Loaded);
     EXPECT_EQ(t.app.store.lastIndex, 1);

@@ -21,14 +21,14 @@ TEST(FieldReader, QuotedBareAndLineEndsSeparateAlike) {
     } cases[] = {
         {"\"a\",\"b\"\r\n\"c\"", {"a", "b", "c"}},
         {"a,b\nc", {"a", "b", "c"}},
-        {"  a  ,  b  \r\n", {"a", "b"}},                  // blanks around bare fields go
-        {"\" a \",b", {" a ", "b"}},                      // blanks inside quotes stay
-        {"\"a\"junk,b", {"a", "b"}},                      // text after the closing quote is skipped
-        {"\"a,b\",c", {"a,b", "c"}},                      // a comma inside quotes is text
-        {"a,,b", {"a", "", "b"}},                         // an empty bare field
-        {"\"\",\"\"", {"", ""}},                          // empty quoted fields
-        {"a\rb", {"a", "b"}},                             // a lone CR ends a line too
-        {"x\r\n\r\n", {"x"}},                             // trailing blank lines are no record
+        {"  a  ,  b  \r\n", {"a", "b"}}, // blanks around bare fields go
+        {"\" a \",b", {" a ", "b"}},     // blanks inside quotes stay
+        {"\"a\"junk,b", {"a", "b"}},     // text after the closing quote is skipped
+        {"\"a,b\",c", {"a,b", "c"}},     // a comma inside quotes is text
+        {"a,,b", {"a", "", "b"}},        // an empty bare field
+        {"\"\",\"\"", {"", ""}},         // empty quoted fields
+        {"a\rb", {"a", "b"}},            // a lone CR ends a line too
+        {"x\r\n\r\n", {"x"}},            // trailing blank lines are no record
     };
     for (const auto& c : cases) EXPECT_EQ(readAll(c.text), c.want) << c.text;
 }

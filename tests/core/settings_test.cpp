@@ -1,5 +1,5 @@
-#include "core/settings.h"
 #include "core/app.h"
+#include "core/settings.h"
 #include "fakes.h"
 
 #include <gtest/gtest.h>
@@ -8,11 +8,14 @@ using namespace nebkaro;
 using namespace nebkaro::testing;
 
 TEST(GetSettingValue, FirstCaseBlindOccurrenceUpToTheLineEndTrimmed) {
-    const std::string t = "Nebkaro Settings: \r\n\r\nlibrary = extended\r\nDirection =   Right  \r\n"
-                          "Dictionary Name = My Words.nkd\r\nShow About = no\r\n";
-    const std::pair<const char*, const char*> cases[] = {
-        {"Library", "extended"}, {"DIRECTION", "Right"}, {"Dictionary Name", "My Words.nkd"},
-        {"Show About", "no"},    {"Show Dictionary Info", ""}};
+    const std::string t =
+        "Nebkaro Settings: \r\n\r\nlibrary = extended\r\nDirection =   Right  \r\n"
+        "Dictionary Name = My Words.nkd\r\nShow About = no\r\n";
+    const std::pair<const char*, const char*> cases[] = {{"Library", "extended"},
+                                                         {"DIRECTION", "Right"},
+                                                         {"Dictionary Name", "My Words.nkd"},
+                                                         {"Show About", "no"},
+                                                         {"Show Dictionary Info", ""}};
     for (auto [key, want] : cases) EXPECT_EQ(GetSettingValue(t, key), want) << key;
     // Found anywhere, not only at a line start; the first occurrence wins.
     EXPECT_EQ(GetSettingValue("xxLibrary = A\r\nLibrary = B\r\n", "Library"), "A");
@@ -30,7 +33,8 @@ TEST(ApplySettings, ValuesAreReadCaseBlindWithTheirOwnRules) {
         {"Show About = no\r\nShow Dictionary Info = False\r\n", true, true, false, false, ""},
         {"Show About = NO\r\n", true, true, false, true, ""},
         {"Show About = 0\r\n", true, true, true, true, ""},
-        {"Library = Extended Plus\r\nDictionary Name =  a.nkd \r\n", true, true, true, true, "a.nkd"},
+        {"Library = Extended Plus\r\nDictionary Name =  a.nkd \r\n", true, true, true, true,
+         "a.nkd"},
     };
     for (const auto& c : cases) {
         TestApp t;
@@ -50,7 +54,8 @@ TEST(ApplySettings, AnUnreadableFileGivesTheDefaultsAndANotice) {
     TempDir d;
     std::filesystem::create_directories(d.path() / "dir.nks");
     std::string garbage(10 * 1024 * 1024, '\0');
-    for (std::size_t i = 0; i < garbage.size(); ++i) garbage[i] = static_cast<char>((i * 7919) % 251 + 1);
+    for (std::size_t i = 0; i < garbage.size(); ++i)
+        garbage[i] = static_cast<char>((i * 7919) % 251 + 1);
     const std::filesystem::path files[] = {d.path() / "missing.nks", d.write("empty.nks", ""),
                                            d.path() / "dir.nks", d.write("garbage.nks", garbage)};
     for (const auto& f : files) {
@@ -62,7 +67,8 @@ TEST(ApplySettings, AnUnreadableFileGivesTheDefaultsAndANotice) {
         EXPECT_TRUE(t.app.settings.showAbout) << f;
         if (f.filename() != "garbage.nks") {
             ASSERT_EQ(t.dialogs.prompts.size(), 1u) << f;
-            EXPECT_EQ(t.dialogs.prompts[0].text, "Settings file not found, applying default settings");
+            EXPECT_EQ(t.dialogs.prompts[0].text,
+                      "Settings file not found, applying default settings");
             EXPECT_EQ(t.dialogs.prompts[0].title, "Settings not found");
             EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Exclamation);
             EXPECT_EQ(t.app.store.dictionaryName, "Words.nkd");

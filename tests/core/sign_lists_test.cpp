@@ -9,7 +9,8 @@ using namespace nebkaro::testing;
 
 TEST(ParseSignList, PreambleAndCategoryStarts) {
     SignLists l;
-    ParseSignList(l, "\"G1\",\"D58\",\"N35\"\r\n\"A1\"\r\n\"A2\",\"Aa1\"\r\nB1\r\nD21\r\nG17,G43\r\nZ1\r\n");
+    ParseSignList(
+        l, "\"G1\",\"D58\",\"N35\"\r\n\"A1\"\r\n\"A2\",\"Aa1\"\r\nB1\r\nD21\r\nG17,G43\r\nZ1\r\n");
     EXPECT_EQ(l.preambleCount, 3);
     EXPECT_EQ(l.signCount, 11);
     EXPECT_EQ(l.SignCodes[4], "A1");
@@ -33,7 +34,8 @@ TEST(ParseSignList, MalformedListsAreErrorsAndAListWithoutA1KeepsThePreamble) {
     EXPECT_EQ(l.preambleCount, 2);
     std::string tooMany;
     for (int i = 0; i < 7001; ++i) tooMany += "A1\r\n";
-    for (const std::string& bad : {std::string("A1\r\n1B\r\n"), std::string("A1\r\n[1\r\n"), tooMany}) {
+    for (const std::string& bad :
+         {std::string("A1\r\n1B\r\n"), std::string("A1\r\n[1\r\n"), tooMany}) {
         SignLists m;
         EXPECT_THROW(ParseSignList(m, bad), RunError);
     }
@@ -78,7 +80,9 @@ TEST(ParseTables, Trans2CodeNeeds225RecordsAndPhoneticAtMost501) {
 }
 
 namespace {
-bool greater(std::string a, std::string b) { return GardinerGreater(a, b); }
+bool greater(std::string a, std::string b) {
+    return GardinerGreater(a, b);
+}
 int errorOf(std::string a, std::string b) {
     try {
         GardinerGreater(a, b);
@@ -95,13 +99,20 @@ TEST(GardinerGreater, OrdersCodesByCategoryNumberAndVariant) {
         const char* b;
         bool want;
     } cases[] = {
-        {"A1", "A1", false},   {"A2", "A10", false}, {"A10", "A2", true},
-        {"N35a", "N35", true}, {"N35", "N35a", false}, {"A1a", "A1", true},
-        {"Aa2", "Aa15", true},  // two-letter categories fall through to text order
-        {"Aa15", "A1", false},  // and all sort before A1
-        {"A10", "B1", false},   {"B1", "A10", true}, // different first letters: text order
-        {"G43:X1", "G43 - X1", false}, {"G43 - X1", "G43*X1", false},
-        {"A1-G17", "A1-G1", true}, {"A1-G1", "A1-G17", false},
+        {"A1", "A1", false},
+        {"A2", "A10", false},
+        {"A10", "A2", true},
+        {"N35a", "N35", true},
+        {"N35", "N35a", false},
+        {"A1a", "A1", true},
+        {"Aa2", "Aa15", true}, // two-letter categories fall through to text order
+        {"Aa15", "A1", false}, // and all sort before A1
+        {"A10", "B1", false},
+        {"B1", "A10", true}, // different first letters: text order
+        {"G43:X1", "G43 - X1", false},
+        {"G43 - X1", "G43*X1", false},
+        {"A1-G17", "A1-G1", true},
+        {"A1-G1", "A1-G17", false},
         {"", "", false},
     };
     for (const auto& c : cases) EXPECT_EQ(greater(c.a, c.b), c.want) << c.a << " vs " << c.b;
@@ -114,6 +125,12 @@ TEST(GardinerGreater, RewritesTheCallersValuesOnlyWhenFirstLettersAgree) {
     EXPECT_EQ(a, "G43-X1");
     EXPECT_EQ(b, "G43-X1");
     EXPECT_EQ(c, "G43-X1");
+    // Found by fuzzing: a blank first character agrees, and removing it changes the first
+    // character; the values are rewritten once and then stay.
+    std::string f = " * A", g = " A1";
+    GardinerGreater(f, g);
+    EXPECT_EQ(f, "-A");
+    EXPECT_EQ(g, "A1");
     std::string d = "A1 : B2", e = "G17";
     GardinerGreater(d, e);
     EXPECT_EQ(d, "A1 : B2");
@@ -125,9 +142,12 @@ TEST(GardinerGreater, RaisesOnShortCodesEmptyPartsAndMissingParts) {
         const char* b;
         int error;
     } cases[] = {
-        {"A1", "A1-G17", SubscriptOutOfRange}, {"A1-G17", "A1", SubscriptOutOfRange},
-        {"A", "A", InvalidArgument},          {"A1--G1", "A1--G1", InvalidArgument},
-        {"A1-", "A1-", InvalidArgument},      {"A1", "A99999", Overflow},
+        {"A1", "A1-G17", SubscriptOutOfRange},
+        {"A1-G17", "A1", SubscriptOutOfRange},
+        {"A", "A", InvalidArgument},
+        {"A1--G1", "A1--G1", InvalidArgument},
+        {"A1-", "A1-", InvalidArgument},
+        {"A1", "A99999", Overflow},
         {"A1-G17", "A1-N35", 0},
     };
     for (const auto& c : cases) EXPECT_EQ(errorOf(c.a, c.b), c.error) << c.a << " vs " << c.b;

@@ -31,19 +31,21 @@ struct StartUpTest : ::testing::Test {
         for (int i = 31; i <= 255; ++i) t2c += "\"x\",\"x\"\r\n";
         home.write("Lists/Trans2Code.csv", t2c);
         home.write("Lists/Phonetic.csv", "\"G17\",\"m\"\r\n");
-        home.write("Dictionaries/Words.nkd",
-                   "\"Starter\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n\"L\",\"B\",\"A1(0,0) \",\"A1\",\"i\",\"reed\",\"\"\r\n");
+        home.write("Dictionaries/Words.nkd", "\"Starter\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n\"L\","
+                                             "\"B\",\"A1(0,0) \",\"A1\",\"i\",\"reed\",\"\"\r\n");
     }
 };
 
 } // namespace
 
 TEST_F(StartUpTest, StepsRunInOrderWithTheRememberedDictionary) {
-    home.write("System/Settings.nks", "Library = Basic\r\nShow About = True\r\nShow Dictionary Info = True\r\n"
-                                      "Dictionary Name = Words.nkd\r\n");
+    home.write("System/Settings.nks",
+               "Library = Basic\r\nShow About = True\r\nShow Dictionary Info = True\r\n"
+               "Dictionary Name = Words.nkd\r\n");
     ASSERT_TRUE(StartUp(t.app, ""));
-    EXPECT_EQ(windows.calls, (std::vector<std::string>{"printer", "about", "header:Starter",
-                                                      "caption:Nebkaro Ver: 1.0.0    Dictionary: Words.nkd"}));
+    EXPECT_EQ(windows.calls,
+              (std::vector<std::string>{"printer", "about", "header:Starter",
+                                        "caption:Nebkaro Ver: 1.0.0    Dictionary: Words.nkd"}));
     EXPECT_EQ(t.app.lists.preambleCount, 1);
     EXPECT_EQ(t.app.lists.phoneticLast, 0);
     EXPECT_EQ(t.app.store.field(0, FieldMeaning), "reed");
@@ -61,7 +63,8 @@ TEST_F(StartUpTest, WithoutASettingsFileDefaultsApplyAfterANotice) {
 TEST_F(StartUpTest, TheCommandLineWinsWithQuotesRemoved) {
     home.write("System/Settings.nks", "Show About = False\r\nShow Dictionary Info = False\r\n"
                                       "Dictionary Name = Words.nkd\r\n");
-    auto other = home.write("elsewhere/My Other.nkd", "\"R\",\"B\",\"A1(0,0) \",\"A1\",\"i\",\"water\",\"\"\r\n");
+    auto other = home.write("elsewhere/My Other.nkd",
+                            "\"R\",\"B\",\"A1(0,0) \",\"A1\",\"i\",\"water\",\"\"\r\n");
     ASSERT_TRUE(StartUp(t.app, "\"" + other.string() + "\""));
     EXPECT_EQ(t.app.store.dictionaryPath, other.string());
     EXPECT_EQ(t.app.store.dictionaryName, "My Other.nkd");
@@ -81,8 +84,9 @@ TEST_F(StartUpTest, AMissingListEndsTheProgramAfterItsMessage) {
     std::filesystem::remove(home.path() / "Lists" / "Phonetic.csv");
     EXPECT_FALSE(StartUp(t.app, ""));
     EXPECT_TRUE(t.app.endRequested);
-    EXPECT_EQ(t.dialogs.messages().back(), "The file: '" + (home.path() / "Lists" / "Phonetic.csv").string() +
-                                                "' was not found. The program will stop");
+    EXPECT_EQ(t.dialogs.messages().back(), "The file: '" +
+                                               (home.path() / "Lists" / "Phonetic.csv").string() +
+                                               "' was not found. The program will stop");
 }
 
 TEST_F(StartUpTest, QuitAsksOnlyWithUnsavedWorkAndCancelWritesNoSettings) {

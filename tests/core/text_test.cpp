@@ -6,21 +6,22 @@
 using namespace nebkaro;
 
 TEST(NumberText, NonNegativeNumbersGetALeadingBlank) {
-    const std::pair<double, const char*> cases[] = {
-        {0, " 0"}, {12, " 12"}, {-3, "-3"}, {7.5, " 7.5"}, {-40, "-40"}, {300, " 300"}};
+    const std::pair<double, const char*> cases[] = {{0, " 0"},     {12, " 12"},  {-3, "-3"},
+                                                    {7.5, " 7.5"}, {-40, "-40"}, {300, " 300"}};
     for (auto [v, want] : cases) EXPECT_EQ(text::numberText(v), want) << v;
     EXPECT_EQ(text::plainNumber(7.5), "7.5");
 }
 
 TEST(LeadingNumber, ReadsAsFarAsANumberGoes) {
     const std::pair<const char*, double> cases[] = {
-        {"15", 15},  {"a15", 0},   {"", 0},    {"12abc", 12}, {" 1 2", 12},
+        {"15", 15},      {"a15", 0},   {"", 0},      {"12abc", 12}, {" 1 2", 12},
         {"-4.5x", -4.5}, {"&H1F", 31}, {"&O17", 15}, {"1e3", 1000}, {".5", 0.5}};
     for (auto [s, want] : cases) EXPECT_DOUBLE_EQ(text::leadingNumber(s), want) << s;
 }
 
 TEST(ToInt16, RoundsHalvesToEvenAndOverflowsOutsideSixteenBits) {
-    const std::pair<double, int> cases[] = {{0.5, 0}, {1.5, 2}, {2.5, 2}, {-2.5, -2}, {3.49, 3}, {32767, 32767}, {-32768, -32768}};
+    const std::pair<double, int> cases[] = {{0.5, 0},  {1.5, 2},       {2.5, 2},        {-2.5, -2},
+                                            {3.49, 3}, {32767, 32767}, {-32768, -32768}};
     for (auto [v, want] : cases) EXPECT_EQ(text::toInt16(v), want) << v;
     for (double v : {32767.5, 40000.0, -32769.0}) {
         try {
@@ -45,9 +46,19 @@ TEST(ToNumber, RejectsTextThatIsNotANumber) {
     }
 }
 
+TEST(ToNumber, NumbersBeyondTheRangeOfADoubleOverflow) {
+    try {
+        text::toNumber("1e999");
+        FAIL();
+    } catch (const RunError& e) {
+        EXPECT_EQ(e.number(), Overflow);
+    }
+}
+
 TEST(Upper, CoversLatinAndTransliterationLetters) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"abc", "ABC"}, {"šḥꜣ", "ŠḤꜢ"}, {"éà", "ÉÀ"}, {"[\\]^_`", "[\\]^_`"}, {"ÿ", "Ÿ"}, {"1a", "1A"}};
+    const std::pair<const char*, const char*> cases[] = {{"abc", "ABC"}, {"šḥꜣ", "ŠḤꜢ"},
+                                                         {"éà", "ÉÀ"},   {"[\\]^_`", "[\\]^_`"},
+                                                         {"ÿ", "Ÿ"},     {"1a", "1A"}};
     for (auto [s, want] : cases) EXPECT_EQ(text::upper(s), want) << s;
 }
 

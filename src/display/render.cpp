@@ -1,0 +1,144 @@
+#include "display/render.h"
+
+#include "core/app.h"
+#include "core/errors.h"
+#include "core/text.h"
+#include "display/layout.h"
+#include "display/main_layout.h"
+
+#include <cmath>
+
+namespace nebkaro {
+
+std::string libraryFolder(const std::string& libraryField) {
+    return libraryField == "B" ? "Basic" : "Extended";
+}
+
+std::string directionFolder(const std::string& directionField) {
+    return directionField == "L" ? "Left" : "Right";
+}
+
+int ProgressWidth(int containerWidth, int currentIndex, int lastIndex) {
+    if (lastIndex <= 0) return 0;
+    const double w =
+        static_cast<double>(text::toInt16(containerWidth - 400)) * currentIndex / lastIndex;
+    return static_cast<int>(std::lround(std::max(0.0, w)));
+}
+
+void PlaceGlyphGroup(App& app) {
+    WordView& v = app.view;
+    const GlyphTable& g = app.glyphs;
+    v.bottomEdge = 0;
+    v.rightEdge = 0;
+    for (int i = 0; i < GlyphTable::Slots; ++i) {
+        if (!g[i].used()) continue;
+        const SignPicture& pic = v.mainGlyphPic[static_cast<std::size_t>(i)].picture;
+        if (g[i].x + pic.width > v.rightEdge) v.rightEdge = text::toInt16(g[i].x + pic.width);
+        const double bottom = g[i].y + text::toInt16(pic.height);
+        if (bottom > v.bottomEdge) v.bottomEdge = bottom;
+    }
+    const Rect& area = v.geometry.DispAreaShp;
+    if (v.rightEdge > v.windowWidth) ResizeMainWindow(v, v.rightEdge + area.left + 500);
+    if (v.rightEdge < 6460) ResizeMainWindow(v, MainGeometry::MinWidth);
+    const double cx = v.geometry.DispAreaShp.width / 2.0 + v.geometry.DispAreaShp.left;
+    const double cy = v.geometry.DispAreaShp.height / 2.0 + v.geometry.DispAreaShp.top;
+    const double dy = text::toInt16(cy - v.bottomEdge / 2);
+    const double dx = cx - v.rightEdge / 2.0;
+    for (int i = 0; i < GlyphTable::Slots; ++i) {
+        if (!g[i].used()) continue;
+        GlyphImage& img = v.mainGlyphPic[static_cast<std::size_t>(i)];
+        img.left = static_cast<int>(std::lround(g[i].x + dx));
+        img.top = static_cast<int>(std::lround(g[i].y + dy));
+    }
+}
+
+void DrawWordImage(App& app) {
+    WordView& v = app.view;
+    WordPicture pic;
+    pic.width = text::toInt16(v.rightEdge + 64.0);
+    pic.height = text::toInt16(v.bottomEdge + 64);
+    for (int i = 0; i < GlyphTable::Slots; ++i) {
+        const GlyphSlot& s = app.glyphs[i];
+        if (!s.used()) continue;
+        pic.pictures.push_back({v.mainGlyphPic[static_cast<std::size_t>(i)].picture,
+                                static_cast<int>(std::lround(s.x + 32)),
+                                static_cast<int>(std::lround(s.y + 32))});
+    }
+    v.TemPic = std::move(pic);
+}
+
+namespace {
+void setBox(WordView& v, std::string& box, const std::string& value) {
+    // A box whose text changes fires its change event, as typing would.
+    if (box != value) {
+        box = value;
+        v.textChanged = true;
+    }
+}
+} // namespace
+
+void RenderWord(App& app) {
+    DictionaryStore& store = app.store;
+    if (store.currentIndex < 0) return;
+    WordView& v = app.view;
+    const WordRecord& word = store.row(store.currentIndex);
+    ParseLayout(app);
+    const std::string library = libraryFolder(word[FieldLibrary]);
+    const std::string direction = directionFolder(word[FieldDirection]);
+    v.missingPictures.clear();
+    for (int i = 0; i < GlyphTable::Slots; ++i) {
+        GlyphImage& img = v.mainGlyphPic[static_cast<std::size_t>(i)];
+        const GlyphSlot& s = app.glyphs[i];
+        if (s.used() && !s.code->empty()) {
+            img.picture = app.pictures.picture(library, direction, *s.code);
+            if (!img.picture.ok) v.missingPictures.push_back(img.picture.file.string());
+            img.visible = true;
+        } else {
+            img.visible = false;
+        }
+    }
+    PlaceGlyphGroup(app);
+    setBox(v, v.CommentTxt, word[FieldComment]);
+    setBox(v, v.MeaningTxt, word[FieldMeaning]);
+    setBox(v, v.TransLitTxt, word[FieldTranslit]);
+    setBox(v, v.GardinerTxt, word[FieldGardiner]);
+    v.RichGardinerlbl = word[FieldLayout];
+    v.txtNumber = std::to_string(store.currentIndex);
+    v.progressWidth =
+        ProgressWidth(v.geometry.progressContainerWidth, store.currentIndex, store.lastIndex);
+    DrawWordImage(app);
+    if (!v.missingPictures.empty())
+        app.windows->showStatus("Missing sign picture: " + v.missingPictures.front());
+    app.windows->wordViewChanged();
+}
+
+void SetDirection(App& app, std::int16_t wanted) {
+    DictionaryStore& store = app.store;
+    const std::string current = store.field(store.currentIndex, FieldDirection);
+    if ((wanted == 0 && current == "L") || (wanted == 1 && current == "R")) return;
+    store.setField(store.currentIndex, FieldDirection, current != "L" ? "L" : "R");
+    ParseLayout(app);
+    GlyphTable& g = app.glyphs;
+    int n = 0;
+    std::int16_t right = 0;
+    for (int i = 0; i < GlyphTable::Slots && g[i].used(); ++i) {
+        ++n;
+        const int w = app.view.mainGlyphPic[static_cast<std::size_t>(i)].picture.width;
+        // The test is on the full width, the assignment takes half of it: kept as it always
+        // was; normalising below makes the result independent of it whenever a mirrored X
+        // falls below 0.
+        if (g[i].x + w > right) right = text::toInt16(g[i].x + w / 2.0);
+    }
+    double m = 0;
+    for (int i = 0; i < n; ++i) {
+        const int w = app.view.mainGlyphPic[static_cast<std::size_t>(i)].picture.width;
+        g[i].x = right - (g[i].x + w);
+        if (g[i].x < m) m = g[i].x;
+    }
+    if (m < 0)
+        for (int i = 0; i < n; ++i) g[i].x -= m;
+    app.view.RichGardinerlbl = MirrorLayoutString(g);
+    app.storeWord(app);
+}
+
+} // namespace nebkaro

@@ -1,0 +1,104 @@
+#include "core/errors.h"
+#include "display/layout.h"
+
+#include <gtest/gtest.h>
+
+using namespace nebkaro;
+
+namespace {
+struct Slot {
+    std::string code;
+    double x, y;
+};
+std::vector<Slot> parse(const std::string& s) {
+    GlyphTable t;
+    ParseLayoutString(s, t);
+    std::vector<Slot> out;
+    for (const auto& g : t.slots)
+        if (g.used()) out.push_back({*g.code, g.x, g.y});
+    return out;
+}
+int parseError(const std::string& s) {
+    try {
+        GlyphTable t;
+        ParseLayoutString(s, t);
+    } catch (const RunError& e) {
+        return e.number();
+    }
+    return 0;
+}
+} // namespace
+
+TEST(ParseLayout, ReadsEntriesWithTheirPositions) {
+    struct Case {
+        std::string layout;
+        std::vector<Slot> want;
+    } cases[] = {
+        {"A1(0,0) - G17(300,0) ", {{"A1", 0, 0}, {"G17", 300, 0}}},
+        {"A1( 0, 12) - G17( 40, 0) ", {{"A1", 0, 12}, {"G17", 40, 0}}},
+        {" A1( 0 , 0 )", {{"A1", 0, 0}}},
+        // A "-" inside the brackets is a sign, not a separator.
+        {"A1(-40, 0) ", {{"A1", -40, 0}}},
+        {"A1(0,-15) - N35(0,300) ", {{"A1", 0, -15}, {"N35", 0, 300}}},
+        {"", {}},
+        {"A1(0,0)", {{"A1", 0, 0}}},
+        {"A1(7.5,0) ", {{"A1", 7.5, 0}}},
+    };
+    for (const auto& c : cases) {
+        auto got = parse(c.layout);
+        ASSERT_EQ(got.size(), c.want.size()) << c.layout;
+        for (std::size_t i = 0; i < got.size(); ++i) {
+            EXPECT_EQ(got[i].code, c.want[i].code) << c.layout;
+            EXPECT_EQ(got[i].x, c.want[i].x) << c.layout;
+            EXPECT_EQ(got[i].y, c.want[i].y) << c.layout;
+        }
+    }
+}
+
+TEST(ParseLayout, MalformedStringsRaiseTheirErrors) {
+    std::string twentyTwo;
+    for (int i = 0; i < 22; ++i) twentyTwo += "A1(0,0) - ";
+    const std::pair<std::string, int> cases[] = {
+        {"A1", InvalidArgument},          // no "("
+        {"A1(0 0) ", InvalidArgument},    // no ","
+        {"A1(0,0 ", InvalidArgument},     // no ")"
+        {twentyTwo, SubscriptOutOfRange}, // a 22nd entry
+        {std::string(32768, ' '), Overflow},
+        {"A1(x,0) ", TypeMismatch},
+        {"A1(1e0777777777777,0) ", Overflow}, // found by fuzzing: a position beyond a double
+        {"A1(0,0) - G17(300,0) ", 0},
+    };
+    for (const auto& [s, err] : cases) EXPECT_EQ(parseError(s), err) << s.substr(0, 40);
+}
+
+TEST(LayoutWriters, ComposerTrimsNumbersMirroringKeepsTheLeadingBlank) {
+    GlyphTable t;
+    t[0].code = "A1";
+    t[0].x = 0;
+    t[0].y = 40;
+    t[2].code = "G17"; // a gap is skipped
+    t[2].x = 300;
+    t[2].y = -5;
+    EXPECT_EQ(ComposerLayoutString(t), "A1(0,40) - G17(300,-5) ");
+    EXPECT_EQ(MirrorLayoutString(t), "A1( 0, 40) - G17( 300,-5) ");
+    GlyphTable none;
+    EXPECT_EQ(ComposerLayoutString(none), "");
+    EXPECT_THROW(MirrorLayoutString(none), RunError);
+}
+
+TEST(LayoutWriters, WhatEitherWriterWritesParsesBack) {
+    GlyphTable t;
+    t[0].code = "A1";
+    t[0].x = 12;
+    t[0].y = 0;
+    t[1].code = "Aa15";
+    t[1].x = -30;
+    t[1].y = 7.5;
+    for (const std::string& s : {ComposerLayoutString(t), MirrorLayoutString(t)}) {
+        auto back = parse(s);
+        ASSERT_EQ(back.size(), 2u) << s;
+        EXPECT_EQ(back[1].code, "Aa15");
+        EXPECT_EQ(back[1].x, -30);
+        EXPECT_EQ(back[1].y, 7.5);
+    }
+}

@@ -1,0 +1,165 @@
+#include "core/errors.h"
+#include "display/layout.h"
+#include "display/main_layout.h"
+#include "display/render.h"
+#include "fakes.h"
+
+#include <gtest/gtest.h>
+
+using namespace nebkaro;
+using namespace nebkaro::testing;
+
+namespace {
+struct RenderTest : ::testing::Test {
+    TestApp t;
+    int stores = 0;
+    void SetUp() override {
+        t.pictures.sizes = {
+            {"A1", {300, 540}}, {"G17", {420, 600}}, {"N35", {600, 90}}, {"W", {7000, 300}}};
+        t.app.storeWord = [this](App& a) {
+            ++stores;
+            a.store.setField(a.store.currentIndex, FieldLayout, a.view.RichGardinerlbl);
+        };
+    }
+    void word(int i, const std::string& dir, const std::string& layout,
+              const std::string& lib = "B") {
+        t.app.store.setRow(i, {dir, lib, layout, "G", "t", "m", "c"});
+        t.app.store.lastIndex = std::max(t.app.store.lastIndex, i);
+    }
+};
+} // namespace
+
+TEST_F(RenderTest, CentresTheGroupInTheDisplayArea) {
+    word(0, "L", "A1(0,60) - G17(300,0) ");
+    RenderWord(t.app);
+    const WordView& v = t.app.view;
+    EXPECT_EQ(v.rightEdge, 720);
+    EXPECT_EQ(v.bottomEdge, 600);
+    const Rect a = v.geometry.DispAreaShp;
+    const int cx = a.left + a.width / 2, cy = a.top + a.height / 2;
+    EXPECT_EQ(v.mainGlyphPic[0].left, cx - 360);
+    EXPECT_EQ(v.mainGlyphPic[0].top, cy - 300 + 60);
+    EXPECT_EQ(v.mainGlyphPic[1].left, cx - 360 + 300);
+    EXPECT_TRUE(v.mainGlyphPic[1].visible);
+    EXPECT_FALSE(v.mainGlyphPic[2].visible);
+    EXPECT_EQ(v.mainGlyphPic[0].picture.file, "/pictures/Basic/Left/A1.GIF");
+    EXPECT_EQ(v.MeaningTxt, "m");
+    EXPECT_EQ(v.txtNumber, "0");
+    EXPECT_TRUE(v.textChanged);
+}
+
+TEST_F(RenderTest, FoldersFollowLibraryAndDirection) {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"L", "B", "/pictures/Basic/Left/A1.GIF"},
+        {"R", "E", "/pictures/Extended/Right/A1.GIF"},
+        {"x", "b", "/pictures/Extended/Right/A1.GIF"}, // anything but "L"/"B" is the other
+    };
+    for (auto [dir, lib, file] : cases) {
+        word(0, dir, "A1(0,0) ", lib);
+        RenderWord(t.app);
+        EXPECT_EQ(t.app.view.mainGlyphPic[0].picture.file, file);
+    }
+}
+
+TEST_F(RenderTest, WindowWidthFollowsWideWordsAndSnapsBackForNarrowOnes) {
+    word(0, "L", "W(0,0) - W(7000,0) ");
+    RenderWord(t.app);
+    EXPECT_EQ(t.app.view.windowWidth, 14000 + t.app.view.geometry.DispAreaShp.left + 500);
+    word(0, "L", "A1(0,0) ");
+    RenderWord(t.app);
+    EXPECT_EQ(t.app.view.windowWidth, 6960);
+    word(0, "L", "");
+    RenderWord(t.app);
+    EXPECT_EQ(t.app.view.windowWidth, 6960);
+    for (const auto& img : t.app.view.mainGlyphPic) EXPECT_FALSE(img.visible);
+}
+
+TEST_F(RenderTest, NegativeCurrentIndexDrawsNothing) {
+    word(0, "L", "A1(0,0) ");
+    RenderWord(t.app);
+    t.app.view.MeaningTxt = "kept";
+    t.app.store.currentIndex = -1;
+    RenderWord(t.app);
+    EXPECT_EQ(t.app.view.MeaningTxt, "kept");
+}
+
+TEST_F(RenderTest, MissingPicturesAreEmptySquaresAndNamed) {
+    word(0, "L", "A1(0,0) - Q99(300,0) ");
+    RenderWord(t.app);
+    EXPECT_TRUE(t.app.view.mainGlyphPic[1].visible);
+    EXPECT_FALSE(t.app.view.mainGlyphPic[1].picture.ok);
+    EXPECT_EQ(t.app.view.mainGlyphPic[1].picture.width, 612);
+    ASSERT_EQ(t.app.view.missingPictures.size(), 1u);
+    EXPECT_EQ(t.app.view.missingPictures[0], "/pictures/Basic/Left/Q99.GIF");
+}
+
+TEST_F(RenderTest, WordPictureHasA32TwipMarginAndSlotOrder) {
+    word(0, "L", "A1(0,60) - G17(300,0) ");
+    RenderWord(t.app);
+    const WordPicture& p = t.app.view.TemPic;
+    EXPECT_EQ(p.width, 720 + 64);
+    EXPECT_EQ(p.height, 600 + 64);
+    ASSERT_EQ(p.pictures.size(), 2u);
+    EXPECT_EQ(p.pictures[0].x, 32);
+    EXPECT_EQ(p.pictures[0].y, 92);
+    EXPECT_EQ(p.pictures[1].x, 332);
+    word(0, "L", "");
+    RenderWord(t.app);
+    EXPECT_EQ(t.app.view.TemPic.width, 64);
+    EXPECT_EQ(t.app.view.TemPic.height, 64);
+    EXPECT_TRUE(t.app.view.TemPic.pictures.empty());
+}
+
+TEST(ProgressWidth, ScalesWithTheCurrentWordAndIsEmptyForOneWord) {
+    EXPECT_EQ(ProgressWidth(6460, 0, 10), 0);
+    EXPECT_EQ(ProgressWidth(6460, 10, 10), 6060);
+    EXPECT_EQ(ProgressWidth(6460, 5, 10), 3030);
+    EXPECT_EQ(ProgressWidth(6460, 0, 0), 0);
+    EXPECT_EQ(ProgressWidth(6460, 0, -1), 0);
+}
+
+TEST(MainLayout, NeverNarrowerThan6960) {
+    WordView v;
+    ResizeMainWindow(v, 5000);
+    EXPECT_EQ(v.windowWidth, 6960);
+    EXPECT_EQ(v.geometry.DispAreaShp.width, 6460);
+    const MainLayout l = MainLayoutFor(9000);
+    EXPECT_EQ(l.dispAreaWidth, 8500);
+    EXPECT_EQ(l.textWidth, 8200);
+    EXPECT_EQ(l.translitWidth, 7600);
+    EXPECT_EQ(l.guessLeftOffset, 7700);
+}
+
+TEST_F(RenderTest, SetDirectionMirrorsAndStores) {
+    // A1 is 300 wide, G17 420: R = Int(300 + 420/2) = 510 after G17 (300+420 > 300).
+    word(0, "L", "A1(0,60) - G17(300,0) ");
+    RenderWord(t.app);
+    SetDirection(t.app, 2);
+    EXPECT_EQ(t.app.store.field(0, FieldDirection), "R");
+    // X: 510-(0+300)=210, 510-(300+420)=-210 -> m=-210 -> 420, 0
+    EXPECT_EQ(t.app.store.field(0, FieldLayout), "A1( 420, 60) - G17( 0, 0) ");
+    EXPECT_EQ(stores, 1);
+    // Flipping back returns to "L" but not necessarily to the first X values.
+    RenderWord(t.app);
+    SetDirection(t.app, 2);
+    EXPECT_EQ(t.app.store.field(0, FieldDirection), "L");
+    EXPECT_EQ(t.app.store.field(0, FieldLayout), "A1( 0, 60) - G17( 300, 0) ");
+}
+
+TEST_F(RenderTest, SetDirectionToTheSameDirectionDoesNothing) {
+    const std::pair<const char*, int> cases[] = {{"L", 0}, {"R", 1}};
+    for (auto [dir, wanted] : cases) {
+        word(0, dir, "A1(0,0) ");
+        RenderWord(t.app);
+        SetDirection(t.app, static_cast<std::int16_t>(wanted));
+        EXPECT_EQ(t.app.store.field(0, FieldDirection), dir);
+        EXPECT_EQ(t.app.store.field(0, FieldLayout), "A1(0,0) ");
+    }
+    EXPECT_EQ(stores, 0);
+}
+
+TEST_F(RenderTest, FlippingAWordWithoutSignsFails) {
+    word(0, "L", "");
+    RenderWord(t.app);
+    EXPECT_THROW(SetDirection(t.app, 2), RunError);
+}
