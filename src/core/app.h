@@ -51,6 +51,14 @@ struct Windows {
     virtual void setPrinterDefaults() {}
     // A line for the status bar.
     virtual void showStatus(const std::string&) {}
+    // The Sort dialog, modal; it leaves its choices in App::sortDialog.
+    virtual void showSortDialog() {}
+    // The progress dialog (frmCancelDialog), modeless, with this text in lblProcess. Its
+    // Cancel sets App::sortCancelled and hides it.
+    virtual void showProgress(const std::string& /*text*/) {}
+    virtual void hideProgress() {}
+    // The main window's counter label, counting down the passes of the tool-bar sort.
+    virtual void showCounter(int) {}
     // Opens the composer for the word that store.newWordPending or store.editPending names and
     // returns when it is closed. The composer leaves store.composeAccepted, layoutText,
     // composedGardiner and the signs in glyphs (placed from 0,0).
@@ -63,6 +71,19 @@ struct ChosenSign {
     int entry = 0;         // entry number in the sign list
     int pictureNumber = 0; // the browser picture (0..24) that showed it
     SignPicture picture;
+};
+
+// The Sort dialog's controls. The dialog is hidden, never unloaded, by OK and Cancel, so its
+// choices survive from one sort to the next; the sorts read reverse and caseSensitive.
+struct SortDialogState {
+    bool loaded = false;
+    // The field to sort by: 5 meaning, 4 transliteration, 9 classic transliteration,
+    // 3 Gardiner notation, 6 comment; -1 when the dialog was cancelled.
+    int sortField = -1;
+    // The value of the option button that is on; -1 while none is.
+    int option = -1;
+    bool reverse = false;       // ChkReverse
+    bool caseSensitive = false; // chkCase
 };
 
 struct App {
@@ -103,6 +124,7 @@ struct App {
 
     // Set by the progress dialog's Cancel; long loops test it after yielding.
     bool sortCancelled = false;
+    SortDialogState sortDialog;
 
     TypewriterTarget typewriterTarget = TypewriterTarget::MainTransLit;
 
