@@ -63,6 +63,15 @@ template <class Table> void SwapElements(Table& table, int i, int j) {
 // which leaves fewer stragglers for the final passes.
 int NextCombGap(int gap);
 
+// A Gardiner-order comparison that failed, with the two notations it was comparing (as the
+// sort saw them), so that a report can name them. It is the RunError the comparison raised.
+class GardinerOrderError : public RunError {
+public:
+    GardinerOrderError(const RunError& e, std::string first, std::string second)
+        : RunError(e.number(), e.description()), a(std::move(first)), b(std::move(second)) {}
+    std::string a, b;
+};
+
 namespace detail {
 
 template <class Table> const auto& cell(const Table& table, int i, int column) {
@@ -118,7 +127,11 @@ struct Greater {
                 if (const auto simple = simpleGardinerGreater(a, b)) return *simple;
                 sa.assign(a);
                 sb.assign(b);
-                return GardinerGreater(sa, sb);
+                try {
+                    return GardinerGreater(sa, sb);
+                } catch (const RunError& e) {
+                    throw GardinerOrderError(e, std::string(a), std::string(b));
+                }
             }
         }
         return a > b;
