@@ -64,6 +64,9 @@ int cmdSort(const fs::path& home, const std::vector<std::string>& argv);
 int cmdShuffle(const fs::path& home, const std::vector<std::string>& argv);
 int cmdFlip(const fs::path& home, const std::vector<std::string>& argv);
 int cmdReadingOrder(const fs::path& home, const std::vector<std::string>& argv);
+int cmdSearch(const fs::path& home, const std::vector<std::string>& argv);
+int cmdGuess(const fs::path& home, const std::vector<std::string>& argv);
+int cmdCompose(const fs::path& home, const std::vector<std::string>& argv);
 
 const std::vector<Subcommand>& subcommands() {
     static const std::vector<Subcommand> list = {
@@ -106,6 +109,27 @@ const std::vector<Subcommand>& subcommands() {
          "layout and Gardiner notation. Signs overlapping by more than PERCENT (default 20)\n"
          "of their right edge count as stacked. A word without signs stops the run.\n",
          cmdReadingOrder},
+        {"search",
+         "search FILE --field meaning|translit|gardiner|comment [--exact|--word] [--case] "
+         "[--ignore-variants] [--all] TEXT",
+         "Searches from word 0 as Find does and prints the index of the first match, or of every\n"
+         "match with --all, one per line; exit 1 when none. Blanks are ignored on both sides;\n"
+         "without --case, case is ignored; '*' and '/' stand for any run of characters and '?'\n"
+         "for one (then # is a digit and [list] one of a list), the whole field having to match.\n"
+         "--exact: the whole field equals TEXT; --word: TEXT stands as a whole word;\n"
+         "--ignore-variants: A1a counts as A1 (for Gardiner notations).\n",
+         cmdSearch},
+        {"guess", "guess FILE INDEX",
+         "Prints the transliteration guessed from the phonetic values of word INDEX's signs, as\n"
+         "the Guess button makes it; exit 1 when no sign has a phonetic value.\n",
+         cmdGuess},
+        {"compose", "compose [--library basic|extended] [--direction left|right] LINE",
+         "Composes LINE (codes such as A1 or phonetic values such as n, separated by -, blank,\n"
+         "* or :) as Get then OK in the composer do, and prints the layout string and the\n"
+         "Gardiner notation on two lines. Messages the composer would show go to stderr. When\n"
+         "the composer would not accept the result (fewer than two signs placed), nothing is\n"
+         "printed and the exit status is 1.\n",
+         cmdCompose},
     };
     return list;
 }

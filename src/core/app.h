@@ -1,6 +1,7 @@
 #pragma once
 // The program-wide state and the ports through which the logic reaches the desktop. One App
 // lives from start-up to exit and is passed by reference; nothing else is global.
+#include "bulk/search_state.h"
 #include "core/dictionary_store.h"
 #include "core/glyph_table.h"
 #include "core/ports.h"
@@ -41,6 +42,12 @@ struct Windows {
     virtual void showAboutModal() {}
     // Drops the sign-list browser so that it is built for the current library next time.
     virtual void unloadBrowser() {}
+    // Shows the sign-list browser without blocking and returns once it has been hidden. True
+    // when the user chose a sign by double-clicking it (App::chosenSign then holds it), false
+    // when the browser was closed without a choice.
+    virtual bool chooseSignFromBrowser() { return false; }
+    // The transliteration typewriter, shown without blocking; it types into typewriterTarget.
+    virtual void showTypewriter() {}
     // The printing subsystem's defaults (default printer, print quality).
     virtual void setPrinterDefaults() {}
     // A line for the status bar.
@@ -57,6 +64,26 @@ struct Windows {
     // returns when it is closed. The composer leaves store.composeAccepted, layoutText,
     // composedGardiner and the signs in glyphs (placed from 0,0).
     virtual void runComposer() {}
+    // The main window's progress bar at this fraction (0..1) of its length. Called once per
+    // word a search passes over, so it should only repaint when the drawn length changes.
+    virtual void setProgress(float /*fraction*/) {}
+    // Shows the Search dialog (its controls are App::search) without blocking and returns
+    // once it has been hidden (OK) or closed (Cancel), letting events through meanwhile.
+    virtual void showSearchDialogAndWait() {}
+    // The text of a typewriter target whose text another window holds (the browser's
+    // transliteration box, the composer's code box); nullptr when that window is not open.
+    // The main window's TransLitTxt and the Search dialog's txtSearch are App's own.
+    virtual std::string* typewriterText(TypewriterTarget) { return nullptr; }
+    // The typewriter changed that target's text: its window shows it again.
+    virtual void typewriterTextChanged(TypewriterTarget) {}
+};
+
+// The sign the browser's user chose last, as the browser leaves it for the composer.
+struct ChosenSign {
+    std::string code;
+    int entry = 0;         // entry number in the sign list
+    int pictureNumber = 0; // the browser picture (0..24) that showed it
+    SignPicture picture;
 };
 
 // The Sort dialog's controls. The dialog is hidden, never unloaded, by OK and Cancel, so its
@@ -90,6 +117,8 @@ struct App {
     // Results the composer leaves for the main window.
     std::string layoutText;
     std::string composedGardiner;
+    // Left by the sign-list browser when the user double-clicks a sign.
+    ChosenSign chosenSign;
     // Once the composer has been switched to the Extended library, every stored word is "E".
     bool extendedChosen = false;
     // Insert: the next stored new word goes into the current row.
@@ -111,6 +140,14 @@ struct App {
     SortDialogState sortDialog;
 
     TypewriterTarget typewriterTarget = TypewriterTarget::MainTransLit;
+
+    // The word field Find searches (5 Meaning, 4 Transliteration, 3 Gardiner, 6 Comment), and
+    // whether the Search dialog was left with OK.
+    int searchField = FieldMeaning;
+    bool searchAccepted = false;
+    // The Search dialog's controls, and the criteria Find Next and Find Previous reuse.
+    SearchDialogState search;
+    SearchCriteria searchCriteria;
 
     // The program is to end now (without saving), with this status.
     bool endRequested = false;

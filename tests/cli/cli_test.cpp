@@ -178,3 +178,43 @@ TEST_F(CliTest, AGardinerOrderErrorNamesBothNotationsAndWritesNothing) {
     r = cli("sort " + f + " --by nothing -o " + out.string(), home.path());
     EXPECT_EQ(r.status, 2);
 }
+
+TEST_F(CliTest, SearchPrintsMatchesAndExitsOneWhenNone) {
+    const auto f = file("w.nkd", kWords);
+    const std::tuple<std::string, int, std::string> cases[] = {
+        {"--field meaning re", 0, "0\n"},
+        {"--field meaning --all re", 0, "0\n1\n"},
+        {"--field meaning --exact REED", 0, "0\n"},
+        {"--field meaning --exact --case REED", 1, ""},
+        {"--field gardiner --all 'G17*'", 0, "1\n"},
+        {"--field translit nothing", 1, ""},
+    };
+    for (const auto& [args, status, out] : cases) {
+        CliRun r = cli("search " + f + " " + args, home.path());
+        EXPECT_EQ(r.status, status) << args << r.err;
+        EXPECT_EQ(r.out, out) << args;
+    }
+    EXPECT_EQ(cli("search " + f + " --field meaning ''", home.path()).status, 2);
+}
+
+TEST_F(CliTest, ComposeAndGuess) {
+    home.write("Lists/Phonetic.csv", "\"G17\",\"m\"\r\n\"N35\",\"n\"\r\n");
+    const char gif[] = "GIF89a\x14\x00\x24\x00\x00\x00\x00;";
+    for (const char* p : {"Basic/Left/G/G17.GIF", "Basic/Left/N/N35.GIF"})
+        home.write(p, std::string(gif, sizeof gif - 1));
+    CliRun r = cli("compose 'G17 N35'", home.path());
+    ASSERT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(r.out, "G17(0,0) - N35(300,0) \nG17-N35\n");
+    r = cli("compose 'm-n'", home.path());
+    EXPECT_EQ(r.out, "G17(0,0) - N35(300,0) \nG17-N35\n");
+    r = cli("compose --direction right 'G17 N35'", home.path());
+    EXPECT_EQ(r.out, "N35(300,0) - G17(0,0) \nN35-G17\n");
+    // One sign is not accepted by the composer; unknown tokens are reported on stderr.
+    r = cli("compose 'A1 Q9'", home.path());
+    EXPECT_EQ(r.status, 1);
+    EXPECT_EQ(r.out, "");
+    EXPECT_NE(r.err.find("Q9 was not found"), std::string::npos);
+    r = cli("guess " + file("w.nkd", kWords) + " 1", home.path());
+    EXPECT_EQ(r.status, 0);
+    EXPECT_EQ(r.out, "mn\n");
+}

@@ -1,0 +1,86 @@
+// search, guess and compose: finding words, guessing a transliteration and composing a line of
+// codes, exactly as the windows do.
+#include "bulk/search.h"
+#include "cli/args.h"
+#include "cli/console.h"
+#include "cli/subcommands.h"
+#include "composer/composer.h"
+#include "core/errors.h"
+#include "display/render.h"
+#include "editing/word_editing.h"
+#include "translit/guess.h"
+
+#include <iostream>
+#include <map>
+
+namespace fs = std::filesystem;
+
+namespace nebkaro::cli {
+
+int cmdSearch(const fs::path& home, const std::vector<std::string>& argv) {
+    Args a(argv, {"--field"}, {"--exact", "--word", "--case", "--ignore-variants", "--all"});
+    if (a.positional().size() != 2) throw Usage("search takes FILE --field FIELD TEXT");
+    static const std::map<std::string, int> fields = {{"meaning", FieldMeaning},
+                                                      {"translit", FieldTranslit},
+                                                      {"gardiner", FieldGardiner},
+                                                      {"comment", FieldComment}};
+    const std::string fieldName = a.required("--field");
+    auto it = fields.find(fieldName);
+    if (it == fields.end())
+        throw Usage("--field takes meaning|translit|gardiner|comment, not '" + fieldName + "'");
+    if (a.flag("--exact") && a.flag("--word")) throw Usage("--exact and --word exclude each other");
+    const std::string& textValue = a.positional()[1];
+    if (textValue.empty()) throw Usage("You must write something in the search box");
+    ConsoleApp c(home);
+    loadDictionary(c, a.positional()[0], false);
+    const SearchCriteria criteria =
+        PrepareCriteria(textValue, a.flag("--exact") ? 1 : 0, a.flag("--word") ? 1 : 0,
+                        a.flag("--case") ? 1 : 0, a.flag("--ignore-variants"));
+    std::vector<int> found;
+    if (c.app.store.lastIndex >= 0) {
+        if (a.flag("--all")) {
+            found = FindAll(c.app.store, criteria, it->second);
+        } else if (int i =
+                       FindMatch(c.app.store, criteria, it->second, 0, c.app.store.lastIndex, 1);
+                   i >= 0) {
+            found.push_back(i);
+        }
+    }
+    for (int i : found) std::cout << i << "\n";
+    return found.empty() ? 1 : 0;
+}
+
+int cmdGuess(const fs::path& home, const std::vector<std::string>& argv) {
+    Args a(argv, {}, {});
+    if (a.positional().size() != 2) throw Usage("guess takes FILE INDEX");
+    ConsoleApp c(home);
+    InstallEditing(c.app);
+    LoadPhonetic(c.app.lists, home);
+    loadDictionary(c, a.positional()[0], false);
+    c.app.store.currentIndex = wordIndex(c, a.positional()[1]);
+    RenderWord(c.app);
+    const std::string guess = GuessTransliteration(c.app.glyphs, c.app.lists);
+    std::cout << guess << "\n";
+    return guess.empty() ? 1 : 0;
+}
+
+int cmdCompose(const fs::path& home, const std::vector<std::string>& argv) {
+    Args a(argv, {"--library", "--direction"}, {});
+    if (a.positional().size() != 1) throw Usage("compose takes one LINE (quote it)");
+    const std::string library = a.value("--library").value_or("basic");
+    const std::string direction = a.value("--direction").value_or("left");
+    if (library != "basic" && library != "extended") throw Usage("--library takes basic|extended");
+    if (direction != "left" && direction != "right") throw Usage("--direction takes left|right");
+    ConsoleApp c(home);
+    c.app.settings.useBasicLibrary = library == "basic";
+    c.app.settings.directionLeft = direction == "left";
+    LoadSignList(c.app.lists, home, c.app.settings.useBasicLibrary);
+    LoadPhonetic(c.app.lists, home);
+    if (!ComposeLine(c.app, a.positional()[0], c.app.settings.useBasicLibrary,
+                     c.app.settings.directionLeft))
+        return 1;
+    std::cout << c.app.layoutText << "\n" << c.app.composedGardiner << "\n";
+    return 0;
+}
+
+} // namespace nebkaro::cli
