@@ -1,5 +1,7 @@
 #include "ui/main_window.h"
 
+#include "bulk/bulk_commands.h"
+#include "bulk/search.h"
 #include "core/dictionary_file.h"
 #include "core/errors.h"
 #include "core/startup.h"
@@ -10,10 +12,14 @@
 #include "display/word_picture_qt.h"
 #include "display/word_view_events.h"
 #include "editing/commands.h"
+#include "translit/guess.h"
 #include "ui/about_dialog.h"
 #include "ui/cancel_dialog.h"
+#include "ui/compose_window.h"
 #include "ui/header_dialog.h"
+#include "ui/lookup_window.h"
 #include "ui/preferences_dialog.h"
+#include "ui/search_tools.h"
 #include "ui/sort_dialog.h"
 
 #include <QAction>
@@ -159,6 +165,8 @@ MainWindow::MainWindow(App& app, Options options)
     setObjectName(QStringLiteral("Main"));
     setWindowTitle(QStringLiteral("Nebkaro"));
     app_.windows = this;
+    lookup_ = std::make_unique<ui::LookupHost>(app_);
+    tools_ = new SearchTools(app_, this);
     surface_ = new WordSurface(this);
     surface_->setObjectName(QStringLiteral("MainSurface"));
     setCentralWidget(surface_);
@@ -178,9 +186,8 @@ MainWindow::MainWindow(App& app, Options options)
 
 MainWindow::~MainWindow() {
     qApp->removeEventFilter(this);
-    for (CommandId id : {CommandId::ShowBorders, CommandId::CopyWordImage, CommandId::SaveWordImage,
-                         CommandId::PasteImageToPaint, CommandId::Options, CommandId::AboutProgram})
-        InstallCommandHandler(app_, id, nullptr);
+    for (CommandId id : installed_) InstallCommandHandler(app_, id, nullptr);
+    lookup_.reset();
     if (app_.windows == this) app_.windows = previousWindows_;
 }
 
@@ -439,12 +446,33 @@ void MainWindow::buildShortcuts() {
 }
 
 void MainWindow::installHandlers() {
-    InstallCommandHandler(app_, CommandId::ShowBorders, [](App& a) { ToggleShowBorders(a.view); });
-    InstallCommandHandler(app_, CommandId::CopyWordImage, [this](App&) { copyImage(); });
-    InstallCommandHandler(app_, CommandId::SaveWordImage, [this](App&) { saveImage(); });
-    InstallCommandHandler(app_, CommandId::PasteImageToPaint, [this](App&) { pasteToPaint(); });
-    InstallCommandHandler(app_, CommandId::Options, [this](App&) { showPreferences(); });
-    InstallCommandHandler(app_, CommandId::AboutProgram, [this](App&) { showAbout(); });
+    // The commands whose code lives outside the editing library, as this program provides
+    // them. Printing is not among them yet: its controls stay disabled.
+    const std::pair<CommandId, std::function<void(App&)>> handlers[] = {
+        {CommandId::ShowBorders, [](App& a) { ToggleShowBorders(a.view); }},
+        {CommandId::CopyWordImage, [this](App&) { copyImage(); }},
+        {CommandId::SaveWordImage, [this](App&) { saveImage(); }},
+        {CommandId::PasteImageToPaint, [this](App&) { pasteToPaint(); }},
+        {CommandId::Options, [this](App&) { showPreferences(); }},
+        {CommandId::AboutProgram, [this](App&) { showAbout(); }},
+        {CommandId::Find, FindCommand},
+        {CommandId::FindNext, FindNextCommand},
+        {CommandId::FindPrevious, FindPreviousCommand},
+        {CommandId::SortButton, SortCommand},
+        {CommandId::SortMenu, MenuSortCommand},
+        {CommandId::SortGardiner, SortGardinerCommand},
+        {CommandId::Shuffle, ShuffleCommand},
+        {CommandId::FlipAllLeft, [](App& a) { FlipAllCommand(a, 0); }},
+        {CommandId::FlipAllRight, [](App& a) { FlipAllCommand(a, 1); }},
+        {CommandId::FlipAllInvert, [](App& a) { FlipAllCommand(a, 2); }},
+        {CommandId::Typewriter, [this](App&) { tools_->showTypewriterBesideMain(); }},
+        {CommandId::TransTable, [this](App&) { tools_->showTransTable(); }},
+        {CommandId::TransGuess, TransGuess},
+    };
+    for (const auto& [id, handler] : handlers) {
+        InstallCommandHandler(app_, id, handler);
+        installed_.insert(id);
+    }
 }
 
 // ---------------------------------------------------------------------------- showing the view
@@ -551,6 +579,7 @@ void MainWindow::wordViewChanged() {
     }
 
     // The bar starts 200 twips into its track and is empty with one word or none.
+    progressPixels_ = -1;
     progress_->setGeometry(px(200), 2, px(v.progressWidth), std::max(1, px(120) - 4));
     progress_->setVisible(v.progressWidth > 0);
 
@@ -581,11 +610,90 @@ void MainWindow::showAboutModal() {
 
 void MainWindow::unloadBrowser() {
     // The sign-list browser is built for one library; the next opening builds it afresh.
-    for (QWidget* w : QApplication::topLevelWidgets()) {
-        if (w->objectName() == QLatin1String("Lookup")) {
-            w->close();
-            w->deleteLater();
-        }
+    lookup_->unload();
+}
+
+bool MainWindow::chooseSignFromBrowser() {
+    return lookup_->chooseSign();
+}
+
+void MainWindow::showTypewriter() {
+    // Asked for by the sign browser: the typewriter goes beside it.
+    if (lookup_->isLoaded())
+        tools_->showTypewriterBeside(lookup_->window());
+    else
+        tools_->showTypewriterBesideMain();
+}
+
+void MainWindow::runComposer() {
+    // One composer window; every New and Edit loads it afresh (the first load is its
+    // construction), so it starts empty or from the word on show.
+    if (!composer_)
+        composer_ = new ui::ComposeWindow(app_, this);
+    else
+        composer_->load();
+    if (!app_.endRequested) composer_->run();
+}
+
+void MainWindow::setProgress(float fraction) {
+    const int track = px(app_.view.geometry.progressContainerWidth - 400);
+    const int length = static_cast<int>(std::lround(std::clamp(fraction, 0.0f, 1.0f) * track));
+    if (length == progressPixels_) return;
+    progressPixels_ = length;
+    progress_->setGeometry(px(200), 2, length, std::max(1, px(120) - 4));
+    progress_->setVisible(length > 0);
+    progress_->repaint();
+}
+
+void MainWindow::showSearchDialogAndWait() {
+    tools_->showSearchDialogAndWait();
+}
+
+namespace {
+// The line edit of another window that a typewriter target names.
+QLineEdit* targetBox(QWidget* window, TypewriterTarget target) {
+    if (!window || !window->isVisible()) return nullptr;
+    return window->findChild<QLineEdit*>(target == TypewriterTarget::ComposerMdC
+                                             ? QStringLiteral("txtMdC")
+                                             : QStringLiteral("txtTrans"));
+}
+} // namespace
+
+std::string* MainWindow::typewriterText(TypewriterTarget target) {
+    std::string* text = nullptr;
+    QWidget* window = nullptr;
+    if (target == TypewriterTarget::ComposerMdC && composer_) {
+        window = composer_;
+        text = &composer_->model().txtMdC;
+    } else if (target == TypewriterTarget::BrowserTrans && lookup_->isLoaded()) {
+        window = lookup_->window();
+        text = &lookup_->window()->model().txtTrans;
+    }
+    QLineEdit* box = targetBox(window, target);
+    if (!box) return nullptr;
+    // What the user typed by hand counts too: the typewriter appends to the box as it stands.
+    *text = box->text().toStdString();
+    return text;
+}
+
+void MainWindow::typewriterTextChanged(TypewriterTarget target) {
+    switch (target) {
+    case TypewriterTarget::MainTransLit:
+        wordViewChanged();
+        return;
+    case TypewriterTarget::SearchText:
+        tools_->typewriterTextChanged(target);
+        return;
+    case TypewriterTarget::ComposerMdC:
+        if (QLineEdit* box = composer_ ? targetBox(composer_, target) : nullptr)
+            box->setText(qs(composer_->model().txtMdC));
+        return;
+    case TypewriterTarget::BrowserTrans:
+        if (QLineEdit* box = lookup_->isLoaded() ? targetBox(lookup_->window(), target) : nullptr)
+            box->setText(qs(lookup_->window()->model().txtTrans));
+        return;
+    case TypewriterTarget::None:
+        return;
     }
 }
 

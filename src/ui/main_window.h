@@ -10,6 +10,8 @@
 #include <QPointer>
 
 #include <array>
+#include <memory>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -29,7 +31,12 @@ enum class CommandId : int;
 struct MenuItem;
 class AboutDialog;
 class CancelDialog;
+class SearchTools;
 class SortDialog;
+namespace ui {
+class ComposeWindow;
+class LookupHost;
+} // namespace ui
 class WordSurface;
 
 class MainWindow : public QMainWindow, public Windows {
@@ -61,6 +68,13 @@ public:
     void showProgress(const std::string& text) override;
     void hideProgress() override;
     void showCounter(int value) override;
+    void runComposer() override;
+    bool chooseSignFromBrowser() override;
+    void showTypewriter() override;
+    void setProgress(float fraction) override;
+    void showSearchDialogAndWait() override;
+    std::string* typewriterText(TypewriterTarget target) override;
+    void typewriterTextChanged(TypewriterTarget target) override;
 
 Q_SIGNALS:
     // The program is to end with this status (Quit, a way out chosen at a question, or a
@@ -124,6 +138,7 @@ private:
     QFrame* progress_ = nullptr;
     QMenu* popup_ = nullptr;
     QAction* showBorders_ = nullptr;
+    std::set<CommandId> installed_; // handlers this window put into App::commandHandlers
     std::vector<std::pair<QAction*, CommandId>> actions_;
     std::vector<std::pair<QAbstractButton*, CommandId>> buttons_;
     std::vector<std::pair<QWidget*, QRect>> fixed_; // controls placed by the design, in twips
@@ -133,6 +148,11 @@ private:
     SortDialog* sort_ = nullptr;
     CancelDialog* progressDialog_ = nullptr;
     QLabel* counter_ = nullptr;
+    // The other windows of the program, made when first needed.
+    ui::ComposeWindow* composer_ = nullptr;
+    std::unique_ptr<ui::LookupHost> lookup_;
+    SearchTools* tools_ = nullptr;
+    int progressPixels_ = -1; // the bar's length while a search runs
     bool pictureStatus_ = false;
     bool shown_ = false;
     // The text box that has the focus within the window (0..3 as boxes_), -1 for none.

@@ -507,6 +507,54 @@ private Q_SLOTS:
         QVERIFY(p.find<QLabel>("lblCounter")->text().isEmpty());
     }
 
+    void aNewWordIsComposedShownAndStored() {
+        Program p;
+        p.folder.settings(false, false);
+        QVERIFY(p.startAndShow());
+        whenShown(QStringLiteral("Compose"), [](QWidget* compose) {
+            compose->findChild<QLineEdit*>(QStringLiteral("txtMdC"))->setText("G17 N35");
+            QTest::mouseClick(compose->findChild<QPushButton*>(QStringLiteral("cmdGet")),
+                              Qt::LeftButton);
+            QTest::mouseClick(compose->findChild<QPushButton*>(QStringLiteral("OkCmd")),
+                              Qt::LeftButton);
+        });
+        p.click("NewCmd");
+        QVERIFY(p.app.store.newWordPending);
+        QCOMPARE(p.find<QLineEdit>("txtNumber")->text(), QStringLiteral("3"));
+        QCOMPARE(p.find<QLineEdit>("GardinerTxt")->text(), QStringLiteral("G17-N35"));
+        QVERIFY(p.find<QLineEdit>("MeaningTxt")->text().isEmpty());
+        QVERIFY(p.find<QLabel>("mainGlyphPic0")->isVisible());
+        QVERIFY(p.find<QLabel>("mainGlyphPic1")->isVisible());
+        QVERIFY(!p.find<QLabel>("mainGlyphPic2")->isVisible());
+        QTest::keyClicks(p.find<QLineEdit>("MeaningTxt"), "owl");
+        p.click("cmdStore");
+        QCOMPARE(p.app.store.lastIndex, 3);
+        QCOMPARE(p.app.store.field(3, FieldMeaning), std::string("owl"));
+        QCOMPARE(p.app.store.field(3, FieldGardiner), std::string("G17-N35"));
+        QVERIFY(p.app.store.isChanged);
+    }
+
+    void guessAndTypewriterWriteIntoTheTransliteration() {
+        Program p;
+        p.folder.settings(false, false);
+        QVERIFY(p.startAndShow());
+        auto* translit = p.find<QLineEdit>("TransLitTxt");
+        p.click("cmdTransGuess"); // A1 has no phonetic value, G17 is m
+        QCOMPARE(translit->text(), QStringLiteral("m"));
+        translit->setFocus();
+        p.action("mnuTypewriter")->trigger();
+        QWidget* typewriter = nullptr;
+        for (QWidget* w : QApplication::topLevelWidgets())
+            if (w->objectName() == QLatin1String("frmTypewriter") && w->isVisible()) typewriter = w;
+        QVERIFY(typewriter);
+        auto* space = typewriter->findChild<QPushButton*>(QStringLiteral("btnSpace"));
+        QVERIFY(space);
+        QTest::mouseClick(space, Qt::LeftButton);
+        QCOMPARE(translit->text(), QStringLiteral("m "));
+        QCOMPARE(p.app.view.TransLitTxt, std::string("m "));
+        QVERIFY(p.app.view.textChanged);
+    }
+
     void everyControlCarriesItsNameCaptionAndTip() {
         Program p;
         p.folder.settings(false, false);

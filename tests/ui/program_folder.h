@@ -107,4 +107,30 @@ inline void whenModal(const QString& name, std::function<void(QWidget*)> act) {
     timer->start(10);
 }
 
+// Runs act on the top-level window named name as soon as it is shown (from inside whatever
+// event loop waits for it).
+inline void whenShown(const QString& name, std::function<void(QWidget*)> act) {
+    auto* timer = new QTimer;
+    auto* clock = new QElapsedTimer;
+    clock->start();
+    QObject::connect(timer, &QTimer::timeout, [=] {
+        for (QWidget* w : QApplication::topLevelWidgets()) {
+            if (w->objectName() == name && w->isVisible()) {
+                timer->stop();
+                timer->deleteLater();
+                delete clock;
+                act(w);
+                return;
+            }
+        }
+        if (clock->elapsed() > 5000) {
+            timer->stop();
+            timer->deleteLater();
+            delete clock;
+            qWarning("no window %s was shown", qPrintable(name));
+        }
+    });
+    timer->start(10);
+}
+
 } // namespace nebkaro::uitest
