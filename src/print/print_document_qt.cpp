@@ -25,6 +25,12 @@ constexpr int TwipsPerPoint = 20;
 constexpr int PictureMargin = 32;
 constexpr int PictureToTextGap = 90;
 constexpr int HeaderGap = 220;
+constexpr int NumberGap = 180;
+// From this content width on (four inches) the text stands beside the signs, which may take
+// up to this share of the width.
+constexpr int SideBySideWidth = 4 * 1440;
+constexpr double SignsShare = 0.45;
+constexpr int SignsToTextGap = 300;
 constexpr double SmallestPictureScale = 0.05;
 
 QString qs(const std::string& s) {
@@ -126,9 +132,22 @@ QPageSize::PageSizeId qtPageSizeId(const std::string& paper) {
 struct BlockLayout {
     double pictureScale = 1;
     double pictureHeight = 0; // on paper, twips, 0 when no signs are printed
+    // Where the text starts, from the left of the block's content and from its top: under
+    // the signs, or beside them in a wide column.
+    double textX = 0;
+    double textTop = 0;
+    double textWidth = 0;
     std::vector<TextPart> parts;
     int height = 0;
 };
+
+// The drawn size of a word's signs, without the white margin its picture keeps round them.
+double signsWidth(const WordPicture& p) {
+    return std::max(p.width - 2 * PictureMargin, 1);
+}
+double signsHeight(const WordPicture& p) {
+    return std::max(p.height - 2 * PictureMargin, 1);
+}
 
 struct PrintDocument::Impl {
     std::vector<PrintWord> words;
@@ -137,6 +156,7 @@ struct PrintDocument::Impl {
     Fonts fonts;
     PageFrame frame;
     int numberGutter = 0;
+    double signsColumn = 0; // 0: text under the signs
     int gap = 0;
     double headerLine = 0;
     double footerLine = 0;
@@ -162,29 +182,42 @@ struct PrintDocument::Impl {
             if (!on) return;
             QString t = paperText(value);
             if (t.trimmed().isEmpty()) return;
-            TextPart part{t, &font, colour, step(font), 0};
-            part.lines = lineCount(t, font, width);
-            b.parts.push_back(part);
+            b.parts.push_back(TextPart{t, &font, colour, step(font), 0});
         };
         addText(fields.gardiner, w.record[FieldGardiner], fonts.gardiner, Grey);
         addText(fields.transliteration, w.record[FieldTranslit], fonts.translit, Ink);
         addText(fields.meaning, w.record[FieldMeaning], fonts.meaning, Ink);
         addText(fields.comment, w.record[FieldComment], fonts.comment, Ink);
+
+        const bool signs = fields.signs && !w.picture.pictures.empty();
+        const double signsW = signsWidth(w.picture);
+        const double signsH = signsHeight(w.picture);
+        const bool beside = signs && !b.parts.empty() && signsColumn > 0 && signsW <= signsColumn;
+        b.textX = beside ? signsColumn + SignsToTextGap : 0;
+        b.textWidth = std::max(width - b.textX, 1.0);
         double textHeight = 0;
-        for (const TextPart& p : b.parts) textHeight += p.lines * p.step;
+        for (TextPart& p : b.parts) {
+            p.lines = lineCount(p.text, *p.font, b.textWidth);
+            textHeight += p.lines * p.step;
+        }
 
         double height = textHeight;
-        if (fields.signs && !w.picture.pictures.empty()) {
-            const double signsW = std::max(w.picture.width - 2 * PictureMargin, 1);
-            const double signsH = std::max(w.picture.height - 2 * PictureMargin, 1);
-            // True size, unless the word is wider than its column or, with its text, taller.
+        if (signs) {
+            // True size, unless the word is wider than its column or taller than it can be
+            // with its text.
             double s = std::min(1.0, width / signsW);
             const double room =
-                frame.columnHeight - textHeight - (b.parts.empty() ? 0 : PictureToTextGap);
+                beside ? frame.columnHeight
+                       : frame.columnHeight - textHeight - (b.parts.empty() ? 0 : PictureToTextGap);
             if (signsH * s > room) s = room / signsH;
             b.pictureScale = std::max(s, SmallestPictureScale);
             b.pictureHeight = signsH * b.pictureScale;
-            height += b.pictureHeight + (b.parts.empty() ? 0 : PictureToTextGap);
+            if (beside) {
+                height = std::max(textHeight, b.pictureHeight);
+            } else {
+                b.textTop = b.parts.empty() ? 0 : b.pictureHeight + PictureToTextGap;
+                height = b.textTop + textHeight;
+            }
         }
         if (fields.number) height = std::max(height, step(fonts.number));
         b.height = static_cast<int>(std::ceil(height));
@@ -197,13 +230,27 @@ struct PrintDocument::Impl {
         footerLine = QFontMetricsF(fonts.header).lineSpacing();
         frame = FramePage(options, static_cast<int>(std::ceil(headerLine)) + HeaderGap,
                           static_cast<int>(std::ceil(footerLine)) + HeaderGap);
-        numberGutter =
-            options.fields.number
-                ? static_cast<int>(std::ceil(
-                      QFontMetricsF(fonts.number).horizontalAdvance(QStringLiteral("100000")))) +
-                      180
-                : 0;
+        numberGutter = 0;
+        if (options.fields.number) {
+            // As wide as the longest number printed, so that the words line up on every page
+            // and no room is lost on a short dictionary's numbers.
+            int widest = 0;
+            for (const PrintWord& w : words) widest = std::max(widest, w.index);
+            const QString digits(QString::number(widest).size(), QLatin1Char('0'));
+            numberGutter =
+                static_cast<int>(std::ceil(QFontMetricsF(fonts.number).horizontalAdvance(digits))) +
+                NumberGap;
+        }
         gap = static_cast<int>(std::lround(0.8 * step(fonts.meaning)));
+        // A wide column puts the text beside the signs, all words' text at one edge: as far
+        // right as the widest word that takes no more than its share of the column.
+        signsColumn = 0;
+        if (options.fields.signs && contentWidth() >= SideBySideWidth) {
+            const double share = contentWidth() * SignsShare;
+            for (const PrintWord& w : words)
+                if (!w.picture.pictures.empty() && signsWidth(w.picture) <= share)
+                    signsColumn = std::max(signsColumn, signsWidth(w.picture));
+        }
         heights.clear();
         pages.clear();
         if (!frame.usable() || !options.fields.any()) return;
@@ -270,20 +317,17 @@ struct PrintDocument::Impl {
         if (options.fields.number) {
             p.setFont(fonts.number);
             p.setPen(Grey);
-            const QRectF r(x, y, numberGutter - 180, step(fonts.number));
+            const QRectF r(x, y, numberGutter - NumberGap, step(fonts.number));
             p.drawText(r, Qt::AlignRight | Qt::AlignTop, QString::number(w.index));
         }
         const double cx = x + numberGutter;
-        double cy = y;
-        if (b.pictureHeight > 0) {
-            drawPicture(p, w.picture, cx, cy, b.pictureScale, kx, ky);
-            cy += b.pictureHeight + (b.parts.empty() ? 0 : PictureToTextGap);
-        }
+        if (b.pictureHeight > 0) drawPicture(p, w.picture, cx, y, b.pictureScale, kx, ky);
+        double ty = y + b.textTop;
         for (const TextPart& part : b.parts) {
-            auto layout = wrapText(part.text, *part.font, contentWidth(), part.step);
+            auto layout = wrapText(part.text, *part.font, b.textWidth, part.step);
             p.setPen(part.colour);
-            layout->draw(&p, QPointF(cx, cy));
-            cy += part.lines * part.step;
+            layout->draw(&p, QPointF(cx + b.textX, ty));
+            ty += part.lines * part.step;
         }
     }
 

@@ -22,10 +22,11 @@ public:
     int waiting() const { return static_cast<int>(words_.size()); }
     // The number the next sheet carries in its footer: sheets count from 1 for the session.
     int sheetNumber() const { return sheet_; }
-    // The sheet was printed: the words leave the queue and the next sheet is numbered on.
-    void sheetPrinted() {
+    // The sheet was printed (on as many pages as it took): the words leave the queue and
+    // the next sheet is numbered on.
+    void sheetPrinted(int pages = 1) {
         words_.clear();
-        ++sheet_;
+        sheet_ += pages;
     }
     // The words are dropped without printing (the user chose not to print them).
     void discard() { words_.clear(); }
