@@ -81,6 +81,7 @@ const QColor Rule(185, 185, 185);
 struct TextPart {
     QString text;
     const QFont* font = nullptr;
+    const QFontMetricsF* metrics = nullptr;
     QColor colour;
     double step = 0; // height of one line
     int lines = 0;
@@ -105,11 +106,9 @@ std::unique_ptr<QTextLayout> wrapText(const QString& text, const QFont& font, do
     return layout;
 }
 
-int lineCount(const QString& text, const QFont& font, double width) {
+int lineCount(const QString& text, const QFont& font, const QFontMetricsF& metrics, double width) {
     // Most fields are one short line; only the others need the full text layout.
-    if (!text.contains(QChar::LineSeparator) &&
-        QFontMetricsF(font).horizontalAdvance(text) <= width)
-        return 1;
+    if (!text.contains(QChar::LineSeparator) && metrics.horizontalAdvance(text) <= width) return 1;
     return wrapText(text, font, width, 1)->lineCount();
 }
 
@@ -150,7 +149,9 @@ double signsHeight(const WordPicture& p) {
 }
 
 struct PrintDocument::Impl {
-    std::vector<PrintWord> words;
+    std::shared_ptr<const std::vector<PrintWord>> shared;
+    const std::vector<PrintWord>& words = *shared;
+    explicit Impl(std::shared_ptr<const std::vector<PrintWord>> w) : shared(std::move(w)) {}
     PrintOptions options;
     std::string title;
     Fonts fonts;
@@ -168,9 +169,20 @@ struct PrintDocument::Impl {
     mutable QHash<QString, QImage> originals;
     mutable QHash<QString, QImage> scaled;
 
-    double step(const QFont& f) const {
-        return QFontMetricsF(f).lineSpacing() * options.lineSpacing;
+    // Metrics of the fonts of the fields, measured once: a whole dictionary asks them
+    // hundreds of thousands of times.
+    struct Face {
+        const QFont* font;
+        QFontMetricsF metrics;
+        double step;
+    };
+    std::vector<Face> faces;
+    const Face& face(const QFont& f) const {
+        for (const Face& x : faces)
+            if (x.font == &f) return x;
+        return faces.front();
     }
+    double step(const QFont& f) const { return face(f).step; }
     int contentWidth() const { return frame.columnWidth - numberGutter; }
 
     BlockLayout layoutBlock(const PrintWord& w) const {
@@ -182,7 +194,8 @@ struct PrintDocument::Impl {
             if (!on) return;
             QString t = paperText(value);
             if (t.trimmed().isEmpty()) return;
-            b.parts.push_back(TextPart{t, &font, colour, step(font), 0});
+            const Face& x = face(font);
+            b.parts.push_back(TextPart{t, &font, &x.metrics, colour, x.step, 0});
         };
         addText(fields.gardiner, w.record[FieldGardiner], fonts.gardiner, Grey);
         addText(fields.transliteration, w.record[FieldTranslit], fonts.translit, Ink);
@@ -197,7 +210,7 @@ struct PrintDocument::Impl {
         b.textWidth = std::max(width - b.textX, 1.0);
         double textHeight = 0;
         for (TextPart& p : b.parts) {
-            p.lines = lineCount(p.text, *p.font, b.textWidth);
+            p.lines = lineCount(p.text, *p.font, *p.metrics, b.textWidth);
             textHeight += p.lines * p.step;
         }
 
@@ -225,6 +238,12 @@ struct PrintDocument::Impl {
     }
 
     void layOut() {
+        faces.clear();
+        for (const QFont* f :
+             {&fonts.number, &fonts.gardiner, &fonts.translit, &fonts.meaning, &fonts.comment}) {
+            QFontMetricsF m(*f);
+            faces.push_back({f, m, m.lineSpacing() * options.lineSpacing});
+        }
         const double titleLine = QFontMetricsF(fonts.title).lineSpacing();
         headerLine = std::max(titleLine, QFontMetricsF(fonts.header).lineSpacing());
         footerLine = QFontMetricsF(fonts.header).lineSpacing();
@@ -385,8 +404,12 @@ struct PrintDocument::Impl {
 };
 
 PrintDocument::PrintDocument(std::vector<PrintWord> words, PrintOptions options, std::string title)
-    : d(std::make_unique<Impl>()) {
-    d->words = std::move(words);
+    : PrintDocument(std::make_shared<const std::vector<PrintWord>>(std::move(words)),
+                    std::move(options), std::move(title)) {}
+
+PrintDocument::PrintDocument(std::shared_ptr<const std::vector<PrintWord>> words,
+                             PrintOptions options, std::string title)
+    : d(std::make_unique<Impl>(std::move(words))) {
     d->options = std::move(options);
     d->options.lineSpacing = std::clamp(d->options.lineSpacing, MinLineSpacing, MaxLineSpacing);
     d->title = std::move(title);
@@ -400,6 +423,9 @@ const PrintOptions& PrintDocument::options() const {
 }
 const std::string& PrintDocument::title() const {
     return d->title;
+}
+const std::shared_ptr<const std::vector<PrintWord>>& PrintDocument::sharedWords() const {
+    return d->shared;
 }
 const std::vector<PrintWord>& PrintDocument::words() const {
     return d->words;

@@ -23,6 +23,9 @@ namespace nebkaro::print {
 class PrintDocument {
 public:
     PrintDocument(std::vector<PrintWord> words, PrintOptions options, std::string title);
+    // The same words laid out again with other options need not be collected again.
+    PrintDocument(std::shared_ptr<const std::vector<PrintWord>> words, PrintOptions options,
+                  std::string title);
     ~PrintDocument();
     PrintDocument(const PrintDocument&) = delete;
     PrintDocument& operator=(const PrintDocument&) = delete;
@@ -30,6 +33,7 @@ public:
     const PrintOptions& options() const;
     const std::string& title() const;
     const std::vector<PrintWord>& words() const;
+    const std::shared_ptr<const std::vector<PrintWord>>& sharedWords() const;
     const PageFrame& frame() const;
     // The margins leave room for words (at least an inch each way in every column).
     bool fits() const;

@@ -415,9 +415,13 @@ void PrintOptionsDialog::refresh() {
     if (!document_ || words != laidOutWords_ || layoutPart(o) != layoutPart(laidOutOptions_)) {
         const bool slow = words.size() > ManyWords;
         if (slow) QApplication::setOverrideCursor(Qt::WaitCursor);
+        // Options that only change the layout keep the words already collected.
+        auto collected =
+            document_ && words == laidOutWords_
+                ? document_->sharedWords()
+                : std::make_shared<const std::vector<PrintWord>>(CollectWords(app_, words));
         document_ = std::make_unique<PrintDocument>(
-            CollectWords(app_, words), o,
-            DocumentTitle(app_.store.header, app_.store.dictionaryName));
+            std::move(collected), o, DocumentTitle(app_.store.header, app_.store.dictionaryName));
         if (slow) QApplication::restoreOverrideCursor();
         laidOutWords_ = words;
         laidOutOptions_ = o;

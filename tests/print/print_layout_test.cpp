@@ -214,15 +214,6 @@ TEST(FramePage, MarginsThatLeaveNoRoomAreNotUsable) {
     EXPECT_FALSE(FramePage(o, 300, 300).usable());
 }
 
-TEST(PaperSize, KnownNamesAndA4ForAnyOther) {
-    EXPECT_EQ(paperSize("A4").width, 11906);
-    EXPECT_EQ(paperSize("A4").height, 16838);
-    EXPECT_EQ(paperSize("A5").height, paperSize("A4").width);
-    EXPECT_EQ(paperSize("A3").width, paperSize("A4").height);
-    EXPECT_EQ(paperSize("Legal").height, 14 * 1440);
-    EXPECT_EQ(paperSize("Tabloid").name, "A4");
-}
-
 TEST(PrintResolution, QualityValuesBecomeDotsPerInch) {
     const std::pair<int, int> cases[] = {{0, 150},  {-1, 150},  {-2, 200}, {-3, 300},   {-4, 600},
                                          {-9, 150}, {720, 720}, {5, 72},   {9600, 2400}};

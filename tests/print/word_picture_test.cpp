@@ -44,18 +44,6 @@ TEST_F(WordPictureTest, SignsAtNaturalSizeInsideA32TwipMargin) {
     EXPECT_EQ(p.pictures[1].picture.file, "/pictures/Basic/Left/G17.GIF");
 }
 
-TEST_F(WordPictureTest, LibraryAndDirectionChooseTheFolder) {
-    const std::tuple<const char*, const char*, const char*> cases[] = {
-        {"L", "B", "/pictures/Basic/Left/A1.GIF"},
-        {"R", "B", "/pictures/Basic/Right/A1.GIF"},
-        {"L", "E", "/pictures/Extended/Left/A1.GIF"},
-        {"x", "y", "/pictures/Extended/Right/A1.GIF"},
-    };
-    for (auto [dir, lib, file] : cases)
-        EXPECT_EQ(PictureOfRecord(t.pictures, word(dir, lib, "A1(0,0) ")).pictures[0].picture.file,
-                  file);
-}
-
 TEST_F(WordPictureTest, MatchesThePictureTheWordViewDraws) {
     const char* layouts[] = {"A1(0,0) ", "A1(0,60) - G17(300,0) - N35( 40, 700) ",
                              "N35(0,0) - A1(600,90) - MISSING(1000,0) ", ""};
