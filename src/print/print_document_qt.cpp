@@ -350,6 +350,20 @@ struct PrintDocument::Impl {
         }
     }
 
+    // "Words 3–17" for a page of words in dictionary order; nothing for words collected in
+    // any order, where a first and a last number would mislead.
+    std::string wordsGuide(const Page& placements) const {
+        int previous = -1;
+        for (const Placement& pl : placements) {
+            const int index = words[static_cast<std::size_t>(pl.item)].index;
+            if (index <= previous) return {};
+            previous = index;
+        }
+        if (placements.empty()) return {};
+        return PageWordsText(words[static_cast<std::size_t>(placements.front().item)].index,
+                             previous);
+    }
+
     void drawPage(QPainter& p, int page, double kx, double ky) const {
         if (page < 0 || page >= static_cast<int>(pages.size())) return;
         const Page& placements = pages[static_cast<std::size_t>(page)];
@@ -364,13 +378,10 @@ struct PrintDocument::Impl {
         p.setFont(fonts.title);
         const QRectF headerRect(frame.left, frame.top, width, headerLine);
         p.drawText(headerRect, Qt::AlignLeft | Qt::AlignVCenter, qs(title));
-        if (!placements.empty()) {
-            const int first = words[static_cast<std::size_t>(placements.front().item)].index;
-            const int last = words[static_cast<std::size_t>(placements.back().item)].index;
+        if (const std::string guide = wordsGuide(placements); !guide.empty()) {
             p.setFont(fonts.header);
             p.setPen(Grey);
-            p.drawText(headerRect, Qt::AlignRight | Qt::AlignVCenter,
-                       qs(PageWordsText(first, last)));
+            p.drawText(headerRect, Qt::AlignRight | Qt::AlignVCenter, qs(guide));
         }
         const double ruleY = frame.top + headerLine + HeaderGap / 3.0;
         p.setPen(QPen(Rule, 12));

@@ -436,6 +436,8 @@ void PrintOptionsDialog::refresh() {
         if (!pagesKnown_ || wasAll) txtPageTo_->setValue(count);
         pagesKnown_ = true;
         lblPageCount_->setText(count == 1 ? tr("of 1 page") : tr("of %1 pages").arg(count));
+    } else {
+        lblPageCount_->clear(); // the whole dictionary's pages are not counted for this choice
     }
     const auto [first, last] = PagesInRange(options().range, count);
     preview_->setDocument(document_.get(), first, last);

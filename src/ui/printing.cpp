@@ -158,13 +158,14 @@ PrintDocument::Outcome Printing::printPages(App& app, const PrintDocument& doc, 
         if (!progress) return true;
         progress->setLabelText(QObject::tr("Printing page %1 of %2").arg(done).arg(count));
         progress->setValue(done);
-        return !progress->wasCanceled();
+        if (!progress->wasCanceled()) return true;
+        printer.abort(); // while the job is still open, so that nothing reaches the paper
+        return false;
     });
     switch (outcome) {
     case PrintDocument::Outcome::Printed:
         break;
     case PrintDocument::Outcome::Cancelled:
-        printer.abort();
         if (pdf) {
             // A half-written file is no use to anyone.
             std::error_code ec;

@@ -104,6 +104,10 @@ void PrintPdfTest::wholeDictionaryHasEveryFieldAndNumberedPages() {
             qPrintable(pages[p]));
         QVERIFY(pages[p].contains(QLatin1String("Starter")));
     }
+    // The header's guide names the first and the last word of the page.
+    const int lastOnFirst =
+        doc->words()[static_cast<std::size_t>(doc->pages()[0].back().item)].index;
+    QVERIFY(pages[0].contains(QStringLiteral("Words 0\u2013%1").arg(lastOnFirst)));
     // The signs are pictures in the PDF; the missing one is a frame, not an error.
     QVERIFY(pdfImageCount(pdf) > 0);
 }
@@ -297,6 +301,8 @@ void PrintPdfTest::printOneCollectsWordsAndFormFeedPrintsThem() {
     QVERIFY(!words.contains(QStringLiteral("likewise")));
     QVERIFY(text.indexOf("gentleman") < text.indexOf("sunshine"));
     QVERIFY(text.contains(QStringLiteral("Page 1")) && !text.contains(QStringLiteral(" of ")));
+    // Words collected out of order get no "Words 5–6" guide, which would mislead.
+    QVERIFY(!words.contains(QStringLiteral("Words")));
 
     // The next sheet carries the next number; an empty sheet is not fed.
     QVERIFY(!printing.formFeed(*f.app));
