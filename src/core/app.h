@@ -8,8 +8,10 @@
 #include "core/sign_lists.h"
 #include "core/word_view.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <string>
 
 namespace nebkaro {
@@ -18,6 +20,9 @@ constexpr int VersionMajor = 1;
 constexpr int VersionMinor = 0;
 constexpr int VersionRevision = 0;
 std::string versionText(); // "1.0.0"
+
+// A command of the main window (the full list is in editing/commands.h).
+enum class CommandId : int;
 
 // The text box that the transliteration typewriter types into.
 enum class TypewriterTarget { None, MainTransLit, SearchText, BrowserTrans, ComposerMdC };
@@ -40,6 +45,10 @@ struct Windows {
     virtual void setPrinterDefaults() {}
     // A line for the status bar.
     virtual void showStatus(const std::string&) {}
+    // Opens the composer for the word that store.newWordPending or store.editPending names and
+    // returns when it is closed. The composer leaves store.composeAccepted, layoutText,
+    // composedGardiner and the signs in glyphs (placed from 0,0).
+    virtual void runComposer() {}
 };
 
 struct App {
@@ -64,6 +73,13 @@ struct App {
     bool extendedChosen = false;
     // Insert: the next stored new word goes into the current row.
     bool insertPending = false;
+    // The main window's word clipboard: a Cut is running (the Copy it runs deletes the word
+    // without asking), and the row copied last.
+    bool cutPending = false;
+    std::int32_t cutIndex = 0;
+    // The seed of the random moves; unset, the time of day to the millisecond. Tests set it
+    // to make the draws repeatable.
+    std::function<std::uint64_t()> randomSeed;
 
     // The next load appends; the next save writes a header-only file.
     bool mergeMode = false;
@@ -90,6 +106,9 @@ struct App {
     // editing commands; the file commands reach them through these.
     std::function<void(App&)> renderWord = [](App&) {};
     std::function<void(App&)> storeWord = [](App&) {};
+    // Main-window commands whose code lives in other parts of the program (search, sorts,
+    // printing, the other windows): installed by the program, run by RunCommand.
+    std::map<CommandId, std::function<void(App&)>> commandHandlers;
 
     void requestEnd(int code) {
         endRequested = true;

@@ -326,7 +326,9 @@ double toNumber(std::string_view s) {
         i = j;
     }
     if (i != t.size()) throw RunError(TypeMismatch);
-    return std::strtod(t.c_str(), nullptr);
+    const double v = std::strtod(t.c_str(), nullptr);
+    if (!std::isfinite(v)) throw RunError(Overflow);
+    return v;
 }
 
 std::int32_t toLong(std::string_view s) {

@@ -125,6 +125,12 @@ TEST(GardinerGreater, RewritesTheCallersValuesOnlyWhenFirstLettersAgree) {
     EXPECT_EQ(a, "G43-X1");
     EXPECT_EQ(b, "G43-X1");
     EXPECT_EQ(c, "G43-X1");
+    // Found by fuzzing: a blank first character agrees, and removing it changes the first
+    // character; the values are rewritten once and then stay.
+    std::string f = " * A", g = " A1";
+    GardinerGreater(f, g);
+    EXPECT_EQ(f, "-A");
+    EXPECT_EQ(g, "A1");
     std::string d = "A1 : B2", e = "G17";
     GardinerGreater(d, e);
     EXPECT_EQ(d, "A1 : B2");

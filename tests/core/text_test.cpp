@@ -46,6 +46,15 @@ TEST(ToNumber, RejectsTextThatIsNotANumber) {
     }
 }
 
+TEST(ToNumber, NumbersBeyondTheRangeOfADoubleOverflow) {
+    try {
+        text::toNumber("1e999");
+        FAIL();
+    } catch (const RunError& e) {
+        EXPECT_EQ(e.number(), Overflow);
+    }
+}
+
 TEST(Upper, CoversLatinAndTransliterationLetters) {
     const std::pair<const char*, const char*> cases[] = {{"abc", "ABC"}, {"šḥꜣ", "ŠḤꜢ"},
                                                          {"éà", "ÉÀ"},   {"[\\]^_`", "[\\]^_`"},

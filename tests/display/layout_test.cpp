@@ -65,6 +65,7 @@ TEST(ParseLayout, MalformedStringsRaiseTheirErrors) {
         {twentyTwo, SubscriptOutOfRange}, // a 22nd entry
         {std::string(32768, ' '), Overflow},
         {"A1(x,0) ", TypeMismatch},
+        {"A1(1e0777777777777,0) ", Overflow}, // found by fuzzing: a position beyond a double
         {"A1(0,0) - G17(300,0) ", 0},
     };
     for (const auto& [s, err] : cases) EXPECT_EQ(parseError(s), err) << s.substr(0, 40);

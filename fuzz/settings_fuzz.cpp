@@ -1,0 +1,35 @@
+// The settings reader on any text: no crash; and the writer's text reads back to the values.
+#include "core/settings.h"
+#include "core/text.h"
+#include "fuzz_check.h"
+
+#include <string>
+
+using namespace nebkaro;
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const std::string text(reinterpret_cast<const char*>(data), size);
+    for (const char* key :
+         {"Library", "Direction", "Dictionary Name", "Show About", "Show Dictionary Info", ""})
+        (void)GetSettingValue(text, key);
+    if (size < 1) return 0;
+    Settings s;
+    s.useBasicLibrary = data[0] & 1;
+    s.directionLeft = data[0] & 2;
+    s.showAbout = data[0] & 4;
+    s.showDictionaryInfo = data[0] & 8;
+    std::string name = text::trim(text.substr(1));
+    if (name.find_first_of("\r\n") != std::string::npos || name.find('\t') != std::string::npos)
+        return 0;
+    // A name holding another key would be found first; such names are not the reader's concern.
+    const std::string upperName = text::upper(name);
+    for (const char* key :
+         {"LIBRARY", "DIRECTION", "SHOW ABOUT", "SHOW DICTIONARY INFO", "DICTIONARY NAME"})
+        if (upperName.find(key) != std::string::npos) return 0;
+    const std::string written = SettingsText(s, name) + "\r\n";
+    FUZZ_CHECK(GetSettingValue(written, "Dictionary Name") == name);
+    FUZZ_CHECK((text::upper(GetSettingValue(written, "Library")) != "EXTENDED") ==
+               s.useBasicLibrary);
+    FUZZ_CHECK((text::upper(GetSettingValue(written, "Direction")) != "RIGHT") == s.directionLeft);
+    return 0;
+}

@@ -1,0 +1,106 @@
+// check: every problem of a dictionary a user should know of, one line each.
+#include "cli/args.h"
+#include "cli/console.h"
+#include "cli/subcommands.h"
+#include "core/dictionary_file.h"
+#include "core/errors.h"
+#include "core/files.h"
+#include "core/text.h"
+#include "display/layout.h"
+#include "display/render.h"
+
+#include <iostream>
+#include <set>
+
+namespace fs = std::filesystem;
+
+namespace nebkaro::cli {
+
+namespace {
+const char* const kFieldNames[] = {"direction",       "library", "layout", "Gardiner notation",
+                                   "transliteration", "meaning", "comment"};
+}
+
+int cmdCheck(const fs::path& home, const std::vector<std::string>& argv) {
+    Args a(argv, {}, {});
+    if (a.positional().size() != 1) throw Usage("check takes one FILE");
+    const std::string file = a.positional()[0];
+    int problems = 0;
+    auto report = [&](const std::string& line) {
+        std::cout << line << "\n";
+        ++problems;
+    };
+
+    // The reader's own verdict first, with the line where a load would stop.
+    ParsedDictionary parsed;
+    try {
+        parsed = ReadDictionaryText(text::decodeFileText(readFileBytes(fs::path(file))),
+                                    DictionaryStore::MaxWordIndex + 1);
+    } catch (const RunError& e) {
+        throw Failure("'" + file + "' cannot be loaded: " + e.report());
+    }
+    if (parsed.stoppedEarly)
+        report("line " + std::to_string(parsed.stopLine) + ": the load stops here: direction '" +
+               parsed.stopRecord[0] + "' is neither R nor L; the words after it are not loaded");
+
+    auto unwritable = [](const std::string& v) {
+        return v.find_first_of("\"\r\n") != std::string::npos;
+    };
+    for (int f = 0; f < FieldCount; ++f)
+        if (unwritable(parsed.header[static_cast<std::size_t>(f)]))
+            report("header value " + std::to_string(f) + ": holds a double quote or a line break");
+
+    ConsoleApp c(home);
+    SignLists lists[2];
+    bool listLoaded[2] = {false, false};
+    std::string listError[2];
+    auto listFor = [&](bool basic) -> const SignLists* {
+        const int k = basic ? 0 : 1;
+        if (!listLoaded[k]) {
+            listLoaded[k] = true;
+            try {
+                LoadSignList(lists[k], home, basic);
+            } catch (const ProgramFileError& e) {
+                listError[k] = e.message();
+                report(listError[k]);
+            }
+        }
+        return listError[k].empty() ? &lists[k] : nullptr;
+    };
+
+    std::set<std::string> missingReported;
+    for (std::size_t w = 0; w < parsed.words.size(); ++w) {
+        const WordRecord& word = parsed.words[w];
+        const std::string where = "word " + std::to_string(w);
+        for (int f = 0; f < FieldCount; ++f)
+            if (unwritable(word[static_cast<std::size_t>(f)]))
+                report(where + ", " + kFieldNames[f] + ": holds a double quote or a line break");
+        if (word[FieldLibrary] != "B" && word[FieldLibrary] != "E")
+            report(where + ": library '" + word[FieldLibrary] +
+                   "' is neither B nor E (drawn from Extended)");
+        GlyphTable table;
+        try {
+            ParseLayoutString(word[FieldLayout], table);
+        } catch (const RunError& e) {
+            report(where + ": the layout '" + word[FieldLayout] +
+                   "' does not parse: " + e.report());
+            continue;
+        }
+        const bool basic = word[FieldLibrary] == "B";
+        const SignLists* list = listFor(basic);
+        const std::string library = libraryFolder(word[FieldLibrary]);
+        const std::string direction = directionFolder(word[FieldDirection]);
+        for (const GlyphSlot& g : table.slots) {
+            if (!g.used()) continue;
+            if (list && list->findSign(*g.code) == 0)
+                report(where + ": code '" + *g.code + "' is not in the " + library + " sign list");
+            const SignPicture pic = c.pictures.picture(library, direction, *g.code);
+            if (!pic.ok && missingReported.insert(pic.file.string()).second)
+                report(where + ": sign picture missing or unreadable: " + pic.file.string());
+        }
+    }
+    if (problems == 0) std::cout << "no problems found in " << parsed.words.size() << " words\n";
+    return problems ? 1 : 0;
+}
+
+} // namespace nebkaro::cli

@@ -1,0 +1,143 @@
+#include "cli/subcommands.h"
+
+#include "cli/args.h"
+#include "cli/console.h"
+#include "core/dictionary_file.h"
+#include "core/errors.h"
+#include "core/text.h"
+
+#include <iostream>
+
+namespace fs = std::filesystem;
+
+namespace nebkaro::cli {
+
+void loadDictionary(ConsoleApp& c, const std::string& file, bool merge) {
+    App& app = c.app;
+    app.settings.showDictionaryInfo = false;
+    app.mergeMode = merge;
+    app.store.dictionaryPath = file;
+    app.store.dictionaryName = fs::path(file).filename().string();
+    c.dialogs.echo = false;
+    const std::size_t before = c.dialogs.shown.size();
+    const LoadOutcome outcome = LoadDictionary(app);
+    c.dialogs.echo = true;
+    if (outcome == LoadOutcome::NotFound) throw Failure("'" + file + "': no such dictionary file");
+    if (outcome == LoadOutcome::Failed) {
+        const std::string why =
+            c.dialogs.shown.size() > before ? c.dialogs.shown[before] : "unreadable";
+        throw Failure("'" + file + "' could not be read: " + why);
+    }
+}
+
+void writeDictionary(ConsoleApp& c, const std::string& out) {
+    const UnwritableValue u = FindUnwritableValue(c.app.store, true);
+    if (u.found) {
+        throw Failure(std::string(u.inHeader ? "header value " + std::to_string(u.field)
+                                             : "word " + std::to_string(u.word) + " field " +
+                                                   std::to_string(u.field)) +
+                      " holds a double quote or a line break, which a dictionary file cannot hold; "
+                      "nothing written");
+    }
+    c.files.write(fs::path(out), DictionaryFileText(c.app.store));
+}
+
+int wordIndex(const ConsoleApp& c, const std::string& textValue) {
+    int index;
+    try {
+        index = text::toLong(textValue);
+    } catch (const RunError&) {
+        throw Usage("INDEX must be a whole number, not '" + textValue + "'");
+    }
+    if (index < 0 || index > c.app.store.lastIndex)
+        throw Usage("no word " + textValue + ": the dictionary has words 0 to " +
+                    std::to_string(c.app.store.lastIndex));
+    return index;
+}
+
+int cmdInfo(const fs::path& home, const std::vector<std::string>& argv);
+int cmdShow(const fs::path& home, const std::vector<std::string>& argv);
+int cmdConvert(const fs::path& home, const std::vector<std::string>& argv);
+int cmdMerge(const fs::path& home, const std::vector<std::string>& argv);
+int cmdCheck(const fs::path& home, const std::vector<std::string>& argv);
+
+const std::vector<Subcommand>& subcommands() {
+    static const std::vector<Subcommand> list = {
+        {"info", "info FILE",
+         "Prints the header values, the number of words, and whether the file has a header.\n",
+         cmdInfo},
+        {"show", "show FILE INDEX",
+         "Prints the seven fields of word INDEX (counted from 0), one per line, as 'N: value'.\n",
+         cmdShow},
+        {"convert", "convert IN -o OUT",
+         "Reads any dictionary the program reads (.nkd or .csv, UTF-8 or Windows-1252, CR LF\n"
+         "or LF) and writes it as the program writes dictionaries.\n",
+         cmdConvert},
+        {"merge", "merge FILE... -o OUT",
+         "Loads the first FILE, merges the others in argument order as the program's Merge\n"
+         "does (the header is the last merged file's), and writes the result to OUT.\n",
+         cmdMerge},
+        {"check", "check FILE",
+         "Reports every problem a user should know of: values the file format cannot hold,\n"
+         "layout strings that do not parse, codes not in the word's sign library, missing sign\n"
+         "pictures, and a record that ends the load early (with its line). Exit 1 when any.\n",
+         cmdCheck},
+    };
+    return list;
+}
+
+const Subcommand* findSubcommand(const std::string& name) {
+    for (const Subcommand& s : subcommands())
+        if (s.name == name) return &s;
+    return nullptr;
+}
+
+int cmdInfo(const fs::path& home, const std::vector<std::string>& argv) {
+    Args a(argv, {}, {});
+    if (a.positional().size() != 1) throw Usage("info takes one FILE");
+    ConsoleApp c(home);
+    loadDictionary(c, a.positional()[0], false);
+    const DictionaryStore& s = c.app.store;
+    std::cout << "header: " << (s.hasHeader ? "yes" : "no") << "\n";
+    for (int i = 0; i < FieldCount; ++i)
+        std::cout << "header " << i << ": " << s.header[static_cast<std::size_t>(i)] << "\n";
+    const int words = s.isEmpty() ? 0 : s.lastIndex + 1;
+    std::cout << "words: " << words << "\n";
+    return 0;
+}
+
+int cmdShow(const fs::path& home, const std::vector<std::string>& argv) {
+    Args a(argv, {}, {});
+    if (a.positional().size() != 2) throw Usage("show takes FILE INDEX");
+    ConsoleApp c(home);
+    loadDictionary(c, a.positional()[0], false);
+    const int index = wordIndex(c, a.positional()[1]);
+    for (int f = 0; f < FieldCount; ++f)
+        std::cout << f << ": " << c.app.store.field(index, f) << "\n";
+    return 0;
+}
+
+int cmdConvert(const fs::path& home, const std::vector<std::string>& argv) {
+    Args a(argv, {"-o"}, {});
+    if (a.positional().size() != 1) throw Usage("convert takes IN -o OUT");
+    ConsoleApp c(home);
+    loadDictionary(c, a.positional()[0], false);
+    writeDictionary(c, a.required("-o"));
+    return 0;
+}
+
+int cmdMerge(const fs::path& home, const std::vector<std::string>& argv) {
+    Args a(argv, {"-o"}, {});
+    if (a.positional().empty()) throw Usage("merge takes FILE... -o OUT");
+    const std::string out = a.required("-o");
+    ConsoleApp c(home);
+    bool first = true;
+    for (const auto& f : a.positional()) {
+        loadDictionary(c, f, !first);
+        first = false;
+    }
+    writeDictionary(c, out);
+    return 0;
+}
+
+} // namespace nebkaro::cli

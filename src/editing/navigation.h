@@ -1,0 +1,32 @@
+#pragma once
+// Moving through the dictionary: the word on show is app.store.currentIndex, and every move
+// ends by drawing it (app.renderWord). The moves guard an unfinished word differently on
+// purpose: moving on (Next, Random) offers to save the dictionary file, moving back
+// (Previous) offers to store the word in memory, and First, Last and Go ask nothing and leave
+// the pending flags as they are.
+#include <cstdint>
+#include <string>
+
+namespace nebkaro {
+
+struct App;
+
+void First(App& app);
+void Last(App& app);
+void Next(App& app);
+void Previous(App& app);
+// currentIndex := text as a 32-bit number, without a bounds check: a negative number leaves
+// the old word on screen, a number past the last word shows an empty row. Text that is not a
+// number is reported and changes nothing; false then.
+bool Go(App& app, const std::string& text);
+void Random(App& app);
+
+// A draw in [0, 1) from a generator seeded with seed: the same seed, the same draw.
+double RandomDraw(std::uint64_t seed);
+// The word Random shows for a draw r: the integer part of lastIndex * r, at most lastIndex.
+// With two words or more it never reaches the last one.
+int RandomIndex(int lastIndex, double r);
+// Milliseconds since local midnight: the seed Random uses when app.randomSeed is unset.
+std::uint64_t TimeOfDaySeed();
+
+} // namespace nebkaro

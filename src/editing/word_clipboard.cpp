@@ -1,0 +1,88 @@
+#include "editing/word_clipboard.h"
+
+#include "core/app.h"
+#include "core/errors.h"
+#include "core/text.h"
+#include "editing/word_editing.h"
+
+#include <algorithm>
+
+namespace nebkaro {
+
+std::string ClipboardItem(const WordRecord& word) {
+    std::string item;
+    for (int f = 0; f < FieldCount; ++f) {
+        if (f > 0) item += '|';
+        item += word[static_cast<std::size_t>(f)];
+    }
+    return item;
+}
+
+void InsertRow(App& app) {
+    DictionaryStore& store = app.store;
+    if (store.lastIndex >= DictionaryStore::MaxWordIndex) throw StoreFull();
+    // The row opens after the word on show; from beyond the dictionary, after its last word.
+    const int after = std::clamp(store.currentIndex, -1, store.lastIndex);
+    const int last = store.lastIndex + 1;
+    auto& rows = store.rowsForBulk(last + 1);
+    const auto at = rows.begin() + (after + 1);
+    std::move_backward(at, rows.begin() + last, rows.begin() + last + 1);
+    *at = after >= 0 ? rows[static_cast<std::size_t>(after)] : WordRecord{};
+    store.lastIndex = last;
+    store.currentIndex = after + 1;
+}
+
+void Copy(App& app) {
+    // Whatever happens here, a Cut ends with this Copy.
+    struct EndCut {
+        bool& pending;
+        ~EndCut() { pending = false; }
+    };
+    const bool cutting = app.cutPending;
+    EndCut endCut{app.cutPending};
+    if (!WordOnShow(app)) {
+        ReportNoWordOnShow(app);
+        return;
+    }
+    app.cutIndex = app.store.currentIndex;
+    app.clipboard.clear();
+    app.clipboard.setText(ClipboardItem(app.store.row(app.cutIndex)));
+    if (cutting) Delete(app);
+}
+
+void Cut(App& app) {
+    app.cutPending = true;
+    app.cutIndex = app.store.currentIndex;
+    Copy(app);
+}
+
+void Paste(App& app) {
+    std::string item = app.clipboard.text();
+    // Text copied from an editor or a spreadsheet usually ends with a line break; it is not
+    // part of the comment.
+    while (!item.empty() && (item.back() == '\n' || item.back() == '\r')) item.pop_back();
+    if (item.empty()) {
+        app.dialogs.message("Nothing to Paste", "", Buttons::OK, Icon::Exclamation);
+        return;
+    }
+    InsertRow(app);
+    const std::vector<std::string> parts = text::split(item, '|');
+    if (parts[0] != "R" && parts[0] != "L") {
+        // Checked only after the row was opened: the inserted copy stays.
+        app.dialogs.message("Invalid Paste Item", "", Buttons::OK, Icon::Exclamation);
+        return;
+    }
+    DictionaryStore& store = app.store;
+    for (int f = 0; f < FieldCount; ++f) {
+        if (static_cast<std::size_t>(f) >= parts.size()) throw RunError(SubscriptOutOfRange);
+        store.setField(store.currentIndex, f, parts[static_cast<std::size_t>(f)]);
+    }
+    store.isChanged = true;
+    app.renderWord(app);
+}
+
+void Insert(App& app) {
+    New(app, true);
+}
+
+} // namespace nebkaro

@@ -1,0 +1,207 @@
+#include "editing/word_editing.h"
+
+#include "core/app.h"
+#include "core/errors.h"
+#include "display/render.h"
+#include "editing/word_clipboard.h"
+
+namespace nebkaro {
+
+namespace {
+
+// A row of the table the word view can be written into.
+bool rowInTable(std::int32_t index) {
+    return index >= 0 && index <= DictionaryStore::MaxWordIndex;
+}
+
+// New and Edit first offer to store a word that is still unfinished.
+void offerStore(App& app) {
+    const DictionaryStore& store = app.store;
+    if ((store.newWordPending || store.editPending) &&
+        app.dialogs.message("Do you want to store the current item?", "", Buttons::YesNo,
+                            Icon::Question) == Answer::Yes)
+        Store(app);
+}
+
+// The composer decides acceptance; a composer closed by other means than OK has not accepted.
+void runComposer(App& app) {
+    app.store.composeAccepted = false;
+    app.windows->runComposer();
+}
+
+// Setting a box to a different text is a change of it, as typing would be.
+void setBox(WordView& view, std::string& box, std::string value) {
+    if (box == value) return;
+    box = std::move(value);
+    view.textChanged = true;
+}
+
+// Shows the signs the composer left in app.glyphs, centred in the display area as a drawn
+// word is, with pictures from the given folders.
+void showComposedWord(App& app, const std::string& library, const std::string& direction) {
+    WordView& view = app.view;
+    view.missingPictures.clear();
+    for (int i = 0; i < GlyphTable::Slots; ++i) {
+        GlyphImage& image = view.mainGlyphPic[static_cast<std::size_t>(i)];
+        const GlyphSlot& slot = app.glyphs[i];
+        if (slot.used()) {
+            image.picture = app.pictures.picture(library, direction, *slot.code);
+            image.visible = true;
+            if (!image.picture.ok) view.missingPictures.push_back(image.picture.file.string());
+        } else {
+            image = GlyphImage{};
+        }
+    }
+    PlaceGlyphGroup(app);
+    DrawWordImage(app);
+    setBox(view, view.GardinerTxt, app.composedGardiner);
+    view.RichGardinerlbl = app.layoutText;
+}
+
+// The library an edited word will be drawn from once stored: its own, or Extended once that
+// library has been chosen in the composer.
+std::string storedLibrary(const App& app, const std::string& libraryField) {
+    return app.extendedChosen ? "Extended" : libraryFolder(libraryField);
+}
+
+} // namespace
+
+void InstallEditing(App& app) {
+    app.storeWord = [](App& a) { Store(a); };
+    app.renderWord = [](App& a) { RenderWord(a); };
+}
+
+bool WordOnShow(const App& app) {
+    return app.store.currentIndex >= 0 && app.store.currentIndex <= app.store.lastIndex;
+}
+
+void ReportNoWordOnShow(App& app) {
+    app.dialogs.message("No word of the dictionary is on show.", "", Buttons::OK,
+                        Icon::Exclamation);
+}
+
+void DropPendingWord(App& app) {
+    app.store.newWordPending = false;
+    app.store.editPending = false;
+    // An Insert whose word was given up must not make the next new word replace a word.
+    app.insertPending = false;
+}
+
+bool Store(App& app) {
+    DictionaryStore& store = app.store;
+    int row = store.currentIndex;
+    if (store.newWordPending) {
+        if (!app.insertPending || !rowInTable(store.currentIndex)) {
+            try {
+                row = store.takeRowForNewWord();
+            } catch (const StoreFull& e) {
+                app.dialogs.message(e.what(), "", Buttons::OK, Icon::Exclamation);
+                return false;
+            }
+        }
+        store.setField(row, FieldDirection, app.settings.directionLeft ? "L" : "R");
+        store.setField(row, FieldLibrary, app.settings.useBasicLibrary ? "B" : "E");
+    } else if (!rowInTable(row)) {
+        return false; // nothing on show, nothing to store
+    }
+    if (app.extendedChosen) store.setField(row, FieldLibrary, "E");
+    const WordView& view = app.view;
+    store.setField(row, FieldLayout, view.RichGardinerlbl);
+    store.setField(row, FieldGardiner, view.GardinerTxt);
+    store.setField(row, FieldTranslit, view.TransLitTxt);
+    store.setField(row, FieldMeaning, view.MeaningTxt);
+    store.setField(row, FieldComment, view.CommentTxt);
+    store.newWordPending = false;
+    store.editPending = false;
+    app.insertPending = false;
+    store.composeAccepted = false;
+    store.isChanged = true;
+    return true;
+}
+
+void StoreCommand(App& app) {
+    if (!app.store.newWordPending && !rowInTable(app.store.currentIndex)) {
+        ReportNoWordOnShow(app);
+        return;
+    }
+    Store(app);
+}
+
+void New(App& app, bool insert) {
+    DictionaryStore& store = app.store;
+    offerStore(app);
+    // Set after the question, so that storing the unfinished word cannot use it.
+    if (insert) app.insertPending = true;
+    store.newWordPending = true;
+    runComposer(app);
+    if (!store.composeAccepted) {
+        store.newWordPending = false;
+        app.insertPending = false;
+        return;
+    }
+    const std::string library =
+        app.settings.useBasicLibrary && !app.extendedChosen ? "Basic" : "Extended";
+    showComposedWord(app, library, app.settings.directionLeft ? "Left" : "Right");
+    WordView& view = app.view;
+    setBox(view, view.MeaningTxt, "");
+    setBox(view, view.CommentTxt, "");
+    setBox(view, view.TransLitTxt, "");
+    view.txtNumber = std::to_string(store.lastIndex + 1);
+    app.windows->wordViewChanged();
+}
+
+void Edit(App& app) {
+    DictionaryStore& store = app.store;
+    if (!rowInTable(store.currentIndex)) {
+        ReportNoWordOnShow(app);
+        return;
+    }
+    offerStore(app);
+    store.newWordPending = false;
+    store.editPending = true;
+    runComposer(app);
+    if (!store.composeAccepted) return;
+    const WordRecord& word = store.row(store.currentIndex);
+    showComposedWord(app, storedLibrary(app, word[FieldLibrary]),
+                     directionFolder(word[FieldDirection]));
+    app.windows->wordViewChanged();
+}
+
+void Delete(App& app) {
+    DictionaryStore& store = app.store;
+    if (!WordOnShow(app)) {
+        ReportNoWordOnShow(app);
+        return;
+    }
+    if (!app.cutPending &&
+        app.dialogs.message("Do you want to delete the current item?", "Confirm Delete",
+                            Buttons::YesNo, Icon::Question) != Answer::Yes)
+        return;
+    const int current = store.currentIndex;
+    const int last = store.lastIndex;
+    if (current < last) {
+        auto& rows = store.rowsForBulk(last + 1);
+        const auto first = rows.begin() + current;
+        std::move(first + 1, rows.begin() + last + 1, first);
+        // The old last row keeps its word: it lies beyond the dictionary now and is written
+        // over by the next new word.
+        rows[static_cast<std::size_t>(last)] = rows[static_cast<std::size_t>(last - 1)];
+    }
+    store.lastIndex = last - 1;
+    if (store.currentIndex > store.lastIndex) store.currentIndex = store.lastIndex;
+    app.renderWord(app);
+    store.isChanged = true;
+}
+
+void Duplicate(App& app) {
+    if (!WordOnShow(app)) {
+        ReportNoWordOnShow(app);
+        return;
+    }
+    InsertRow(app);
+    DictionaryStore& store = app.store;
+    store.setRow(store.currentIndex, store.row(store.currentIndex - 1));
+    app.renderWord(app);
+}
+
+} // namespace nebkaro

@@ -1,0 +1,43 @@
+#pragma once
+// Making and changing words. A word is composed (New, Edit) or typed into the word view's
+// boxes and then exists only in the view; Store puts it into the dictionary in memory. Save
+// (core) writes the dictionary file and stores the word on show first.
+namespace nebkaro {
+
+struct App;
+
+// Makes Store the program's storeWord and RenderWord its renderWord.
+void InstallEditing(App& app);
+
+// Writes the word view into the dictionary: a new word into the row the dictionary gives it
+// (or, after Insert, into the current row) with the direction and library of the settings,
+// otherwise into the current word, which keeps its direction and library. Once the Extended
+// library has been chosen in the composer, the word's library becomes "E". Clears the pending
+// flags and marks the dictionary changed. With nothing on show (no new word and the current
+// index outside the table) it stores nothing; a full dictionary is reported and nothing
+// changes. Returns true when a word was stored.
+bool Store(App& app);
+// The Store button: Store, and a word when there is nothing to store.
+void StoreCommand(App& app);
+
+// Opens the composer for a new word and shows the composed word with empty texts, numbered
+// lastIndex + 1. The word enters the dictionary only with Store. With insert set, the stored
+// word will replace the word on show (Insert).
+void New(App& app, bool insert = false);
+// Opens the composer on the word on show; on acceptance only its signs, Gardiner notation
+// and layout change in the view.
+void Edit(App& app);
+// Removes the word on show (asking first unless a Cut runs it); the words after it move up.
+void Delete(App& app);
+// Opens a row after the word on show holding a copy of it, and shows the copy.
+void Duplicate(App& app);
+
+// An unfinished new word or edit is given up (the guards' common end).
+void DropPendingWord(App& app);
+
+// The word on show is a row of the dictionary: 0 <= currentIndex <= lastIndex.
+bool WordOnShow(const App& app);
+// The message given when a command needs a word on show and there is none.
+void ReportNoWordOnShow(App& app);
+
+} // namespace nebkaro

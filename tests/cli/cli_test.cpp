@@ -1,0 +1,138 @@
+// The command-line tool, run as a user's script would run it.
+#include "fakes.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdio>
+#include <sys/wait.h>
+
+using namespace nebkaro::testing;
+
+namespace {
+
+struct CliRun {
+    int status = -1;
+    std::string out;
+    std::string err;
+};
+
+CliRun cli(const std::string& args, const std::filesystem::path& home) {
+    TempDir errDir;
+    const auto errFile = errDir.path() / "err";
+    const std::string cmd = std::string(NEBKARO_CLI) + " --home '" + home.string() + "' " + args +
+                            " 2>'" + errFile.string() + "'";
+    CliRun r;
+    FILE* p = popen(cmd.c_str(), "r");
+    std::array<char, 4096> buf{};
+    std::size_t n;
+    while ((n = fread(buf.data(), 1, buf.size(), p)) > 0) r.out.append(buf.data(), n);
+    const int st = pclose(p);
+    r.status = WIFEXITED(st) ? WEXITSTATUS(st) : -1;
+    r.err = readFile(errFile);
+    return r;
+}
+
+const std::string kWords =
+    "\"Mine\",\"me\",\"\",\"\",\"\",\"\",\"\"\r\n"
+    "\"L\",\"B\",\"A1(0,0) \",\"A1\",\"i\",\"reed\",\"c1\"\r\n"
+    "\"R\",\"B\",\"G17(0,0) - N35(300,0) \",\"G17-N35\",\"mn\",\"remain\",\"\"\r\n";
+
+struct CliTest : ::testing::Test {
+    TempDir home;
+    void SetUp() override {
+        home.write("Lists/BasicList.csv", "\"A1\"\r\n\"G17\"\r\n\"N35\"\r\n");
+        const char gif[] = "GIF89a\x14\x00\x24\x00\x00\x00\x00;";
+        for (const char* p :
+             {"Basic/Left/A/A1.GIF", "Basic/Right/G/G17.GIF", "Basic/Right/N/N35.GIF"})
+            home.write(p, std::string(gif, sizeof gif - 1));
+    }
+    std::string file(const std::string& name, const std::string& bytes) {
+        return home.write(name, bytes).string();
+    }
+};
+
+} // namespace
+
+TEST_F(CliTest, InfoAndShow) {
+    const auto f = file("w.nkd", kWords);
+    CliRun r = cli("info " + f, home.path());
+    EXPECT_EQ(r.status, 0);
+    EXPECT_NE(r.out.find("header: yes"), std::string::npos);
+    EXPECT_NE(r.out.find("header 0: Mine"), std::string::npos);
+    EXPECT_NE(r.out.find("words: 2"), std::string::npos);
+    r = cli("show " + f + " 1", home.path());
+    EXPECT_EQ(r.status, 0);
+    EXPECT_EQ(r.out, "0: R\n1: B\n2: G17(0,0) - N35(300,0) \n3: G17-N35\n4: mn\n5: remain\n6: \n");
+}
+
+TEST_F(CliTest, BadInputExitsTwoWithOneLine) {
+    const auto f = file("w.nkd", kWords);
+    const std::pair<std::string, const char*> cases[] = {
+        {"show " + f + " 2", "no word 2"},
+        {"show " + f + " x", "whole number"},
+        {"info /no/such.nkd", "no such dictionary"},
+        {"frobnicate", "unknown command"},
+        {"convert " + f, "-o is required"},
+        {"info " + file("empty.nkd", ""), "could not be read"},
+    };
+    for (const auto& [args, msg] : cases) {
+        CliRun r = cli(args, home.path());
+        EXPECT_EQ(r.status, 2) << args;
+        EXPECT_NE(r.err.find(msg), std::string::npos) << args << ": " << r.err;
+        EXPECT_EQ(std::count(r.err.begin(), r.err.end(), '\n'), 1) << r.err;
+    }
+}
+
+TEST_F(CliTest, EveryCommandHasHelp) {
+    CliRun all = cli("--help", home.path());
+    EXPECT_EQ(all.status, 0);
+    for (const char* c : {"info", "show", "convert", "merge", "check"}) {
+        CliRun r = cli(std::string(c) + " --help", home.path());
+        EXPECT_EQ(r.status, 0) << c;
+        EXPECT_NE(r.out.find(std::string("usage: nebkaro-cli [--home DIR] ") + c),
+                  std::string::npos)
+            << c;
+        EXPECT_NE(all.out.find(c), std::string::npos);
+    }
+}
+
+TEST_F(CliTest, ConvertWritesTheProgramsFormAndMergeAppends) {
+    const auto csv =
+        file("in.csv", "L,B,\"A1(0,0) \",A1,i,caf\xE9,x\nR,B,\"A1(0,0) \",A1,i,water,y\n");
+    const auto out = (home.path() / "out.nkd").string();
+    CliRun r = cli("convert " + csv + " -o " + out, home.path());
+    ASSERT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(readFile(out), "\"L\",\"B\",\"A1(0,0) \",\"A1\",\"i\",\"café\",\"x\"\r\n"
+                             "\"R\",\"B\",\"A1(0,0) \",\"A1\",\"i\",\"water\",\"y\"\r\n");
+    const auto merged = (home.path() / "m.nkd").string();
+    r = cli("merge " + csv + " " + file("w.nkd", kWords) + " -o " + merged, home.path());
+    ASSERT_EQ(r.status, 0) << r.err;
+    r = cli("info " + merged, home.path());
+    EXPECT_NE(r.out.find("words: 4"), std::string::npos);
+    EXPECT_NE(r.out.find("header 0: Mine"), std::string::npos);
+}
+
+TEST_F(CliTest, ConvertRefusesValuesTheFormatCannotHoldAndWritesNothing) {
+    const auto in = file("q.csv", "L,B,\"A1(0,0) \",A1,i,say \"hi\",x\n");
+    const auto out = home.path() / "q.nkd";
+    CliRun r = cli("convert " + in + " -o " + out.string(), home.path());
+    EXPECT_EQ(r.status, 2);
+    EXPECT_FALSE(std::filesystem::exists(out));
+}
+
+TEST_F(CliTest, CheckReportsEachKindOfProblem) {
+    CliRun clean = cli("check " + file("w.nkd", kWords), home.path());
+    EXPECT_EQ(clean.status, 0) << clean.out;
+    const auto bad =
+        file("bad.nkd", "\"L\",\"B\",\"A1(0,0) - Q9(300,0) \",\"A1\",\"i\",\"x\",\"\"\r\n"
+                        "\"L\",\"B\",\"A1(0 0) \",\"A1\",\"i\",\"x\",\"\"\r\n"
+                        "\"L\",\"B\",\"G17(0,0) \",\"A1\",\"i\",\"a,\"b\",\"\"\r\n"
+                        "\"x\",\"B\",\"\",\"\",\"\",\"\",\"\"\r\n");
+    CliRun r = cli("check " + bad, home.path());
+    EXPECT_EQ(r.status, 1);
+    for (const char* want :
+         {"line 4: the load stops here", "code 'Q9' is not in the Basic sign list",
+          "Basic/Left/Q/Q9.GIF", "word 1: the layout", "Basic/Left/G/G17.GIF"})
+        EXPECT_NE(r.out.find(want), std::string::npos) << want << "\n" << r.out;
+}

@@ -1,0 +1,201 @@
+#include "editing/commands.h"
+#include "editing_support.h"
+
+#include <set>
+
+using namespace nebkaro;
+using namespace nebkaro::testing;
+
+namespace {
+
+// Every command routed to a recorder, so that the tables can be checked by what they run.
+struct RecordingTest : EditingTest {
+    std::vector<CommandId> ran;
+    void SetUp() override {
+        EditingTest::SetUp();
+        for (const CommandInfo& c : AllCommands())
+            InstallCommandHandler(app, c.id, [this, id = c.id](App&) { ran.push_back(id); });
+    }
+};
+
+void collect(const MenuItem& m, std::vector<const MenuItem*>& out) {
+    out.push_back(&m);
+    for (const MenuItem& c : m.children) collect(c, out);
+}
+
+std::vector<const MenuItem*> allMenuItems() {
+    std::vector<const MenuItem*> out;
+    for (const MenuItem& m : MenuBar()) collect(m, out);
+    collect(PopupMenu(), out);
+    return out;
+}
+
+} // namespace
+
+TEST_F(RecordingTest, TheKeyedDispatcherRunsItsNineteenKeys) {
+    const std::pair<const char*, CommandId> keys[] = {
+        {"NewDic", CommandId::NewDictionary},
+        {"Open", CommandId::OpenDictionary},
+        {"Save", CommandId::SaveDictionary},
+        {"Print", CommandId::PrintDictionary},
+        {"New", CommandId::NewWord},
+        {"Edit", CommandId::EditWord},
+        {"Duplicate", CommandId::DuplicateWord},
+        {"Delete", CommandId::DeleteWord},
+        {"Find", CommandId::Find},
+        {"FindNext", CommandId::FindNext},
+        {"FindPrevious", CommandId::FindPrevious},
+        {"Random", CommandId::RandomWord},
+        {"CopyImage", CommandId::CopyWordImage},
+        {"SaveImage", CommandId::SaveWordImage},
+        {"Sort", CommandId::SortButton},
+        {"Typewriter", CommandId::Typewriter},
+        {"ShowTable", CommandId::TransTable},
+        {"Options", CommandId::Options},
+        {"About", CommandId::AboutProgram},
+    };
+    EXPECT_EQ(ToolKeys().size(), 19u);
+    for (const auto& [key, id] : keys) {
+        ran.clear();
+        EXPECT_TRUE(RunKeyedCommand(app, key)) << key;
+        EXPECT_EQ(ran, std::vector<CommandId>{id}) << key;
+    }
+    ran.clear();
+    for (const char* other : {"", "Shuffle", "new", "NewWord", " Open"})
+        EXPECT_FALSE(RunKeyedCommand(app, other)) << other;
+    EXPECT_TRUE(ran.empty());
+    EXPECT_TRUE(t.dialogs.prompts.empty());
+}
+
+TEST(CommandTables, TheToolBarHasTwentyButtonsWithTheirToolTips) {
+    const char* tips[] = {"New Dictionary",
+                          "Open Dictionary",
+                          "Save Dictionary",
+                          "Print Dictionary",
+                          "New Word",
+                          "Edit Word",
+                          "Duplicate Word",
+                          "Delete Word",
+                          "Find Word",
+                          "Find Next",
+                          "Find Previous",
+                          "Random Word",
+                          "Copy Word Image",
+                          "Save Word Image",
+                          "Sort Dictionary",
+                          "Show Typewriter",
+                          "Show Transliteration Table",
+                          "Options",
+                          "About",
+                          "Shuffle Dictionary"};
+    ASSERT_EQ(ToolBar().size(), 20u);
+    for (int i = 0; i < 20; ++i) {
+        const ToolButton& b = ToolBar()[static_cast<std::size_t>(i)];
+        EXPECT_EQ(b.index, i);
+        EXPECT_EQ(b.objectName, "cmdTool" + std::to_string(i));
+        EXPECT_EQ(b.toolTip, tips[i]);
+    }
+    // The tool bar and the keyed dispatcher agree wherever a button has a key.
+    for (const auto& [key, id] : ToolKeys()) {
+        const auto it = std::find_if(ToolBar().begin(), ToolBar().end(),
+                                     [id = id](const ToolButton& b) { return b.command == id; });
+        EXPECT_NE(it, ToolBar().end()) << key;
+    }
+}
+
+TEST(CommandTables, EveryCommandIsReachableAndEveryNameIsUnique) {
+    std::set<CommandId> reachable;
+    for (const ToolButton& b : ToolBar()) reachable.insert(b.command);
+    for (const ViewButton& b : WordViewButtons()) reachable.insert(b.command);
+    std::set<std::string> names;
+    for (const MenuItem* m : allMenuItems()) {
+        EXPECT_TRUE(names.insert(m->objectName).second) << m->objectName;
+        // An item runs a command or opens a submenu, never both, never neither.
+        EXPECT_NE(m->command.has_value(), !m->children.empty()) << m->objectName;
+        if (m->command) reachable.insert(*m->command);
+    }
+    for (const ViewButton& b : WordViewButtons())
+        EXPECT_TRUE(names.insert(std::string(b.objectName)).second) << b.objectName;
+    for (const CommandInfo& c : AllCommands())
+        EXPECT_TRUE(reachable.count(c.id)) << c.name << " is offered nowhere";
+}
+
+TEST(CommandTables, ShortcutsLeaveTheHideTogglesAlone) {
+    std::set<std::string_view> seen;
+    for (const Shortcut& s : Shortcuts()) {
+        EXPECT_TRUE(seen.insert(s.keys).second) << s.keys;
+        EXPECT_NE(s.keys, "Ctrl+G");
+        EXPECT_NE(s.keys, "Ctrl+M");
+    }
+    // The word clipboard keys act on words only where text boxes cannot claim them.
+    for (const Shortcut& s : Shortcuts()) {
+        if (s.keys == "Ctrl+C" || s.keys == "Ctrl+X" || s.keys == "Ctrl+V") {
+            EXPECT_EQ(s.scope, ShortcutScope::DisplayArea) << s.keys;
+        }
+    }
+}
+
+TEST_F(EditingTest, CommandsOfOtherPartsRunOnlyOnceInstalled) {
+    EXPECT_FALSE(CommandAvailable(app, CommandId::Shuffle));
+    EXPECT_FALSE(RunCommand(app, CommandId::Shuffle));
+    int runs = 0;
+    InstallCommandHandler(app, CommandId::Shuffle, [&runs](App&) { ++runs; });
+    EXPECT_TRUE(CommandAvailable(app, CommandId::Shuffle));
+    EXPECT_TRUE(RunCommand(app, CommandId::Shuffle));
+    EXPECT_EQ(runs, 1);
+    InstallCommandHandler(app, CommandId::Shuffle, nullptr);
+    EXPECT_FALSE(CommandAvailable(app, CommandId::Shuffle));
+    EXPECT_TRUE(CommandAvailable(app, CommandId::NewWord));
+}
+
+TEST_F(EditingTest, FailuresStopAtTheCommandBoundary) {
+    struct Case {
+        std::function<void()> fail;
+        const char* text;
+        Icon icon;
+    } cases[] = {
+        {[] { throw RunError(Overflow); }, "6  Overflow", Icon::Critical},
+        {[] { throw StoreFull(); }, StoreFull().what(), Icon::Exclamation},
+    };
+    for (const Case& c : cases) {
+        t.dialogs.prompts.clear();
+        InstallCommandHandler(app, CommandId::SortMenu, [&c](App&) { c.fail(); });
+        EXPECT_TRUE(RunCommand(app, CommandId::SortMenu));
+        ASSERT_EQ(t.dialogs.prompts.size(), 1u);
+        EXPECT_EQ(t.dialogs.prompts[0].text, c.text);
+        EXPECT_EQ(t.dialogs.prompts[0].icon, c.icon);
+    }
+    EXPECT_FALSE(app.endRequested);
+}
+
+TEST_F(EditingTest, GoRunsOnTheTypedNumber) {
+    words(3);
+    app.view.txtNumber = "2";
+    RunCommand(app, CommandId::Go);
+    EXPECT_EQ(app.store.currentIndex, 2);
+    EXPECT_EQ(app.view.TransLitTxt, "w2");
+}
+
+TEST_F(EditingTest, OnlyTheLeftDirectionItemMarksTheWordEdited) {
+    struct Case {
+        CommandId command;
+        const char* direction;
+        bool edited;
+    } cases[] = {
+        {CommandId::DirectionLeft, "L", true},
+        {CommandId::DirectionRight, "R", false},
+        {CommandId::DirectionInvert, "L", false},
+        {CommandId::FlipWord, "L", false},
+    };
+    for (const Case& c : cases) {
+        words(1);
+        app.store.setField(0, FieldDirection, "R");
+        RenderWord(app);
+        app.store.editPending = false;
+        RunCommand(app, c.command);
+        EXPECT_EQ(app.store.field(0, FieldDirection), c.direction);
+        EXPECT_EQ(app.store.editPending, c.edited);
+        EXPECT_EQ(app.view.mainGlyphPic[0].picture.file.parent_path().filename(),
+                  c.direction == std::string("L") ? "Left" : "Right");
+    }
+}

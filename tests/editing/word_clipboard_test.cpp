@@ -1,0 +1,143 @@
+#include "editing/commands.h"
+#include "editing/word_clipboard.h"
+#include "editing_support.h"
+
+using namespace nebkaro;
+using namespace nebkaro::testing;
+
+TEST_F(EditingTest, CopyThenPasteLeavesTwoEqualWordsTheSecondCurrent) {
+    words(3);
+    app.store.currentIndex = 1;
+    Copy(app);
+    EXPECT_EQ(t.clipboard.content, "L|B|N35(0,0) |N35|w1|meaning 1|");
+    Paste(app);
+    EXPECT_EQ(app.store.lastIndex, 3);
+    EXPECT_EQ(app.store.currentIndex, 2);
+    EXPECT_EQ(app.store.row(1), app.store.row(2));
+    EXPECT_EQ(translit(3), "w2");
+    EXPECT_EQ(app.view.txtNumber, "2");
+    EXPECT_TRUE(app.store.isChanged);
+    EXPECT_TRUE(t.dialogs.prompts.empty());
+}
+
+TEST_F(EditingTest, CutDeletesWithoutAsking) {
+    struct Case {
+        int from;
+        int current;
+        const char* shown;
+    } cases[] = {
+        {3, 2, "w2"}, // the last word: the new last word is shown
+        {1, 1, "w2"},
+    };
+    for (const Case& c : cases) {
+        words(4);
+        app.store.currentIndex = c.from;
+        Cut(app);
+        EXPECT_TRUE(t.dialogs.prompts.empty());
+        EXPECT_EQ(t.clipboard.content, "L|B|N35(0,0) |N35|w" + std::to_string(c.from) +
+                                           "|meaning " + std::to_string(c.from) + "|");
+        EXPECT_EQ(app.cutIndex, c.from);
+        EXPECT_EQ(app.store.lastIndex, 2);
+        EXPECT_EQ(app.store.currentIndex, c.current);
+        EXPECT_EQ(app.view.TransLitTxt, c.shown);
+        EXPECT_FALSE(app.cutPending);
+    }
+    // After the Cut, Delete asks again.
+    t.dialogs.answers.push_back(Answer::No);
+    Delete(app);
+    EXPECT_EQ(t.dialogs.prompts.size(), 1u);
+}
+
+TEST_F(EditingTest, PastingNothingChangesNothing) {
+    words(2);
+    for (const char* text : {"", "\r\n"}) {
+        t.dialogs.prompts.clear();
+        t.clipboard.content = text;
+        Paste(app);
+        ASSERT_EQ(t.dialogs.prompts.size(), 1u);
+        EXPECT_EQ(t.dialogs.prompts[0].text, "Nothing to Paste");
+        EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Exclamation);
+        EXPECT_EQ(app.store.lastIndex, 1);
+    }
+}
+
+TEST_F(EditingTest, AnInvalidItemIsRefusedAfterTheRowWasInserted) {
+    words(3);
+    app.store.currentIndex = 1;
+    for (const char* text : {"hello", "r|B|x|x|x|x|x", "|L|B"}) {
+        SCOPED_TRACE(text);
+        t.dialogs.prompts.clear();
+        const int last = app.store.lastIndex, current = app.store.currentIndex;
+        t.clipboard.content = text;
+        Paste(app);
+        ASSERT_EQ(t.dialogs.prompts.size(), 1u);
+        EXPECT_EQ(t.dialogs.prompts[0].text, "Invalid Paste Item");
+        EXPECT_EQ(app.store.lastIndex, last + 1);
+        EXPECT_EQ(app.store.currentIndex, current + 1);
+        EXPECT_EQ(app.store.row(current + 1), app.store.row(current));
+    }
+    EXPECT_FALSE(app.store.isChanged);
+}
+
+TEST_F(EditingTest, PastedItemsFillTheNewRow) {
+    struct Case {
+        const char* item;
+        WordRecord expected;
+    } cases[] = {
+        {"R|E|A1(0,0) |A1|jAb|heart|note", {"R", "E", "A1(0,0) ", "A1", "jAb", "heart", "note"}},
+        // Parts after the seventh are ignored; a trailing line break is not part of the item.
+        {"L|B|||||c|extra|more\r\n", {"L", "B", "", "", "", "", "c"}},
+    };
+    for (const Case& c : cases) {
+        words(2);
+        t.clipboard.content = c.item;
+        Paste(app);
+        EXPECT_EQ(app.store.row(1), c.expected);
+        EXPECT_EQ(translit(2), "w1");
+    }
+}
+
+TEST_F(EditingTest, AShortItemFailsPartWayThroughAndIsReported) {
+    words(2);
+    t.clipboard.content = "R|E|A1(0,0) ";
+    EXPECT_TRUE(RunCommand(app, CommandId::PasteWord));
+    ASSERT_EQ(t.dialogs.prompts.size(), 1u);
+    EXPECT_EQ(t.dialogs.prompts[0].text, "9  Subscript out of range");
+    EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Critical);
+    // The row was inserted and its first three fields pasted before the failure.
+    EXPECT_EQ(app.store.lastIndex, 2);
+    EXPECT_EQ(app.store.row(1), (WordRecord{"R", "E", "A1(0,0) ", "N35", "w0", "meaning 0", ""}));
+}
+
+TEST_F(EditingTest, PastingIntoAnEmptiedDictionaryMakesWordZero) {
+    words(1);
+    Cut(app);
+    EXPECT_EQ(app.store.lastIndex, -1);
+    Paste(app);
+    EXPECT_EQ(app.store.lastIndex, 0);
+    EXPECT_EQ(app.store.currentIndex, 0);
+    EXPECT_EQ(translit(0), "w0");
+}
+
+TEST_F(EditingTest, PastingAfterGoingPastTheEndAddsAfterTheLastWord) {
+    words(2);
+    app.store.currentIndex = 40;
+    t.clipboard.content = "L|B|||new|||";
+    Paste(app);
+    EXPECT_EQ(app.store.lastIndex, 2);
+    EXPECT_EQ(app.store.currentIndex, 2);
+    EXPECT_EQ(translit(2), "new");
+}
+
+TEST_F(EditingTest, NoRowCanBeOpenedInAFullDictionary) {
+    words(2);
+    app.store.lastIndex = DictionaryStore::MaxWordIndex;
+    t.clipboard.content = "L|B|||||";
+    EXPECT_TRUE(RunCommand(app, CommandId::PasteWord));
+    EXPECT_TRUE(RunCommand(app, CommandId::DuplicateWord));
+    ASSERT_EQ(prompts().size(), 2u);
+    EXPECT_EQ(prompts()[0], StoreFull().what());
+    EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Exclamation);
+    EXPECT_EQ(app.store.lastIndex, DictionaryStore::MaxWordIndex);
+    EXPECT_EQ(app.store.currentIndex, 0);
+}

@@ -1,0 +1,285 @@
+#include "core/dictionary_file.h"
+#include "editing/navigation.h"
+#include "editing/word_clipboard.h"
+#include "editing/word_editing.h"
+#include "editing_support.h"
+
+using namespace nebkaro;
+using namespace nebkaro::testing;
+
+namespace {
+
+const WordRecord composed(const char* dir, const char* lib, const std::string& translit = "") {
+    return {dir, lib, "A1(0,0) - G17(300,0) ", "A1-G17", translit, "", ""};
+}
+
+} // namespace
+
+TEST_F(EditingTest, NewThenStorePutsTheWordIntoTheNextRow) {
+    // An empty dictionary has its word 0 waiting; otherwise the word goes after the last.
+    for (const int count : {0, 3}) {
+        SCOPED_TRACE(count);
+        words(count);
+        app.store.lastIndex = std::max(count - 1, 0);
+        New(app);
+        EXPECT_TRUE(composer.openedForNew);
+        EXPECT_TRUE(app.store.newWordPending);
+        EXPECT_EQ(app.view.txtNumber, std::to_string(app.store.lastIndex + 1));
+        app.view.TransLitTxt = "jAb";
+        EXPECT_TRUE(Store(app));
+        EXPECT_EQ(app.store.lastIndex, count);
+        EXPECT_EQ(app.store.currentIndex, count);
+        EXPECT_EQ(app.store.row(count), composed("L", "B", "jAb"));
+        if (count > 0) {
+            EXPECT_EQ(translit(count - 1), "w2");
+        }
+        EXPECT_TRUE(app.store.isChanged);
+        EXPECT_FALSE(app.store.newWordPending || app.store.composeAccepted || app.insertPending);
+    }
+}
+
+TEST_F(EditingTest, NewShowsTheComposedWordCentredWithEmptyTexts) {
+    words(3);
+    app.view.CommentTxt = "old comment";
+    New(app);
+    const WordView& v = app.view;
+    EXPECT_EQ(v.GardinerTxt, "A1-G17");
+    EXPECT_EQ(v.RichGardinerlbl, "A1(0,0) - G17(300,0) ");
+    EXPECT_EQ(v.TransLitTxt, "");
+    EXPECT_EQ(v.MeaningTxt, "");
+    EXPECT_EQ(v.CommentTxt, "");
+    EXPECT_EQ(v.txtNumber, "3");
+    EXPECT_TRUE(v.mainGlyphPic[0].visible);
+    EXPECT_TRUE(v.mainGlyphPic[1].visible);
+    EXPECT_FALSE(v.mainGlyphPic[2].visible);
+    EXPECT_EQ(v.mainGlyphPic[1].picture.file, "/pictures/Basic/Left/G17.GIF");
+    // The group (720 x 600 twips) stands centred in the display area.
+    const Rect a = v.geometry.DispAreaShp;
+    EXPECT_EQ(v.rightEdge, 720);
+    EXPECT_EQ(v.mainGlyphPic[0].left, a.left + a.width / 2 - 360);
+    EXPECT_EQ(v.mainGlyphPic[1].left, a.left + a.width / 2 - 360 + 300);
+    EXPECT_EQ(v.TemPic.pictures.size(), 2u);
+    // Not yet in the dictionary.
+    EXPECT_EQ(app.store.lastIndex, 2);
+}
+
+TEST_F(EditingTest, NewPicturesComeFromTheFoldersTheWordWillBeStoredWith) {
+    struct Case {
+        bool basic, left, extendedChosen;
+        const char* file;
+        const char* direction;
+        const char* library;
+    } cases[] = {
+        {true, true, false, "/pictures/Basic/Left/A1.GIF", "L", "B"},
+        {false, false, false, "/pictures/Extended/Right/A1.GIF", "R", "E"},
+        {true, true, true, "/pictures/Extended/Left/A1.GIF", "L", "E"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.file);
+        app.settings.useBasicLibrary = c.basic;
+        app.settings.directionLeft = c.left;
+        app.extendedChosen = c.extendedChosen;
+        New(app);
+        EXPECT_EQ(app.view.mainGlyphPic[0].picture.file, c.file);
+        ASSERT_TRUE(Store(app));
+        EXPECT_EQ(app.store.field(app.store.currentIndex, FieldDirection), c.direction);
+        EXPECT_EQ(app.store.field(app.store.currentIndex, FieldLibrary), c.library);
+    }
+}
+
+TEST_F(EditingTest, NewCancelledChangesNothing) {
+    words(2);
+    composer.accept = false;
+    const WordView before = app.view;
+    New(app);
+    EXPECT_EQ(composer.runs, 1);
+    EXPECT_FALSE(app.store.newWordPending);
+    EXPECT_FALSE(app.store.composeAccepted);
+    EXPECT_EQ(app.view.TransLitTxt, before.TransLitTxt);
+    EXPECT_EQ(app.view.txtNumber, before.txtNumber);
+    EXPECT_EQ(app.store.lastIndex, 1);
+}
+
+TEST_F(EditingTest, NewOffersToStoreAnUnfinishedWordFirst) {
+    words(2);
+    app.view.MeaningTxt = "edited";
+    app.store.editPending = true;
+    t.dialogs.answers.push_back(Answer::Yes);
+    New(app);
+    ASSERT_EQ(prompts().size(), 1u);
+    EXPECT_EQ(prompts()[0], "Do you want to store the current item?");
+    EXPECT_EQ(app.store.field(0, FieldMeaning), "edited");
+    EXPECT_TRUE(composer.openedForNew);
+}
+
+TEST_F(EditingTest, AnExistingWordKeepsItsDirectionAndLibraryUnlessExtendedWasChosen) {
+    struct Case {
+        bool extendedChosen;
+        const char* library;
+    } cases[] = {{false, "B"}, {true, "E"}};
+    for (const Case& c : cases) {
+        words(2);
+        app.settings.directionLeft = false;
+        app.settings.useBasicLibrary = false;
+        app.extendedChosen = c.extendedChosen;
+        app.view.MeaningTxt = "new meaning";
+        Store(app);
+        EXPECT_EQ(app.store.field(0, FieldDirection), "L");
+        EXPECT_EQ(app.store.field(0, FieldLibrary), c.library);
+        EXPECT_EQ(app.store.field(0, FieldMeaning), "new meaning");
+        EXPECT_EQ(app.store.lastIndex, 1);
+    }
+}
+
+TEST_F(EditingTest, EditReplacesOnlyTheSignsAndKeepsTheTexts) {
+    words(3);
+    app.store.currentIndex = 1;
+    RenderWord(app);
+    Edit(app);
+    EXPECT_TRUE(composer.openedForEdit);
+    EXPECT_FALSE(composer.openedForNew);
+    EXPECT_EQ(app.view.GardinerTxt, "A1-G17");
+    EXPECT_EQ(app.view.RichGardinerlbl, "A1(0,0) - G17(300,0) ");
+    EXPECT_EQ(app.view.TransLitTxt, "w1");
+    EXPECT_EQ(app.view.MeaningTxt, "meaning 1");
+    EXPECT_EQ(app.view.txtNumber, "1");
+    Store(app);
+    EXPECT_EQ(app.store.row(1),
+              (WordRecord{"L", "B", "A1(0,0) - G17(300,0) ", "A1-G17", "w1", "meaning 1", ""}));
+    EXPECT_EQ(app.store.lastIndex, 2);
+    EXPECT_FALSE(app.store.editPending);
+}
+
+TEST_F(EditingTest, EditCancelledLeavesTheWordBeingEdited) {
+    words(2);
+    composer.accept = false;
+    Edit(app);
+    EXPECT_TRUE(app.store.editPending);
+    EXPECT_EQ(app.view.GardinerTxt, "N35");
+}
+
+TEST_F(EditingTest, DeleteAsksThenMovesTheLaterWordsUp) {
+    words(4);
+    app.store.currentIndex = 1;
+    t.dialogs.answers = {Answer::No, Answer::Yes};
+    Delete(app);
+    EXPECT_EQ(app.store.lastIndex, 3);
+    EXPECT_FALSE(app.store.isChanged);
+    Delete(app);
+    ASSERT_EQ(t.dialogs.prompts.size(), 2u);
+    EXPECT_EQ(t.dialogs.prompts[0].text, "Do you want to delete the current item?");
+    EXPECT_EQ(t.dialogs.prompts[0].title, "Confirm Delete");
+    EXPECT_EQ(app.store.lastIndex, 2);
+    EXPECT_EQ(app.store.currentIndex, 1);
+    EXPECT_EQ(translit(1), "w2");
+    EXPECT_EQ(translit(2), "w3");
+    EXPECT_EQ(translit(3), "w3"); // the old last row stays behind, beyond the dictionary
+    EXPECT_EQ(app.view.TransLitTxt, "w2");
+    EXPECT_TRUE(app.store.isChanged);
+}
+
+TEST_F(EditingTest, DeletingTheOnlyWordLeavesNothingOnShow) {
+    words(1);
+    t.dialogs.answers.push_back(Answer::Yes);
+    Delete(app);
+    EXPECT_EQ(app.store.lastIndex, -1);
+    EXPECT_EQ(app.store.currentIndex, -1);
+    RenderWord(app);
+    // Saving stores the word on show first: there is none, and nothing breaks.
+    EXPECT_TRUE(SaveDictionary(app));
+    EXPECT_EQ(readFile(app.store.dictionaryPath), "");
+    EXPECT_EQ(app.store.lastIndex, -1);
+    // The next new word becomes word 0 again.
+    New(app);
+    Store(app);
+    EXPECT_EQ(app.store.lastIndex, 0);
+    EXPECT_EQ(app.store.currentIndex, 0);
+    EXPECT_EQ(app.store.field(0, FieldGardiner), "A1-G17");
+}
+
+TEST_F(EditingTest, CommandsThatNeedAWordOnShowSaySoWhenThereIsNone) {
+    words(2);
+    struct Case {
+        const char* name;
+        std::function<void(App&)> run;
+        int index;
+    } cases[] = {
+        // Moving, copying and deleting need a word of the dictionary ...
+        {"Delete", Delete, -1},
+        {"Delete", Delete, 2},
+        {"Duplicate", Duplicate, -1},
+        {"Duplicate", Duplicate, 5},
+        {"Copy", Copy, -1},
+        {"Cut", Cut, 2},
+        // ... editing and storing need a row of the table.
+        {"Edit", Edit, -1},
+        {"Edit", Edit, 100001},
+        {"Store", StoreCommand, -1},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.name) + " at " + std::to_string(c.index));
+        app.store.currentIndex = c.index;
+        t.dialogs.prompts.clear();
+        c.run(app);
+        ASSERT_EQ(t.dialogs.prompts.size(), 1u);
+        EXPECT_EQ(t.dialogs.prompts[0].text, "No word of the dictionary is on show.");
+    }
+    EXPECT_EQ(app.store.lastIndex, 1);
+    EXPECT_EQ(translit(1), "w1");
+    EXPECT_FALSE(app.store.isChanged);
+    EXPECT_FALSE(app.cutPending);
+    EXPECT_EQ(composer.runs, 0);
+}
+
+TEST_F(EditingTest, DuplicateShowsACopyAfterTheWord) {
+    words(3);
+    app.store.currentIndex = 1;
+    Duplicate(app);
+    EXPECT_EQ(app.store.lastIndex, 3);
+    EXPECT_EQ(app.store.currentIndex, 2);
+    EXPECT_EQ(app.store.row(2), app.store.row(1));
+    EXPECT_EQ(translit(3), "w2");
+    EXPECT_EQ(app.view.txtNumber, "2");
+}
+
+TEST_F(EditingTest, AFullDictionaryRefusesANewWordAndChangesNothing) {
+    words(2);
+    app.store.lastIndex = DictionaryStore::MaxWordIndex;
+    New(app);
+    EXPECT_FALSE(Store(app));
+    ASSERT_EQ(prompts().size(), 1u);
+    EXPECT_EQ(prompts()[0], StoreFull().what());
+    EXPECT_EQ(app.store.lastIndex, DictionaryStore::MaxWordIndex);
+    EXPECT_EQ(app.store.currentIndex, 0);
+    EXPECT_TRUE(app.store.newWordPending);
+    EXPECT_FALSE(app.store.isChanged);
+}
+
+TEST_F(EditingTest, InsertStoresIntoTheCurrentRow) {
+    words(3);
+    app.store.currentIndex = 1;
+    Insert(app);
+    EXPECT_TRUE(app.insertPending);
+    Store(app);
+    EXPECT_EQ(app.store.lastIndex, 2);
+    EXPECT_EQ(app.store.currentIndex, 1);
+    EXPECT_EQ(app.store.row(1), composed("L", "B"));
+    EXPECT_EQ(translit(2), "w2");
+    EXPECT_FALSE(app.insertPending);
+}
+
+TEST_F(EditingTest, AnInsertGivenUpDoesNotTurnTheNextNewWordIntoAReplacement) {
+    words(3);
+    composer.accept = false;
+    Insert(app);
+    EXPECT_FALSE(app.insertPending);
+    composer.accept = true;
+    Insert(app);
+    t.dialogs.answers.push_back(Answer::No);
+    Next(app);
+    EXPECT_FALSE(app.insertPending);
+    New(app);
+    Store(app);
+    EXPECT_EQ(app.store.lastIndex, 3);
+    EXPECT_EQ(translit(1), "w1");
+}
