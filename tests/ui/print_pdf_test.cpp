@@ -4,12 +4,15 @@
 // Print 1 and Form Feed prints what was added.
 #include "print_fixture.h"
 
+#include "core/dictionary_file.h"
+
 #include "print/print_document_qt.h"
 #include "print/word_picture.h"
 #include "ui/print_options_dialog.h"
 #include "ui/printing.h"
 
 #include <QApplication>
+#include <QFontDatabase>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QPushButton>
@@ -74,6 +77,7 @@ private slots:
     void aFullPageGoesOutByItself();
     void quittingWithWordsWaitingAsks();
     void startUpChoosesTheDefaultPrinterAndDraft();
+    void theStarterDictionaryPrintsInTwoColumns();
 };
 
 void PrintPdfTest::wholeDictionaryHasEveryFieldAndNumberedPages() {
@@ -393,6 +397,51 @@ void PrintPdfTest::startUpChoosesTheDefaultPrinterAndDraft() {
     QCOMPARE(QString::fromStdString(printing.options().printer),
              system.isEmpty() ? QStringLiteral("PDF file") : system);
     QVERIFY(printing.options().paper == "A4" || printing.options().paper == "Letter");
+}
+
+void PrintPdfTest::theStarterDictionaryPrintsInTwoColumns() {
+    // The dictionary, sign pictures and transliteration font the program ships.
+    const std::filesystem::path data = NEBKARO_DATA_DIR;
+    QVERIFY(QFontDatabase::addApplicationFont(
+                QString::fromStdString((data / "Fonts" / "Transliteration.ttf").string())) >= 0);
+    QVERIFY(hasTransliterationFont());
+    Fixture f(0);
+    FolderSignPictures shipped(data);
+    App app(f.dialogs, f.clipboard, f.events, shipped, f.files);
+    app.home = data;
+    const ParsedDictionary parsed = ReadDictionaryText(
+        readFileBytes(data / "Dictionaries" / "Words.nkd"), DictionaryStore::MaxWordIndex + 1);
+    QVERIFY(parsed.words.size() > 100);
+    for (std::size_t i = 0; i < parsed.words.size(); ++i)
+        app.store.setRow(static_cast<int>(i), parsed.words[i]);
+    app.store.lastIndex = static_cast<int>(parsed.words.size()) - 1;
+    app.store.header = parsed.header;
+    app.store.dictionaryName = "Words.nkd";
+
+    PrintOptions o;
+    o.columns = 2;
+    auto doc = documentOf(app, o);
+    const auto pdf = f.file("starter.pdf");
+    QVERIFY(printToPdf(*doc, pdf));
+    const int pages = doc->pageCount();
+    QCOMPARE(pdfPageCount(pdf), pages);
+    const QString text = pdfText(pdf);
+    QVERIFY(text.contains(QString::fromStdString(parsed.header[0])));
+    QVERIFY(text.contains(QStringLiteral("Page 1 of %1").arg(pages)));
+    QVERIFY(text.contains(QStringLiteral("Page %1 of %1").arg(pages)));
+    for (const WordRecord& w : {parsed.words.front(), parsed.words.back()}) {
+        QVERIFY2(text.contains(QString::fromStdString(w[FieldMeaning])), w[FieldMeaning].c_str());
+        QVERIFY2(text.contains(QString::fromStdString(w[FieldGardiner])), w[FieldGardiner].c_str());
+    }
+    // Every sign of the dictionary has its picture: none prints as an empty frame.
+    for (const PrintWord& w : doc->words())
+        for (const PlacedPicture& p : w.picture.pictures)
+            QVERIFY2(p.picture.ok, p.picture.file.c_str());
+    QVERIFY(pdfImageCount(pdf) > static_cast<int>(parsed.words.size()));
+    // To look at it: NEBKARO_KEEP_PDF=/some/file.pdf keeps a copy.
+    if (qEnvironmentVariableIsSet("NEBKARO_KEEP_PDF"))
+        std::filesystem::copy_file(pdf, qEnvironmentVariable("NEBKARO_KEEP_PDF").toStdString(),
+                                   std::filesystem::copy_options::overwrite_existing);
 }
 
 QTEST_MAIN(PrintPdfTest)
