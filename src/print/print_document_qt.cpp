@@ -149,9 +149,11 @@ double signsHeight(const WordPicture& p) {
 }
 
 struct PrintDocument::Impl {
+    explicit Impl(std::shared_ptr<const std::vector<PrintWord>> w) : shared(std::move(w)) {}
+
+    // The words may be shared with other layouts of them (the dialog's earlier choices).
     std::shared_ptr<const std::vector<PrintWord>> shared;
     const std::vector<PrintWord>& words = *shared;
-    explicit Impl(std::shared_ptr<const std::vector<PrintWord>> w) : shared(std::move(w)) {}
     PrintOptions options;
     std::string title;
     Fonts fonts;
