@@ -12,13 +12,16 @@ struct QuietDialogs : Dialogs {
     Answer message(const std::string&, const std::string&, Buttons b, Icon) override {
         return b == Buttons::OK ? Answer::OK : Answer::No;
     }
-    std::optional<std::string> input(const std::string&, const std::string&, const std::string&) override {
+    std::optional<std::string> input(const std::string&, const std::string&,
+                                     const std::string&) override {
         return std::nullopt;
     }
-    std::optional<std::filesystem::path> openFile(const std::string&, const std::filesystem::path&) override {
+    std::optional<std::filesystem::path> openFile(const std::string&,
+                                                  const std::filesystem::path&) override {
         return std::nullopt;
     }
-    std::optional<std::filesystem::path> saveFile(const std::string&, const std::filesystem::path&) override {
+    std::optional<std::filesystem::path> saveFile(const std::string&,
+                                                  const std::filesystem::path&) override {
         return std::nullopt;
     }
     void beep() override {}

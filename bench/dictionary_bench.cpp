@@ -42,10 +42,11 @@ BENCHMARK(BM_LoadExtendedSignList)->Unit(benchmark::kMillisecond);
 
 static void BM_RenderTwelveSignWord(benchmark::State& state) {
     BenchApp b;
-    b.app.store.setRow(0, {"L", "B",
-                           "A1(0,0) - A2(300,0) - A3(600,0) - A4(900,0) - A5(1200,0) - A6(1500,0) - "
-                           "G17(1800,0) - G43(2100,0) - N35(2400,0) - D21(2700,0) - X1(3000,0) - Z1(3300,0) ",
-                           "A1-A2-A3-A4-A5-A6-G17-G43-N35-D21-X1-Z1", "", "", ""});
+    b.app.store.setRow(
+        0, {"L", "B",
+            "A1(0,0) - A2(300,0) - A3(600,0) - A4(900,0) - A5(1200,0) - A6(1500,0) - "
+            "G17(1800,0) - G43(2100,0) - N35(2400,0) - D21(2700,0) - X1(3000,0) - Z1(3300,0) ",
+            "A1-A2-A3-A4-A5-A6-G17-G43-N35-D21-X1-Z1", "", "", ""});
     for (auto _ : state) {
         RenderWord(b.app);
         benchmark::DoNotOptimize(b.app.view.rightEdge);

@@ -60,6 +60,10 @@ int cmdShow(const fs::path& home, const std::vector<std::string>& argv);
 int cmdConvert(const fs::path& home, const std::vector<std::string>& argv);
 int cmdMerge(const fs::path& home, const std::vector<std::string>& argv);
 int cmdCheck(const fs::path& home, const std::vector<std::string>& argv);
+int cmdSort(const fs::path& home, const std::vector<std::string>& argv);
+int cmdShuffle(const fs::path& home, const std::vector<std::string>& argv);
+int cmdFlip(const fs::path& home, const std::vector<std::string>& argv);
+int cmdReadingOrder(const fs::path& home, const std::vector<std::string>& argv);
 
 const std::vector<Subcommand>& subcommands() {
     static const std::vector<Subcommand> list = {
@@ -82,6 +86,26 @@ const std::vector<Subcommand>& subcommands() {
          "layout strings that do not parse, codes not in the word's sign library, missing sign\n"
          "pictures, and a record that ends the load early (with its line). Exit 1 when any.\n",
          cmdCheck},
+        {"sort",
+         "sort FILE --by meaning|translit|classic|gardiner|comment [--reverse] [--case] [--method "
+         "comb|toolbar] -o OUT",
+         "Sorts the words by one field and writes the result to OUT. --method comb (the default)\n"
+         "is the Tools menu's sort, in which Gardiner notations follow the sign list's order;\n"
+         "--method toolbar is the Sort button's stable sort, comparing every field as text.\n"
+         "'classic' orders transliterations A i y a w b p f m n r h H x X z s S q k g t T d D.\n"
+         "Without --case, upper and lower case compare equal. Two Gardiner notations that cannot\n"
+         "be ordered stop the sort with both named, and nothing is written.\n",
+         cmdSort},
+        {"shuffle", "shuffle FILE [--seed N] -o OUT",
+         "Puts the words in random order; the same --seed gives the same order.\n", cmdShuffle},
+        {"flip", "flip FILE --to left|right|invert -o OUT",
+         "Turns every word to the left, to the right, or the other way, mirroring its signs.\n",
+         cmdFlip},
+        {"reading-order", "reading-order FILE [--overlap PERCENT] -o OUT",
+         "Puts the signs of every word into reading order (Sort Gardiner) and rewrites its\n"
+         "layout and Gardiner notation. Signs overlapping by more than PERCENT (default 20)\n"
+         "of their right edge count as stacked. A word without signs stops the run.\n",
+         cmdReadingOrder},
     };
     return list;
 }

@@ -1,6 +1,7 @@
 #pragma once
 // The program-wide state and the ports through which the logic reaches the desktop. One App
 // lives from start-up to exit and is passed by reference; nothing else is global.
+#include "bulk/search_state.h"
 #include "core/dictionary_store.h"
 #include "core/glyph_table.h"
 #include "core/ports.h"
@@ -45,10 +46,43 @@ struct Windows {
     virtual void setPrinterDefaults() {}
     // A line for the status bar.
     virtual void showStatus(const std::string&) {}
+    // The Sort dialog, modal; it leaves its choices in App::sortDialog.
+    virtual void showSortDialog() {}
+    // The progress dialog (frmCancelDialog), modeless, with this text in lblProcess. Its
+    // Cancel sets App::sortCancelled and hides it.
+    virtual void showProgress(const std::string& /*text*/) {}
+    virtual void hideProgress() {}
+    // The main window's counter label, counting down the passes of the tool-bar sort.
+    virtual void showCounter(int) {}
     // Opens the composer for the word that store.newWordPending or store.editPending names and
     // returns when it is closed. The composer leaves store.composeAccepted, layoutText,
     // composedGardiner and the signs in glyphs (placed from 0,0).
     virtual void runComposer() {}
+    // The main window's progress bar at this fraction (0..1) of its length. Called once per
+    // word a search passes over, so it should only repaint when the drawn length changes.
+    virtual void setProgress(float /*fraction*/) {}
+    // Shows the Search dialog (its controls are App::search) without blocking and returns
+    // once it has been hidden (OK) or closed (Cancel), letting events through meanwhile.
+    virtual void showSearchDialogAndWait() {}
+    // The text of a typewriter target whose text another window holds (the browser's
+    // transliteration box, the composer's code box); nullptr when that window is not open.
+    // The main window's TransLitTxt and the Search dialog's txtSearch are App's own.
+    virtual std::string* typewriterText(TypewriterTarget) { return nullptr; }
+    // The typewriter changed that target's text: its window shows it again.
+    virtual void typewriterTextChanged(TypewriterTarget) {}
+};
+
+// The Sort dialog's controls. The dialog is hidden, never unloaded, by OK and Cancel, so its
+// choices survive from one sort to the next; the sorts read reverse and caseSensitive.
+struct SortDialogState {
+    bool loaded = false;
+    // The field to sort by: 5 meaning, 4 transliteration, 9 classic transliteration,
+    // 3 Gardiner notation, 6 comment; -1 when the dialog was cancelled.
+    int sortField = -1;
+    // The value of the option button that is on; -1 while none is.
+    int option = -1;
+    bool reverse = false;       // ChkReverse
+    bool caseSensitive = false; // chkCase
 };
 
 struct App {
@@ -87,8 +121,17 @@ struct App {
 
     // Set by the progress dialog's Cancel; long loops test it after yielding.
     bool sortCancelled = false;
+    SortDialogState sortDialog;
 
     TypewriterTarget typewriterTarget = TypewriterTarget::MainTransLit;
+
+    // The word field Find searches (5 Meaning, 4 Transliteration, 3 Gardiner, 6 Comment), and
+    // whether the Search dialog was left with OK.
+    int searchField = FieldMeaning;
+    bool searchAccepted = false;
+    // The Search dialog's controls, and the criteria Find Next and Find Previous reuse.
+    SearchDialogState search;
+    SearchCriteria searchCriteria;
 
     // The program is to end now (without saving), with this status.
     bool endRequested = false;

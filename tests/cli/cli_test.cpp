@@ -136,3 +136,45 @@ TEST_F(CliTest, CheckReportsEachKindOfProblem) {
           "Basic/Left/Q/Q9.GIF", "word 1: the layout", "Basic/Left/G/G17.GIF"})
         EXPECT_NE(r.out.find(want), std::string::npos) << want << "\n" << r.out;
 }
+
+TEST_F(CliTest, SortShuffleFlipAndReadingOrderWriteNewFiles) {
+    const auto f = file("w.nkd", kWords);
+    const auto out = (home.path() / "o.nkd").string();
+    struct Case {
+        std::string args;
+        int index;
+        int field;
+        std::string want;
+    } cases[] = {
+        {"sort " + f + " --by meaning -o " + out, 0, 5, "reed"},
+        {"sort " + f + " --by meaning --reverse -o " + out, 0, 5, "remain"},
+        {"sort " + f + " --by meaning --method toolbar --reverse -o " + out, 0, 5, "remain"},
+        {"flip " + f + " --to invert -o " + out, 0, 0, "R"},
+        {"flip " + f + " --to left -o " + out, 1, 2, "G17( 300, 0) - N35( 0, 0) "},
+        {"reading-order " + f + " --overlap 20 -o " + out, 1, 3, "N35 - G17 "}, // right to left
+    };
+    for (const auto& c : cases) {
+        CliRun r = cli(c.args, home.path());
+        ASSERT_EQ(r.status, 0) << c.args << ": " << r.err;
+        r = cli("show " + out + " " + std::to_string(c.index), home.path());
+        const std::string line = std::to_string(c.field) + ": " + c.want + "\n";
+        EXPECT_NE(r.out.find(line), std::string::npos) << c.args << "\n" << r.out;
+    }
+    // The same seed gives the same order.
+    const auto a = (home.path() / "a.nkd").string(), b = (home.path() / "b.nkd").string();
+    ASSERT_EQ(cli("shuffle " + f + " --seed 7 -o " + a, home.path()).status, 0);
+    ASSERT_EQ(cli("shuffle " + f + " --seed 7 -o " + b, home.path()).status, 0);
+    EXPECT_EQ(readFile(a), readFile(b));
+}
+
+TEST_F(CliTest, AGardinerOrderErrorNamesBothNotationsAndWritesNothing) {
+    const auto f = file("g.nkd", "\"L\",\"B\",\"A1(0,0) \",\"A1-G17\",\"\",\"\",\"\"\r\n"
+                                 "\"L\",\"B\",\"A1(0,0) \",\"A1\",\"\",\"\",\"\"\r\n");
+    const auto out = home.path() / "never.nkd";
+    CliRun r = cli("sort " + f + " --by gardiner -o " + out.string(), home.path());
+    EXPECT_EQ(r.status, 2);
+    EXPECT_NE(r.err.find("'A1-G17' and 'A1'"), std::string::npos) << r.err;
+    EXPECT_FALSE(std::filesystem::exists(out));
+    r = cli("sort " + f + " --by nothing -o " + out.string(), home.path());
+    EXPECT_EQ(r.status, 2);
+}

@@ -1,0 +1,233 @@
+#pragma once
+// Array_Functions: swapping, comb sort, exchange sort and shuffle over one-column arrays
+// (std::vector<T>) and tables of rows (std::vector<std::array<T, N>>, such as the dictionary's
+// words). Rows always move whole. The sorts compare keys made once per element: the element
+// itself, or its upper-cased text when case does not count; each key travels with its row, so
+// the order of comparisons and exchanges is exactly that of comparing the elements afresh.
+#include "core/app.h"
+#include "core/errors.h"
+#include "core/sign_lists.h"
+#include "core/text.h"
+
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace nebkaro {
+
+// How keys are compared: reverse order exchanges the two keys before comparing; without case
+// sensitivity both are upper-cased first.
+struct SortOrder {
+    bool reverse = false;
+    bool caseSensitive = false;
+};
+
+// The number of dimensions of an array type: each std::vector or std::array level adds one.
+template <class T> struct ArrayRank : std::integral_constant<int, 0> {};
+template <class T, class A>
+struct ArrayRank<std::vector<T, A>> : std::integral_constant<int, 1 + ArrayRank<T>::value> {};
+template <class T, std::size_t N>
+struct ArrayRank<std::array<T, N>> : std::integral_constant<int, 1 + ArrayRank<T>::value> {};
+
+template <class T> constexpr int NumberOfDimensions(const T&) {
+    return ArrayRank<T>::value;
+}
+
+template <class T> void Swap(T& a, T& b) {
+    using std::swap;
+    swap(a, b);
+}
+
+// Exchanges rows i and j in every column.
+template <class Row, class A> void SwapRows(std::vector<Row, A>& table, int i, int j) {
+    if (i < 0 || j < 0 || static_cast<std::size_t>(i) >= table.size() ||
+        static_cast<std::size_t>(j) >= table.size())
+        throw RunError(SubscriptOutOfRange);
+    Swap(table[static_cast<std::size_t>(i)], table[static_cast<std::size_t>(j)]);
+}
+
+// One-dimensional: exchanges two elements; two-dimensional: exchanges two rows. Either way the
+// whole entry at i trades places with the one at j.
+template <class Table> void SwapElements(Table& table, int i, int j) {
+    SwapRows(table, i, j);
+}
+
+// The next gap of the comb sort: the gap shrinks by the factor 1.3, and 9 and 10 become 11,
+// which leaves fewer stragglers for the final passes.
+int NextCombGap(int gap);
+
+// A Gardiner-order comparison that failed, with the two notations it was comparing (as the
+// sort saw them), so that a report can name them. It is the RunError the comparison raised.
+class GardinerOrderError : public RunError {
+public:
+    GardinerOrderError(const RunError& e, std::string first, std::string second)
+        : RunError(e.number(), e.description()), a(std::move(first)), b(std::move(second)) {}
+    std::string a, b;
+};
+
+namespace detail {
+
+template <class Table> const auto& cell(const Table& table, int i, int column) {
+    const auto& entry = table[static_cast<std::size_t>(i)];
+    if constexpr (ArrayRank<Table>::value == 1) {
+        (void)column;
+        return entry;
+    } else {
+        if (column < 0 || static_cast<std::size_t>(column) >= entry.size())
+            throw RunError(SubscriptOutOfRange);
+        return entry[static_cast<std::size_t>(column)];
+    }
+}
+
+template <class T> T makeKey(const T& value, bool caseSensitive) {
+    if constexpr (std::is_same_v<T, std::string>)
+        return caseSensitive ? value : text::upper(value);
+    else
+        return value;
+}
+
+// The keys of entries 0..last of one column.
+template <class Table> auto makeKeys(const Table& table, int column, int last, bool caseSensitive) {
+    using Cell = std::decay_t<decltype(cell(table, 0, column))>;
+    std::vector<Cell> keys;
+    keys.reserve(static_cast<std::size_t>(last + 1));
+    for (int i = 0; i <= last; ++i) keys.push_back(makeKey(cell(table, i, column), caseSensitive));
+    return keys;
+}
+
+// The Gardiner-code order of two notations that start with the same character, worked out
+// without allocating for the everyday notations (ASCII codes such as "A1", "N35a" joined by
+// "-", ":" or "*", at most four digits, short); nullopt for anything else, which the full
+// comparison then decides (including its errors).
+std::optional<bool> simpleGardinerGreater(std::string_view a, std::string_view b);
+
+// a > b, or for Gardiner notations a after b in Gardiner order. The notation comparison may
+// rewrite its arguments, so it works on copies (kept in the scratch strings to save
+// allocations); a failure of that comparison (RunError) goes to the caller.
+struct Greater {
+    bool gardiner = false;
+    bool reverse = false;
+    std::string sa, sb;
+
+    template <class K> bool operator()(const K& x, const K& y) {
+        const K& a = reverse ? y : x;
+        const K& b = reverse ? x : y;
+        if constexpr (std::is_same_v<K, std::string>) {
+            if (gardiner) {
+                // Different first bytes mean different first characters, for which the
+                // notation order is the plain text order of the unchanged values.
+                if (!a.empty() && !b.empty() && a[0] != b[0]) return a > b;
+                if (const auto simple = simpleGardinerGreater(a, b)) return *simple;
+                sa.assign(a);
+                sb.assign(b);
+                try {
+                    return GardinerGreater(sa, sb);
+                } catch (const RunError& e) {
+                    throw GardinerOrderError(e, std::string(a), std::string(b));
+                }
+            }
+        }
+        return a > b;
+    }
+};
+
+// Checks that entries lo..last exist.
+template <class Table> void checkRange(const Table& table, int last) {
+    if (last >= 0 && static_cast<std::size_t>(last) >= table.size())
+        throw RunError(SubscriptOutOfRange);
+}
+
+} // namespace detail
+
+// Comb sort of entries 0..upper+1 by one column (ignored for a one-dimensional array), in
+// place. upper is the last index at which a comparison starts, so the last word of the
+// dictionary is lastIndex when upper is lastIndex - 1; nullopt means the whole array. A range
+// of fewer than two entries makes one pass with gap 1 and compares nothing. For column 3 of a
+// table of rows the Gardiner-code order decides. After every pass the window system gets to
+// breathe, and a Cancel (app.sortCancelled) stops the sort at once, leaving it partly sorted.
+// A failure of the Gardiner comparison leaves the rows as the last exchange left them.
+template <class Table>
+void CombSort(App& app, Table& table, int column, std::optional<int> upper, SortOrder order) {
+    static_assert(ArrayRank<Table>::value == 1 || ArrayRank<Table>::value == 2);
+    const int lo = 0;
+    const int up = upper ? *upper : static_cast<int>(table.size()) - 2;
+    const int last = up + 1;
+    detail::checkRange(table, last);
+    auto keys = detail::makeKeys(table, column, last, order.caseSensitive);
+    detail::Greater greater;
+    greater.reverse = order.reverse;
+    greater.gardiner = ArrayRank<Table>::value == 2 && column == FieldGardiner;
+    int gap = std::max(1, up - lo + 1);
+    bool swapped = false;
+    do {
+        gap = NextCombGap(gap);
+        swapped = false;
+        for (int i = lo; i <= up - gap + 1; ++i) {
+            const auto a = static_cast<std::size_t>(i);
+            const auto b = static_cast<std::size_t>(i + gap);
+            if (greater(keys[a], keys[b])) {
+                Swap(table[a], table[b]);
+                Swap(keys[a], keys[b]);
+                swapped = true;
+            }
+        }
+        app.events.yield();
+        if (app.sortCancelled) return;
+    } while (gap != 1 || swapped);
+}
+
+// Exchange sort of entries 0..upper+1: passes of neighbour exchanges until a pass exchanges
+// nothing. Every pass shows upper in the main window's counter and lets the window system
+// breathe. Plain text order for every column; it cannot be cancelled.
+template <class Table>
+void ExchangeSort(App& app, Table& table, int column, int upper, SortOrder order) {
+    static_assert(ArrayRank<Table>::value == 1 || ArrayRank<Table>::value == 2);
+    detail::checkRange(table, upper + 1);
+    auto keys = detail::makeKeys(table, column, upper + 1, order.caseSensitive);
+    detail::Greater greater;
+    greater.reverse = order.reverse;
+    bool swapped = false;
+    do {
+        swapped = false;
+        app.windows->showCounter(upper);
+        app.events.yield();
+        for (int j = 0; j <= upper; ++j) {
+            const auto a = static_cast<std::size_t>(j);
+            if (greater(keys[a], keys[a + 1])) {
+                SwapElements(table, j, j + 1);
+                Swap(keys[a], keys[a + 1]);
+                swapped = true;
+            }
+        }
+    } while (swapped);
+}
+
+// Rnd: a number uniform in [0, 1).
+using RandomSource = std::function<double()>;
+// A generator seeded from the clock, as the program shuffles.
+RandomSource ClockRandom();
+// A generator with a fixed seed: the same seed gives the same shuffle.
+RandomSource SeededRandom(std::uint64_t seed);
+
+// Puts entries 0..upper in random order (nullopt: the whole array), every order equally likely:
+// from the top down, each entry trades places with one at or below it.
+template <class Table>
+void ShuffleRows(Table& table, std::optional<int> upper, const RandomSource& rnd) {
+    const int lo = 0;
+    const int up = upper ? *upper : static_cast<int>(table.size()) - 1;
+    detail::checkRange(table, up);
+    for (int i = up; i >= lo + 1; --i) {
+        int j = static_cast<int>(std::floor(rnd() * (i - lo + 1) + lo));
+        if (j > i) j = i; // a source that returns 1 would otherwise reach past i
+        SwapRows(table, i, j);
+    }
+}
+
+} // namespace nebkaro

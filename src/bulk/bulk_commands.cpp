@@ -1,0 +1,192 @@
+#include "bulk/bulk_commands.h"
+
+#include "bulk/reading_order.h"
+#include "bulk/sort.h"
+#include "bulk/sort_dialog_model.h"
+#include "core/app.h"
+#include "core/dictionary_file.h"
+#include "core/errors.h"
+#include "core/text.h"
+#include "display/render.h"
+
+#include <cmath>
+#include <cstdio>
+
+namespace nebkaro {
+
+std::string FormatSeconds(double seconds) {
+    char buf[64];
+    std::snprintf(buf, sizeof buf, "%.3f", seconds);
+    std::string s = buf;
+    while (!s.empty() && s.back() == '0') s.pop_back();
+    if (!s.empty() && s.back() == '.') s.pop_back();
+    if (s == "-0") s = "0";
+    return s;
+}
+
+std::string FormatThousands(long long n) {
+    if (n == 0) return "";
+    const bool negative = n < 0;
+    std::string digits = std::to_string(negative ? -n : n);
+    std::string out;
+    const std::size_t first = digits.size() % 3 == 0 ? 3 : digits.size() % 3;
+    out = digits.substr(0, first);
+    for (std::size_t i = first; i < digits.size(); i += 3) out += "," + digits.substr(i, 3);
+    return negative ? "-" + out : out;
+}
+
+namespace {
+
+void report(App& app, const RunError& e) {
+    app.dialogs.message(e.report(), "", Buttons::OK, Icon::Critical);
+}
+
+SortOrder chosenOrder(const App& app) {
+    return {app.sortDialog.reverse, app.sortDialog.caseSensitive};
+}
+
+bool editInProgress(const App& app) {
+    const DictionaryStore& s = app.store;
+    return s.newWordPending || s.editPending || s.composeAccepted;
+}
+
+constexpr const char* SaveBeforeSorting = "Do you want to save before sorting?";
+
+} // namespace
+
+void ShuffleDictionary(App& app, std::optional<std::uint64_t> seed) {
+    DictionaryStore& store = app.store;
+    const RandomSource rnd = seed ? SeededRandom(*seed) : ClockRandom();
+    ShuffleRows(WordRows(store), store.lastIndex, rnd);
+    store.currentIndex = 0;
+    store.isChanged = true;
+    app.renderWord(app);
+}
+
+void FlipAll(App& app, int mode) {
+    DictionaryStore& store = app.store;
+    app.sortCancelled = false;
+    app.windows->showProgress("Flipping Started");
+    const int remembered = store.currentIndex;
+    try {
+        for (int w = 0; w <= store.lastIndex; ++w) {
+            store.currentIndex = w;
+            app.renderWord(app);
+            // The same change as the word's own direction commands: "Left" also marks the word
+            // as being edited.
+            SetDirection(app, static_cast<std::int16_t>(mode));
+            if (mode == 0) store.editPending = true;
+            app.renderWord(app);
+            if (app.sortCancelled) break;
+            app.events.yield();
+        }
+    } catch (...) {
+        store.currentIndex = remembered;
+        app.renderWord(app);
+        app.windows->hideProgress();
+        throw;
+    }
+    store.currentIndex = remembered;
+    app.renderWord(app);
+}
+
+void SortCommand(App& app) {
+    DictionaryStore& store = app.store;
+    try {
+        if (editInProgress(app)) {
+            const Answer a =
+                app.dialogs.message(SaveBeforeSorting, "", Buttons::YesNoCancel, Icon::None);
+            if (a == Answer::Cancel) return;
+            if (a == Answer::Yes) {
+                app.storeWord(app);
+                SaveDictionary(app);
+            }
+        }
+        if (store.isChanged) {
+            const Answer a =
+                app.dialogs.message(SaveBeforeSorting, "", Buttons::YesNoCancel, Icon::None);
+            if (a == Answer::Cancel) return;
+            if (a == Answer::Yes) SaveDictionary(app);
+        }
+        const int field = ShowSortDialog(app);
+        if (field == SortNone) return;
+        ToolbarSort(app, field, chosenOrder(app));
+        app.dialogs.message("Done!", "DONE", Buttons::OK, Icon::Information);
+    } catch (const RunError& e) {
+        report(app, e);
+    }
+}
+
+void MenuSortCommand(App& app) {
+    DictionaryStore& store = app.store;
+    try {
+        if (editInProgress(app) || store.isChanged) {
+            const Answer a =
+                app.dialogs.message(SaveBeforeSorting, "", Buttons::YesNoCancel, Icon::Question);
+            if (a == Answer::Cancel) return;
+            if (a == Answer::Yes) {
+                app.storeWord(app);
+                const bool saved = SaveDictionary(app);
+                store.newWordPending = false;
+                store.editPending = false;
+                store.composeAccepted = false;
+                // A save that failed leaves the work unsaved, and the flag says so.
+                if (saved) store.isChanged = false;
+            }
+        }
+        const int field = ShowSortDialog(app);
+        if (field == SortNone) return;
+        if (app.dialogs.message("Do you want to proceed?\r\nAction cannot be undone!", "",
+                                Buttons::YesNo, Icon::Exclamation) != Answer::Yes)
+            return;
+        const double seconds = MenuSort(app, field, chosenOrder(app));
+        app.dialogs.message("Done in " + FormatSeconds(seconds) + " s", "DONE", Buttons::OK,
+                            Icon::Information);
+    } catch (const RunError& e) {
+        report(app, e);
+    }
+}
+
+void SortGardinerCommand(App& app) {
+    const std::optional<std::string> answer =
+        app.dialogs.input("How much % overlap do you want to allow?", "Choose Overlap", "20");
+    if (!answer || answer->empty()) return;
+    try {
+        SortGardinerAll(app, text::leadingNumber(*answer));
+    } catch (const RunError& e) {
+        report(app, e);
+    }
+}
+
+void ShuffleCommand(App& app) {
+    if (app.dialogs.message("Are you sure you want to shuffle the dictionary?\r\nThis cannot be "
+                            "undone",
+                            "Confirm", Buttons::YesNo, Icon::Exclamation) != Answer::Yes)
+        return;
+    try {
+        if (app.store.isChanged) {
+            const Answer a = app.dialogs.message("Do you want so save the dictionary?", "Confirm",
+                                                 Buttons::YesNoCancel, Icon::Question);
+            if (a == Answer::Cancel) return;
+            if (a == Answer::Yes) SaveAsCommand(app);
+        }
+        ShuffleDictionary(app);
+    } catch (const RunError& e) {
+        report(app, e);
+    }
+}
+
+void FlipAllCommand(App& app, int index) {
+    const std::string prompt =
+        "It may take a while to flip " + FormatThousands(app.store.lastIndex + 1) + " words";
+    if (app.dialogs.message(prompt, "Warning", Buttons::OKCancel, Icon::Exclamation) ==
+        Answer::Cancel)
+        return;
+    try {
+        FlipAll(app, index);
+    } catch (const RunError& e) {
+        report(app, e);
+    }
+}
+
+} // namespace nebkaro

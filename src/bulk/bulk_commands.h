@@ -1,0 +1,42 @@
+#pragma once
+// The menu and tool-bar commands that work on the whole dictionary: the two sorts, Sort
+// Gardiner, Shuffle and Flip All. Each asks its questions, runs the work (the question-free
+// entry points of sort.h, reading_order.h and below, which the command-line tool calls too)
+// and reports a failure in a critical message box, leaving the dictionary as the failure
+// left it.
+#include "bulk/array_functions.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace nebkaro {
+
+struct App;
+
+// Format(seconds, "0.###") without a dangling decimal point: "0.125", "2.5", "3".
+std::string FormatSeconds(double seconds);
+// Format(n, "#,#"): thousands separated by commas, "" for 0.
+std::string FormatThousands(long long n);
+
+// Shuffle without its questions: rows 0..lastIndex in random order (a fixed seed gives a
+// repeatable order, none seeds from the clock), current word 0 shown, dictionary changed.
+void ShuffleDictionary(App& app, std::optional<std::uint64_t> seed = std::nullopt);
+
+// Flip All without its question, mode 0 Left, 1 Right, 2 Invert: every word is shown and its
+// direction changed (and stored); the progress dialog's Cancel stops after the current word.
+// The word that was current is shown again; the progress dialog stays on screen.
+void FlipAll(App& app, int mode);
+
+// The tool-bar button "Sort" (cmdSort).
+void SortCommand(App& app);
+// Tools > Sort (mnuSort).
+void MenuSortCommand(App& app);
+// Tools > Sort Gardiner (mnuSortGardiner).
+void SortGardinerCommand(App& app);
+// Tools > Shuffle (mnuShuffle) and the tool-bar button "Shuffle Dictionary".
+void ShuffleCommand(App& app);
+// Tools > Flip All > Left (0), Right (1), Invert (2) (mnuAllFlip).
+void FlipAllCommand(App& app, int index);
+
+} // namespace nebkaro

@@ -1,0 +1,94 @@
+#include "bulk/reading_order.h"
+
+#include "core/app.h"
+#include "core/errors.h"
+#include "core/text.h"
+
+#include <cmath>
+
+namespace nebkaro {
+
+float OverlapTolerance(double percent) {
+    return static_cast<float>((100.0 - percent) / 100.0);
+}
+
+void SwapGlyphSlots(App& app, int i, int j) {
+    std::swap(app.glyphs[i], app.glyphs[j]);
+    auto& pics = app.view.mainGlyphPic;
+    std::swap(pics.at(static_cast<std::size_t>(i)).picture,
+              pics.at(static_cast<std::size_t>(j)).picture);
+}
+
+namespace {
+// Int((X + width) * tol): the scaled right edge of the sign in slot i.
+double scaledEdge(const App& app, int i, float tol) {
+    const int w = app.view.mainGlyphPic[static_cast<std::size_t>(i)].picture.width;
+    return std::floor((app.glyphs[i].x + w) * static_cast<double>(tol));
+}
+} // namespace
+
+void OrderGlyphs(App& app, float tol) {
+    GlyphTable& g = app.glyphs;
+    int last = -1;
+    while (last + 1 < GlyphTable::Slots && g[last + 1].used()) ++last;
+    const bool leftward = app.store.field(app.store.currentIndex, FieldDirection) == "L";
+    for (int i = 0; i <= last - 1; ++i) {
+        const double ti = scaledEdge(app, i, tol);
+        for (int j = i + 1; j <= last; ++j) {
+            const double tj = scaledEdge(app, j, tol);
+            const double xi = g[i].x;
+            const double xj = g[j].x;
+            bool exchange;
+            if (xi < tj && xj < ti)
+                exchange = g[j].y < g[i].y; // one above the other: the upper sign first
+            else
+                exchange = leftward ? xj < xi : xj > xi;
+            if (exchange) SwapGlyphSlots(app, i, j);
+        }
+    }
+}
+
+std::pair<std::string, std::string> ReadingOrderTexts(App& app) {
+    std::string layout;
+    std::string gardiner;
+    for (int s = 0; s < GlyphTable::Slots; ++s) {
+        const GlyphSlot& slot = app.glyphs[s];
+        if (!slot.used()) continue;
+        layout +=
+            *slot.code + "(" + text::numberText(slot.x) + "," + text::numberText(slot.y) + ") - ";
+        gardiner += *slot.code + " - ";
+    }
+    // Cutting the last two characters keeps the blank before them: the layout ends in ") ",
+    // the notation in one blank. With no sign there is nothing to cut.
+    if (layout.size() < 2 || gardiner.size() < 2) throw RunError(InvalidArgument);
+    layout.resize(layout.size() - 2);
+    gardiner.resize(gardiner.size() - 2);
+    return {layout, gardiner};
+}
+
+void SortGardinerAll(App& app, double overlapPercent) {
+    DictionaryStore& store = app.store;
+    const float tol = OverlapTolerance(overlapPercent);
+    try {
+        for (store.currentIndex = 0; store.currentIndex <= store.lastIndex; ++store.currentIndex) {
+            app.renderWord(app);
+            OrderGlyphs(app, tol);
+            auto [layout, gardiner] = ReadingOrderTexts(app);
+            app.view.RichGardinerlbl = std::move(layout);
+            if (app.view.GardinerTxt != gardiner) {
+                app.view.GardinerTxt = std::move(gardiner);
+                app.view.textChanged = true;
+            }
+            app.storeWord(app);
+            app.events.yield();
+        }
+    } catch (...) {
+        // The word view shows the word that stopped the run as it is stored.
+        app.renderWord(app);
+        throw;
+    }
+    store.currentIndex = store.lastIndex;
+    app.renderWord(app);
+}
+
+} // namespace nebkaro

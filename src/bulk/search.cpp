@@ -1,0 +1,224 @@
+#include "bulk/search.h"
+
+#include "bulk/search_dialog.h"
+#include "core/app.h"
+#include "core/errors.h"
+#include "core/text.h"
+
+namespace nebkaro {
+
+namespace {
+
+bool isLetter(unsigned char c) {
+    return c >= 'A' && c <= 'z';
+} // the class [A-z]
+bool isDigit(unsigned char c) {
+    return c >= '0' && c <= '9';
+}
+
+// PrepareValue into a buffer that the walk over the dictionary reuses for every word.
+void prepareInto(std::string& out, std::string_view value, const SearchCriteria& c) {
+    out.clear();
+    if (c.caseSensitive != 0) {
+        for (char ch : value)
+            if (ch != ' ') out += ch;
+    } else {
+        for (std::size_t i = 0; i < value.size();) {
+            const auto b = static_cast<unsigned char>(value[i]);
+            if (b < 0x80) {
+                if (b != ' ') out += (b >= 'a' && b <= 'z') ? static_cast<char>(b - 32) : value[i];
+                ++i;
+            } else {
+                text::appendUtf8(out, text::upperChar(NextCodePoint(value, i)));
+            }
+        }
+    }
+    if (c.ignoreVariants) out = StripVariants(out);
+}
+
+void reportError(App& app, const RunError& e) {
+    app.dialogs.message(e.report(), "", Buttons::OK, Icon::Critical);
+}
+
+} // namespace
+
+SearchCriteria PrepareCriteria(std::string_view text, int exact, int exactWord, int caseSensitive,
+                               bool ignoreVariants) {
+    SearchCriteria c;
+    c.exact = static_cast<std::int16_t>(exact);
+    c.exactWord = static_cast<std::int16_t>(exactWord);
+    c.pattern = text::removeAll(text::replaceAll(text, "/", "*"), ' ');
+    c.hasWildcards = c.pattern.find_first_of("*?") != std::string::npos;
+    c.caseSensitive = caseSensitive;
+    c.ignoreVariants = ignoreVariants;
+    if (caseSensitive == 0) c.pattern = text::upper(c.pattern);
+    if (ignoreVariants) c.pattern = StripVariants(c.pattern);
+    return c;
+}
+
+std::string PrepareValue(std::string_view value, const SearchCriteria& criteria) {
+    std::string out;
+    prepareInto(out, value, criteria);
+    return out;
+}
+
+std::string StripVariants(std::string_view s) {
+    // Only texts with a digit followed by a letter somewhere ("*#[A-z]*") carry variants.
+    bool variant = false;
+    for (std::size_t i = 0; i + 1 < s.size() && !variant; ++i)
+        variant = isDigit(static_cast<unsigned char>(s[i])) &&
+                  isLetter(static_cast<unsigned char>(s[i + 1]));
+    if (!variant) return std::string(s);
+    std::string out;
+    out.reserve(s.size());
+    std::size_t start = 0;
+    while (true) {
+        const std::size_t dash = s.find('-', start);
+        std::string_view piece =
+            s.substr(start, dash == std::string_view::npos ? std::string_view::npos : dash - start);
+        // A letter of [A-z] is one byte, so cutting one byte cuts one character.
+        if (!piece.empty() && isLetter(static_cast<unsigned char>(piece.back())))
+            piece.remove_suffix(1);
+        out += piece;
+        if (dash == std::string_view::npos) break;
+        out += '-';
+        start = dash + 1;
+    }
+    return out;
+}
+
+bool IsWholeWord(std::size_t pos, std::string_view needle, std::string_view haystack) {
+    // The rules are the patterns needle & "[!A-z]*", "*[!A-z]" & needle and
+    // "*[!A-z]" & needle & "[!A-z]*" with the needle taken literally. A character outside
+    // [A-z] is either one byte outside it or a multi-byte character, none of whose bytes is
+    // in it, so looking at the single byte beside the needle decides.
+    const std::size_t n = needle.size();
+    const std::size_t h = haystack.size();
+    auto nonLetterAt = [&](std::size_t i) {
+        return !isLetter(static_cast<unsigned char>(haystack[i]));
+    };
+    if (n == h && pos == 1) return true;
+    if (n < h && pos == 1) return haystack.substr(0, n) == needle && nonLetterAt(n);
+    if (pos >= 2 && pos + n - 1 == h)
+        return haystack.substr(h - n) == needle && nonLetterAt(h - n - 1);
+    if (pos >= 2 && pos + n - 1 < h) {
+        // Any occurrence with a character on each side, both non-letters.
+        for (std::size_t at = haystack.find(needle, 1); at != std::string_view::npos && at + n < h;
+             at = haystack.find(needle, at + 1))
+            if (nonLetterAt(at - 1) && nonLetterAt(at + n)) return true;
+    }
+    return false;
+}
+
+SearchMatcher::SearchMatcher(SearchCriteria criteria) : criteria_(std::move(criteria)) {
+    if (criteria_.hasWildcards) wildcard_.emplace(criteria_.pattern);
+}
+
+bool SearchMatcher::matches(std::string_view value) const {
+    if (wildcard_) return wildcard_->matches(value);
+    if (criteria_.exact == 1) return value == criteria_.pattern;
+    const std::size_t pos = text::find(value, criteria_.pattern);
+    if (pos == 0) return false;
+    return criteria_.exactWord != 1 || IsWholeWord(pos, criteria_.pattern, value);
+}
+
+int FindMatch(const DictionaryStore& store, const SearchCriteria& criteria, int field, int start,
+              int end, int step, const SearchProgress& progress) {
+    if (step != 1 && step != -1) throw RunError(InvalidArgument);
+    const SearchMatcher matcher(criteria);
+    std::string value;
+    for (int i = start; step > 0 ? i <= end : i >= end; i += step) {
+        prepareInto(value, store.field(i, field), criteria);
+        if (matcher.matches(value)) return i;
+        if (!criteria.hasWildcards && progress)
+            progress(store.lastIndex > 0
+                         ? static_cast<float>(i) / static_cast<float>(store.lastIndex)
+                         : 0.0f);
+    }
+    return -1;
+}
+
+std::vector<int> FindAll(const DictionaryStore& store, const SearchCriteria& criteria, int field) {
+    std::vector<int> found;
+    const SearchMatcher matcher(criteria);
+    std::string value;
+    for (int i = 0; i <= store.lastIndex; ++i) {
+        prepareInto(value, store.field(i, field), criteria);
+        if (matcher.matches(value)) found.push_back(i);
+    }
+    return found;
+}
+
+int FindWord(App& app, int start, int end, int step, bool reuse) {
+    if (!reuse) {
+        const SearchDialogState& d = app.search;
+        app.searchCriteria = PrepareCriteria(d.txtSearch, d.ChkExact, d.chkExactWord, d.chkCase,
+                                             d.chkIgnoreVariants != 0);
+    }
+    const int found = FindMatch(app.store, app.searchCriteria, app.searchField, start, end, step,
+                                [&app](float f) { app.windows->setProgress(f); });
+    if (found < 0) {
+        app.dialogs.message("Not Found!", "Not Found", Buttons::OK, Icon::Exclamation);
+        return -1;
+    }
+    app.store.currentIndex = found;
+    app.renderWord(app);
+    return found;
+}
+
+void FindCommand(App& app) {
+    // A second Find while the first still waits for the dialog only brings nothing new: the
+    // dialog is already up, and the waiting Find searches once it is left.
+    if (app.search.waiting) return;
+    try {
+        const DictionaryStore& s = app.store;
+        if (s.newWordPending || s.editPending || s.composeAccepted) {
+            const Answer a = app.dialogs.message("Do you want to store this word before searching?",
+                                                 "", Buttons::YesNoCancel, Icon::Question);
+            if (a == Answer::Cancel) return;
+            if (a == Answer::Yes) app.storeWord(app);
+        }
+        app.typewriterTarget = TypewriterTarget::SearchText;
+        if (!app.search.loaded) SearchDialogLoad(app);
+        app.search.visible = true;
+        app.search.waiting = true;
+        struct Done {
+            SearchDialogState& d;
+            ~Done() { d.waiting = false; }
+        } done{app.search};
+        app.windows->showSearchDialogAndWait();
+        if (app.searchAccepted) FindWord(app, 0, app.store.lastIndex, 1, false);
+    } catch (const RunError& e) {
+        reportError(app, e);
+    }
+}
+
+void FindNextCommand(App& app) {
+    try {
+        DictionaryStore& s = app.store;
+        if (s.currentIndex < s.lastIndex)
+            ++s.currentIndex;
+        else
+            app.dialogs.message("No more words to search", "END OF FILE", Buttons::OK,
+                                Icon::Information);
+        FindWord(app, s.currentIndex, s.lastIndex, 1, true);
+    } catch (const RunError& e) {
+        reportError(app, e);
+    }
+}
+
+void FindPreviousCommand(App& app) {
+    try {
+        DictionaryStore& s = app.store;
+        if (s.currentIndex < 1)
+            app.dialogs.message("No more words to search", "END OF FILE", Buttons::OK,
+                                Icon::Information);
+        else
+            --s.currentIndex;
+        FindWord(app, s.currentIndex, 0, -1, true);
+    } catch (const RunError& e) {
+        reportError(app, e);
+    }
+}
+
+} // namespace nebkaro

@@ -1,0 +1,79 @@
+#include "bulk/search_dialog.h"
+
+#include "core/app.h"
+
+#include <algorithm>
+
+namespace nebkaro {
+
+namespace {
+bool isSearchField(int f) {
+    return f == FieldMeaning || f == FieldTranslit || f == FieldGardiner || f == FieldComment;
+}
+} // namespace
+
+void SearchDialogLoad(App& app) {
+    app.search = SearchDialogState{};
+    app.search.loaded = true;
+    app.typewriterTarget = TypewriterTarget::SearchText;
+    app.searchAccepted = false;
+    SearchChooseOption(app, isSearchField(app.searchField) ? app.searchField : FieldMeaning);
+}
+
+void SearchTextFocused(App& app) {
+    app.typewriterTarget = TypewriterTarget::SearchText;
+}
+
+void SearchChooseOption(App& app, int field) {
+    if (!isSearchField(field)) return;
+    SearchDialogState& d = app.search;
+    d.option = field;
+    if (field == FieldTranslit) {
+        d.transliterationFont = true;
+        d.cmdTypewriterEnabled = true;
+        return;
+    }
+    d.transliterationFont = false;
+    d.cmdTypewriterEnabled = false;
+    d.chkIgnoreVariantsEnabled = field == FieldGardiner;
+}
+
+void SearchSetExact(App& app, int value) {
+    app.search.ChkExact = value;
+    if (value == 1) app.search.chkExactWord = 0;
+}
+
+void SearchSetExactWord(App& app, int value) {
+    app.search.chkExactWord = value;
+    if (value == 1) app.search.ChkExact = 0;
+}
+
+bool SearchOk(App& app) {
+    if (app.search.txtSearch.empty()) {
+        app.dialogs.message("You must write something in the search box", "Null String",
+                            Buttons::OK, Icon::Exclamation);
+        return false;
+    }
+    app.searchAccepted = true;
+    if (isSearchField(app.search.option)) app.searchField = app.search.option;
+    app.typewriterTarget = TypewriterTarget::MainTransLit;
+    app.search.visible = false;
+    return true;
+}
+
+void SearchCancel(App& app) {
+    app.searchAccepted = false;
+    const bool waiting = app.search.waiting;
+    app.search = SearchDialogState{};
+    app.search.waiting = waiting;
+}
+
+int SearchDialogWidth(int requested) {
+    return std::max(requested, SearchDialogMinWidth);
+}
+
+int SearchTextWidth(int dialogWidth) {
+    return dialogWidth - 400;
+}
+
+} // namespace nebkaro

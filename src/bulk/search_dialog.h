@@ -1,0 +1,34 @@
+#pragma once
+// The Search dialog's behaviour on its model (App::search): loading, the option buttons and
+// check boxes, OK and Cancel, and its width rule. The Qt window forwards its events here and
+// shows the result.
+namespace nebkaro {
+
+struct App;
+
+// Creating the dialog: fresh entries, the typewriter aimed at txtSearch, searchAccepted false.
+// The option of the field searched last is chosen, with its effects.
+void SearchDialogLoad(App& app);
+// txtSearch took the focus: the typewriter types into it again.
+void SearchTextFocused(App& app);
+// One of the four option buttons, by the field it searches (5, 4, 3 or 6). Meaning and
+// Comment use the dialog's font and disable the typewriter and Ignore Variants; Gardiner's
+// notation does the same and then enables Ignore Variants; Transliteration uses the
+// Transliteration font and enables the typewriter, leaving Ignore Variants as it was.
+void SearchChooseOption(App& app, int field);
+// "Exact match" and "Exact word" exclude each other: checking one clears the other.
+void SearchSetExact(App& app, int value);
+void SearchSetExactWord(App& app, int value);
+// OK: refuses an empty search text with the "Null String" message (false; the dialog stays
+// open); otherwise accepts, records the field, gives the typewriter back to the main window's
+// transliteration box and hides the dialog (true).
+bool SearchOk(App& app);
+// Cancel: not accepted, and the dialog is closed; its entries are gone.
+void SearchCancel(App& app);
+
+constexpr int SearchDialogMinWidth = 4488; // twips
+// The dialog's width after a resize to `requested` twips, and the search box's width in it.
+int SearchDialogWidth(int requested);
+int SearchTextWidth(int dialogWidth);
+
+} // namespace nebkaro

@@ -1,0 +1,127 @@
+#include "bulk/sort.h"
+
+#include "bulk/array_functions.h"
+#include "core/app.h"
+#include "core/errors.h"
+#include "core/text.h"
+
+#include <algorithm>
+#include <chrono>
+#include <numeric>
+
+namespace nebkaro {
+
+std::vector<WordRecord>& WordRows(DictionaryStore& store) {
+    return store.rowsForBulk(store.lastIndex + 1);
+}
+
+void EncodeTransliteration(App& app, int direction) {
+    DictionaryStore& store = app.store;
+    app.sortDialog.sortField = SortByTranslit;
+    const auto column = static_cast<std::size_t>(direction);
+    std::string out;
+    for (int w = 0; w <= store.lastIndex; ++w) {
+        const std::string& in = store.field(w, FieldTranslit);
+        out.clear();
+        for (const char32_t c : text::toU32(in)) {
+            if (c > 255) throw RunError(SubscriptOutOfRange);
+            out += app.lists.Trans2Code[c][column];
+        }
+        store.setField(w, FieldTranslit, out);
+    }
+}
+
+std::vector<int> ToolbarOrder(const std::vector<WordRecord>& rows, int last, int field,
+                              SortOrder order) {
+    std::vector<int> index(static_cast<std::size_t>(std::max(last + 1, 0)));
+    std::iota(index.begin(), index.end(), 0);
+    if (last < 1) return index;
+    const std::vector<std::string> keys = detail::makeKeys(rows, field, last, order.caseSensitive);
+    // The exchange passes swap neighbours j, j+1 only when greater(j, j+1): equal keys never
+    // pass each other, so the result is the stable order in which b precedes a whenever
+    // greater(a, b).
+    auto before = [&](int x, int y) {
+        const std::string& a = keys[static_cast<std::size_t>(x)];
+        const std::string& b = keys[static_cast<std::size_t>(y)];
+        return order.reverse ? a > b : b > a;
+    };
+    std::stable_sort(index.begin(), index.end(), before);
+    return index;
+}
+
+namespace {
+
+// After a failure in the middle of a sort: what the store holds now counts as changed, and the
+// word view shows the word that is really at the current index.
+void afterFailure(App& app) {
+    app.store.isChanged = true;
+    app.renderWord(app);
+}
+
+} // namespace
+
+void ToolbarSort(App& app, int field, SortOrder order) {
+    DictionaryStore& store = app.store;
+    const int chosen = field;
+    try {
+        if (chosen == SortByClassic) {
+            EncodeTransliteration(app, 0);
+            field = SortByTranslit;
+        }
+        const int last = store.lastIndex;
+        // The passes count down from lastIndex to 0 in the counter; the order they produce is
+        // computed at once, so the counter shows the start and the end of the count.
+        if (last >= 0) {
+            app.windows->showCounter(last);
+            app.events.yield();
+        }
+        std::vector<WordRecord>& rows = WordRows(store);
+        const std::vector<int> index = ToolbarOrder(rows, last, field, order);
+        std::vector<WordRecord> sorted(index.size());
+        for (std::size_t k = 0; k < index.size(); ++k)
+            sorted[k] = std::move(rows[static_cast<std::size_t>(index[k])]);
+        std::move(sorted.begin(), sorted.end(), rows.begin());
+        if (last > 0) {
+            app.windows->showCounter(0);
+            app.events.yield();
+        }
+        if (chosen == SortByClassic) EncodeTransliteration(app, 1);
+    } catch (...) {
+        afterFailure(app);
+        throw;
+    }
+    store.isChanged = true;
+    app.renderWord(app);
+}
+
+double MenuSort(App& app, int field, SortOrder order, int algorithm) {
+    DictionaryStore& store = app.store;
+    app.windows->showProgress("Sorting Started");
+    const int chosen = field;
+    try {
+        if (chosen == SortByClassic) {
+            EncodeTransliteration(app, 0);
+            field = SortByTranslit;
+        }
+        app.sortCancelled = false;
+        const auto t0 = std::chrono::steady_clock::now();
+        if (algorithm == 1)
+            ExchangeSort(app, WordRows(store), field, store.lastIndex - 1, order);
+        else
+            CombSort(app, WordRows(store), field, store.lastIndex - 1, order);
+        if (chosen == SortByClassic) EncodeTransliteration(app, 1);
+        store.isChanged = true;
+        store.currentIndex = 0;
+        app.renderWord(app);
+        app.windows->hideProgress();
+        app.sortCancelled = false;
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
+    } catch (...) {
+        afterFailure(app);
+        app.windows->hideProgress();
+        app.sortCancelled = false;
+        throw;
+    }
+}
+
+} // namespace nebkaro

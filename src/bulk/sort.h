@@ -1,0 +1,54 @@
+#pragma once
+// Sorting the dictionary by one field: the tool-bar sort (stable, by plain text order) and the
+// menu sort (comb sort, Gardiner order for the Gardiner notation, cancellable), and the
+// classic transliteration order, reached by encoding the transliterations through the
+// Trans2Code table before sorting and decoding them after.
+#include "bulk/array_functions.h"
+#include "core/dictionary_store.h"
+
+#include <vector>
+
+namespace nebkaro {
+
+struct App;
+
+// The values the Sort dialog gives for the field to sort by.
+enum SortChoice : int {
+    SortByGardiner = 3,
+    SortByTranslit = 4,
+    SortByMeaning = 5,
+    SortByComment = 6,
+    SortByClassic = 9,
+    SortNone = -1,
+};
+
+// The dictionary's words as a table for the array routines: rows 0..lastIndex exist in it
+// (the table may hold rows past lastIndex as well, which no sort touches).
+std::vector<WordRecord>& WordRows(DictionaryStore& store);
+
+// Rebuilds field 4 of words 0..lastIndex character by character through Trans2Code:
+// direction 0 encodes (column 0), 1 decodes (column 1). It leaves sortField at 4. A character
+// above code 255 is SubscriptOutOfRange: the words before it are rebuilt already, that word's
+// field stays as it was.
+void EncodeTransliteration(App& app, int direction);
+
+// The order the tool-bar sort's exchange passes produce on rows 0..last by one field: the
+// stable order of "a > b" (after exchanging a and b for reverse order and upper-casing both
+// when case does not count). Entry k is the old index of the row that goes to k.
+std::vector<int> ToolbarOrder(const std::vector<WordRecord>& rows, int last, int field,
+                              SortOrder order);
+
+// The tool-bar sort without its questions: classic order through the encoding, rows 0..lastIndex
+// put into ToolbarOrder, the counter label counting down to 0, the dictionary marked changed
+// and the word at the unchanged current index shown again.
+void ToolbarSort(App& app, int field, SortOrder order);
+
+// The menu sort without its questions: the progress dialog, the comb sort of rows
+// 0..lastIndex (cancellable; algorithm 1 runs the exchange sort instead, which no command
+// asks for), the current word set to 0 and shown. Returns the seconds the sort
+// took. A failure (a Gardiner notation the order cannot read, a transliteration character the
+// classic table lacks) leaves the rows as they are at that moment, marked changed, with the
+// current word shown again and the progress dialog hidden, and goes to the caller.
+double MenuSort(App& app, int field, SortOrder order, int algorithm = 2);
+
+} // namespace nebkaro

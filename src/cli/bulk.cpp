@@ -1,0 +1,139 @@
+// sort, shuffle, flip and reading-order: the whole-dictionary operations of the Tools menu,
+// without their questions, written to a new file.
+#include "bulk/array_functions.h"
+#include "bulk/bulk_commands.h"
+#include "bulk/reading_order.h"
+#include "bulk/sort.h"
+#include "cli/args.h"
+#include "cli/console.h"
+#include "cli/subcommands.h"
+#include "core/errors.h"
+#include "core/text.h"
+#include "editing/word_editing.h"
+
+#include <map>
+
+namespace fs = std::filesystem;
+
+namespace nebkaro::cli {
+
+namespace {
+
+// Loads FILE with the program's sign list, tables, drawing and Store wired in.
+void prepare(ConsoleApp& c, const std::string& file, bool needLists) {
+    InstallEditing(c.app);
+    if (needLists) {
+        LoadSignList(c.app.lists, c.app.home, c.app.settings.useBasicLibrary);
+        LoadTrans2Code(c.app.lists, c.app.home);
+    }
+    loadDictionary(c, file, false);
+}
+
+template <class T>
+T choice(const std::map<std::string, T>& table, const std::string& option,
+         const std::string& value) {
+    auto it = table.find(value);
+    if (it == table.end()) {
+        std::string names;
+        for (const auto& [k, v] : table) names += (names.empty() ? "" : "|") + k;
+        throw Usage(option + " takes " + names + ", not '" + value + "'");
+    }
+    return it->second;
+}
+
+bool empty(const ConsoleApp& c) {
+    return c.app.store.lastIndex < 0;
+}
+
+} // namespace
+
+int cmdSort(const fs::path& home, const std::vector<std::string>& argv) {
+    Args a(argv, {"-o", "--by", "--method"}, {"--reverse", "--case"});
+    if (a.positional().size() != 1) throw Usage("sort takes FILE --by FIELD -o OUT");
+    const int field = choice<int>({{"meaning", SortByMeaning},
+                                   {"translit", SortByTranslit},
+                                   {"classic", SortByClassic},
+                                   {"gardiner", SortByGardiner},
+                                   {"comment", SortByComment}},
+                                  "--by", a.required("--by"));
+    const bool comb = choice<bool>({{"comb", true}, {"toolbar", false}}, "--method",
+                                   a.value("--method").value_or("comb"));
+    const std::string out = a.required("-o");
+    ConsoleApp c(home);
+    prepare(c, a.positional()[0], field == SortByClassic);
+    const SortOrder order{a.flag("--reverse"), a.flag("--case")};
+    if (!empty(c)) {
+        try {
+            if (comb)
+                MenuSort(c.app, field, order);
+            else
+                ToolbarSort(c.app, field, order);
+        } catch (const GardinerOrderError& e) {
+            throw Failure("the Gardiner notations '" + e.a + "' and '" + e.b +
+                          "' cannot be ordered: " + e.report() + "; nothing written");
+        } catch (const RunError& e) {
+            throw Failure("the sort failed: " + e.report() + "; nothing written");
+        }
+    }
+    writeDictionary(c, out);
+    return 0;
+}
+
+int cmdShuffle(const fs::path& home, const std::vector<std::string>& argv) {
+    Args a(argv, {"-o", "--seed"}, {});
+    if (a.positional().size() != 1) throw Usage("shuffle takes FILE -o OUT");
+    std::optional<std::uint64_t> seed;
+    if (auto s = a.value("--seed")) {
+        try {
+            seed = static_cast<std::uint64_t>(std::stoull(*s));
+        } catch (const std::exception&) {
+            throw Usage("--seed takes a whole number, not '" + *s + "'");
+        }
+    }
+    ConsoleApp c(home);
+    prepare(c, a.positional()[0], false);
+    if (!empty(c)) ShuffleDictionary(c.app, seed);
+    writeDictionary(c, a.required("-o"));
+    return 0;
+}
+
+int cmdFlip(const fs::path& home, const std::vector<std::string>& argv) {
+    Args a(argv, {"-o", "--to"}, {});
+    if (a.positional().size() != 1) throw Usage("flip takes FILE --to left|right|invert -o OUT");
+    const int mode =
+        choice<int>({{"left", 0}, {"right", 1}, {"invert", 2}}, "--to", a.required("--to"));
+    ConsoleApp c(home);
+    prepare(c, a.positional()[0], false);
+    if (!empty(c)) {
+        try {
+            FlipAll(c.app, mode);
+        } catch (const RunError& e) {
+            throw Failure("word " + std::to_string(c.app.store.currentIndex) +
+                          " cannot be flipped: " + e.report() + "; nothing written");
+        }
+    }
+    writeDictionary(c, a.required("-o"));
+    return 0;
+}
+
+int cmdReadingOrder(const fs::path& home, const std::vector<std::string>& argv) {
+    Args a(argv, {"-o", "--overlap"}, {});
+    if (a.positional().size() != 1)
+        throw Usage("reading-order takes FILE [--overlap PERCENT] -o OUT");
+    // The answer is read as the input box reads it: a number as far as it goes.
+    const double percent = text::leadingNumber(a.value("--overlap").value_or("20"));
+    ConsoleApp c(home);
+    prepare(c, a.positional()[0], false);
+    if (!empty(c)) {
+        try {
+            SortGardinerAll(c.app, percent);
+        } catch (const RunError& e) {
+            throw Failure("word " + std::to_string(c.app.store.currentIndex) +
+                          " cannot be put in reading order: " + e.report() + "; nothing written");
+        }
+    }
+    writeDictionary(c, a.required("-o"));
+    return 0;
+}
+
+} // namespace nebkaro::cli

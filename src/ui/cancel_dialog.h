@@ -1,0 +1,30 @@
+#pragma once
+// frmCancelDialog: the progress dialog of the long operations (menu sort, Flip All). It is
+// shown modeless; its Cancel sets App::sortCancelled, which the running loop sees after its
+// next pause, and hides the dialog.
+#include <QDialog>
+
+#include <string>
+
+class QLabel;
+
+namespace nebkaro {
+
+struct App;
+
+class CancelDialog : public QDialog {
+    Q_OBJECT
+public:
+    explicit CancelDialog(App& app, QWidget* parent = nullptr);
+
+    // Windows::showProgress and hideProgress of the program call these.
+    void showWith(const std::string& text);
+
+    void reject() override; // Cancel, Escape and the window's close button
+
+private:
+    App& app_;
+    QLabel* process_ = nullptr;
+};
+
+} // namespace nebkaro

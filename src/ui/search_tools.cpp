@@ -1,0 +1,123 @@
+// The logic's headers come before any Qt header: Qt's "slots" keyword would clash with
+// GlyphTable::slots.
+#include "core/app.h"
+#include "core/errors.h"
+#include "translit/trans_table.h"
+#include "translit/typewriter.h"
+
+#include "ui/search_tools.h"
+
+#include "ui/search_dialog.h"
+#include "ui/trans_table_window.h"
+#include "ui/typewriter_window.h"
+
+#include <QEventLoop>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QScreen>
+#include <QWidget>
+
+namespace nebkaro {
+
+namespace {
+constexpr int TwipsPerPixel = 15;
+
+QRect screenOf(const QWidget* w) {
+    const QScreen* s = w->screen() ? w->screen() : QGuiApplication::primaryScreen();
+    return s ? s->geometry() : QRect(0, 0, 1920, 1080);
+}
+} // namespace
+
+SearchTools::SearchTools(App& app, QWidget* mainWindow)
+    : QObject(mainWindow), app_(app), main_(mainWindow) {}
+
+SearchTools::~SearchTools() = default;
+
+SearchDialog* SearchTools::searchDialog() const {
+    return search_;
+}
+TypewriterWindow* SearchTools::typewriter() const {
+    return typewriter_;
+}
+TransTableWindow* SearchTools::transTable() const {
+    return table_;
+}
+
+SearchDialog* SearchTools::ensureSearchDialog() {
+    if (!search_) {
+        search_ = new SearchDialog(app_, main_);
+        connect(search_, &SearchDialog::typewriterRequested, this,
+                [this] { showTypewriterBeside(search_); });
+    }
+    return search_;
+}
+
+void SearchTools::showSearchDialogAndWait() {
+    SearchDialog* d = ensureSearchDialog();
+    d->refresh();
+    d->show();
+    d->raise();
+    d->activateWindow();
+    if (auto* box = d->findChild<QLineEdit*>(QStringLiteral("txtSearch"))) box->setFocus();
+    if (!app_.search.visible) return;
+    QEventLoop loop;
+    connect(d, &SearchDialog::left, &loop, &QEventLoop::quit);
+    connect(d, &QObject::destroyed, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+void SearchTools::typewriterTextChanged(TypewriterTarget target) {
+    if (target == TypewriterTarget::SearchText && search_) search_->refresh();
+}
+
+TypewriterWindow* SearchTools::ensureTypewriter() {
+    if (!typewriter_) {
+        typewriter_ = new TypewriterWindow(app_, main_);
+        connect(typewriter_, &TypewriterWindow::typed, this, [this](TypewriterTarget t) {
+            typewriterTextChanged(t);
+            Q_EMIT typed(t);
+        });
+    }
+    return typewriter_;
+}
+
+void SearchTools::showTypewriterBesideMain() {
+    TypewriterWindow* t = ensureTypewriter();
+    const bool first = !t->isVisible();
+    t->show();
+    t->raise();
+    const QRect m = main_->frameGeometry();
+    if (first) t->move(t->frameGeometry().x(), m.y());
+    try {
+        const int left = TypewriterLeftBesideMain(m.x() * TwipsPerPixel, m.width() * TwipsPerPixel,
+                                                  t->frameGeometry().width() * TwipsPerPixel);
+        t->move(left / TwipsPerPixel, t->frameGeometry().y());
+    } catch (const RunError& e) {
+        app_.dialogs.message(e.report(), "", Buttons::OK, Icon::Critical);
+    }
+}
+
+void SearchTools::showTypewriterBeside(QWidget* caller) {
+    if (!caller) return;
+    TypewriterWindow* t = ensureTypewriter();
+    t->show();
+    t->raise();
+    const QRect c = caller->frameGeometry();
+    const QRect screen = screenOf(caller);
+    const int left = TypewriterLeftBeside(c.x() * TwipsPerPixel, c.width() * TwipsPerPixel,
+                                          t->frameGeometry().width() * TwipsPerPixel,
+                                          (screen.x() + screen.width()) * TwipsPerPixel);
+    t->move(left / TwipsPerPixel, c.y());
+}
+
+void SearchTools::showTransTable() {
+    if (!table_) table_ = new TransTableWindow(main_);
+    table_->show();
+    table_->raise();
+    const QRect m = main_->frameGeometry();
+    const int top = TransTableTop(m.y() * TwipsPerPixel, m.height() * TwipsPerPixel,
+                                  table_->frameGeometry().height() * TwipsPerPixel);
+    table_->move(m.x(), top / TwipsPerPixel);
+}
+
+} // namespace nebkaro

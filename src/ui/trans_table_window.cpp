@@ -1,0 +1,72 @@
+// The logic's headers come before any Qt header: Qt's "slots" keyword would clash with
+// GlyphTable::slots.
+#include "translit/trans_table.h"
+
+#include "ui/trans_table_window.h"
+
+#include "ui/letter_column.h"
+
+#include <QAction>
+#include <QGridLayout>
+#include <QLabel>
+#include <QMenuBar>
+
+namespace nebkaro {
+
+TransTableWindow::TransTableWindow(QWidget* parent) : QWidget(parent, Qt::Tool) {
+    setObjectName(QStringLiteral("frmTransTable"));
+    setAttribute(Qt::WA_DeleteOnClose);
+
+    auto* bar = new QMenuBar(this);
+    QMenu* order = bar->addMenu(QStringLiteral("&Order"));
+    order->setObjectName(QStringLiteral("mnuOrder"));
+    mnuEgypt_ = order->addAction(QStringLiteral("&Egyptological"));
+    mnuEgypt_->setObjectName(QStringLiteral("mnuEgypt"));
+    mnuLatin_ = order->addAction(QStringLiteral("&Alphabetical"));
+    mnuLatin_->setObjectName(QStringLiteral("mnuLatin"));
+    for (QAction* a : {mnuEgypt_, mnuLatin_}) a->setCheckable(true);
+    connect(mnuEgypt_, &QAction::triggered, this, [this] {
+        TransTableEgyptological(state_);
+        refresh();
+    });
+    connect(mnuLatin_, &QAction::triggered, this, [this] {
+        TransTableAlphabetical(state_);
+        refresh();
+    });
+
+    auto* Label3 = new QLabel(QStringLiteral("Transliteration"), this);
+    Label3->setObjectName(QStringLiteral("Label3"));
+    auto* Label4 = new QLabel(QStringLiteral("MdC equivalent"), this);
+    Label4->setObjectName(QStringLiteral("Label4"));
+    Label2_ = new LetterColumn(this);
+    Label2_->setObjectName(QStringLiteral("Label2"));
+    Label2_->setFont(LetterColumn::transliterationFont(16));
+    Label1_ = new LetterColumn(this);
+    Label1_->setObjectName(QStringLiteral("Label1"));
+    QFont cambria(QStringLiteral("Cambria"));
+    cambria.setPointSize(14);
+    Label1_->setFont(cambria);
+
+    auto* grid = new QGridLayout(this);
+    grid->setMenuBar(bar);
+    grid->addWidget(Label3, 0, 0, Qt::AlignHCenter);
+    grid->addWidget(Label4, 0, 1, Qt::AlignHCenter);
+    grid->addWidget(Label2_, 1, 0);
+    grid->addWidget(Label1_, 1, 1);
+
+    refresh();
+}
+
+void TransTableWindow::refresh() {
+    Label1_->setText(QString::fromStdString(state_.Label1));
+    Label2_->setText(QString::fromStdString(state_.Label2));
+    // One cell height for both columns, so each scholarly letter stands beside its plain one.
+    const int cell = std::max(Label1_->naturalCellHeight(), Label2_->naturalCellHeight());
+    Label1_->setCellHeight(cell);
+    Label2_->setCellHeight(cell);
+    mnuEgypt_->setChecked(state_.mnuEgyptChecked);
+    mnuLatin_->setChecked(state_.mnuLatinChecked);
+    setWindowTitle(QString::fromStdString(state_.caption));
+}
+
+} // namespace nebkaro

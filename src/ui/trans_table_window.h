@@ -1,0 +1,30 @@
+#pragma once
+// frmTransTable: each transliteration letter in the Transliteration font above its plain
+// letter, in the Egyptological or the alphabetical order.
+#include "translit/trans_table.h"
+
+#include <QWidget>
+
+class QAction;
+
+namespace nebkaro {
+
+class LetterColumn;
+
+class TransTableWindow : public QWidget {
+    Q_OBJECT
+public:
+    explicit TransTableWindow(QWidget* parent = nullptr);
+    const TransTableState& state() const { return state_; }
+
+private:
+    void refresh();
+
+    TransTableState state_;
+    LetterColumn* Label1_ = nullptr;
+    LetterColumn* Label2_ = nullptr;
+    QAction* mnuEgypt_ = nullptr;
+    QAction* mnuLatin_ = nullptr;
+};
+
+} // namespace nebkaro

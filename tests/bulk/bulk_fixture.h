@@ -1,0 +1,83 @@
+#pragma once
+// An App over the scripted fakes, wired to the real word renderer and Store, with a window stand-in
+// that records the sort dialog, the progress dialog and the counter label.
+#include "bulk/sort_dialog_model.h"
+#include "core/app.h"
+#include "display/render.h"
+#include "editing/word_editing.h"
+#include "fakes.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace nebkaro::testing {
+
+struct RecordingWindows : Windows {
+    // What the user does in the Sort dialog; unset means the dialog is cancelled.
+    std::function<void()> onSortDialog;
+    int sortDialogShown = 0;
+    std::vector<std::string> progress; // "show:<text>" and "hide", in order
+    std::vector<int> counter;
+    void showSortDialog() override {
+        ++sortDialogShown;
+        if (onSortDialog) onSortDialog();
+    }
+    void showProgress(const std::string& text) override { progress.push_back("show:" + text); }
+    void hideProgress() override { progress.push_back("hide"); }
+    void showCounter(int n) override { counter.push_back(n); }
+};
+
+struct BulkApp {
+    ScriptedDialogs dialogs;
+    MemoryClipboard clipboard;
+    CountingEvents events;
+    FakeSignPictures pictures;
+    MemoryFileWriter files;
+    App app{dialogs, clipboard, events, pictures, files};
+    RecordingWindows windows;
+    int stores = 0;
+
+    BulkApp() {
+        app.windows = &windows;
+        app.renderWord = [](App& a) { RenderWord(a); };
+        app.storeWord = [this](App& a) {
+            ++stores;
+            Store(a);
+        };
+        app.store.dictionaryPath = "/dictionaries/Words.nkd";
+    }
+
+    void setWords(const std::vector<WordRecord>& words) {
+        for (std::size_t i = 0; i < words.size(); ++i)
+            app.store.setRow(static_cast<int>(i), words[i]);
+        app.store.lastIndex = static_cast<int>(words.size()) - 1;
+    }
+    // Words that differ only in one field.
+    void setField(int field, const std::vector<std::string>& values) {
+        std::vector<WordRecord> words;
+        for (const auto& v : values) {
+            WordRecord r{"L", "B", "", "G", "t", "m", "c"};
+            r[static_cast<std::size_t>(field)] = v;
+            words.push_back(r);
+        }
+        setWords(words);
+    }
+    std::vector<std::string> column(int field) const {
+        std::vector<std::string> out;
+        for (int w = 0; w <= app.store.lastIndex; ++w) out.push_back(app.store.field(w, field));
+        return out;
+    }
+
+    // The user picks an option (its sortField value) and check boxes, then OK.
+    void choose(int option, bool reverse = false, bool caseSensitive = false) {
+        windows.onSortDialog = [this, option, reverse, caseSensitive] {
+            app.sortDialog.option = option;
+            app.sortDialog.reverse = reverse;
+            app.sortDialog.caseSensitive = caseSensitive;
+            SortDialogOk(app);
+        };
+    }
+};
+
+} // namespace nebkaro::testing

@@ -1,0 +1,364 @@
+#include "bulk/bulk_commands.h"
+#include "bulk/sort.h"
+#include "bulk_fixture.h"
+#include "core/errors.h"
+#include "core/text.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+using namespace nebkaro;
+using namespace nebkaro::testing;
+
+namespace {
+
+using Strings = std::vector<std::string>;
+
+const std::string ClassicLetters = "AiyawbpfmnrhHxXzsSqkgtTdD";
+
+// A classic-order table: the k-th letter of the classic order and the character 33 + k trade
+// places, so the encoded words sort by character code in the classic order and decoding is
+// the same exchange.
+void loadClassicTable(App& app) {
+    auto& t = app.lists.Trans2Code;
+    for (int c = 31; c < 256; ++c) {
+        std::string s;
+        text::appendUtf8(s, static_cast<char32_t>(c));
+        t[c] = {s, s};
+    }
+    for (std::size_t k = 0; k < ClassicLetters.size(); ++k) {
+        const auto letter = static_cast<unsigned char>(ClassicLetters[k]);
+        const auto mark = static_cast<unsigned char>(33 + k);
+        t[letter] = {std::string(1, static_cast<char>(mark)),
+                     std::string(1, static_cast<char>(mark))};
+        t[mark] = {std::string(1, static_cast<char>(letter)),
+                   std::string(1, static_cast<char>(letter))};
+    }
+}
+
+// The tool-bar sort as written: lastIndex + 1 passes of neighbour exchanges.
+void literalToolbarSort(std::vector<WordRecord>& rows, int last, int field, SortOrder order) {
+    for (int pass = 0; pass <= last; ++pass)
+        for (int j = 0; j <= last - 1; ++j) {
+            std::string a = rows[j][field], b = rows[j + 1][field];
+            if (order.reverse) std::swap(a, b);
+            if (!order.caseSensitive) {
+                a = text::upper(a);
+                b = text::upper(b);
+            }
+            if (a > b) std::swap(rows[j], rows[j + 1]);
+        }
+}
+
+enum class Which { Toolbar, Menu };
+
+void runSort(BulkApp& t, Which which, int field, bool reverse = false, bool cs = true) {
+    t.choose(field, reverse, cs);
+    if (t.app.store.isChanged) t.dialogs.answers.push_back(Answer::No); // save first?
+    if (which == Which::Menu) t.dialogs.answers.push_back(Answer::Yes); // proceed
+    if (which == Which::Toolbar)
+        SortCommand(t.app);
+    else
+        MenuSortCommand(t.app);
+}
+
+} // namespace
+
+TEST(Sort, ToolbarOrderIsTheOrderOfTheExchangePasses) {
+    const Strings pool = {"",   "a",  "A", "b", "B", "ab",  "Ab",
+                          "aB", "ba", "é", "É", "z", "A10", "A2"};
+    std::mt19937 rng(11);
+    for (int round = 0; round < 500; ++round) {
+        const int n = static_cast<int>(rng() % 12);
+        std::vector<WordRecord> rows;
+        for (int i = 0; i < n; ++i)
+            rows.push_back({"L", "B", "", pool[rng() % pool.size()], pool[rng() % pool.size()],
+                            pool[rng() % pool.size()], std::to_string(i)});
+        const int field = 3 + static_cast<int>(rng() % 3);
+        const SortOrder order{rng() % 2 == 1, rng() % 2 == 1};
+        std::vector<WordRecord> expected = rows;
+        literalToolbarSort(expected, n - 1, field, order);
+
+        BulkApp t;
+        t.setWords(rows);
+        ToolbarSort(t.app, field, order);
+        for (int i = 0; i < n; ++i) ASSERT_EQ(t.app.store.row(i), expected[i]) << "round " << round;
+        if (n > 1) {
+            EXPECT_EQ(t.windows.counter.back(), 0);
+        }
+    }
+}
+
+TEST(Sort, BothSortsOrderByTheChosenFieldAndDirection) {
+    struct Case {
+        Which which;
+        int field;
+        bool reverse;
+        bool caseSensitive;
+        Strings in, out;
+    } cases[] = {
+        // The tool bar compares Gardiner notations as text, the menu in Gardiner order.
+        {Which::Toolbar, 3, false, true, {"A2", "A10", "A1"}, {"A1", "A10", "A2"}},
+        {Which::Menu, 3, false, true, {"A2", "A10", "A1"}, {"A1", "A2", "A10"}},
+        {Which::Toolbar, 3, true, true, {"A2", "A10", "A1"}, {"A2", "A10", "A1"}},
+        {Which::Menu, 3, true, true, {"A2", "A10", "A1"}, {"A10", "A2", "A1"}},
+        {Which::Toolbar, 5, true, true, {"b", "c", "a"}, {"c", "b", "a"}},
+        {Which::Menu, 5, true, true, {"b", "c", "a"}, {"c", "b", "a"}},
+        {Which::Toolbar, 6, false, true, {"b", "a", "B", "A"}, {"A", "B", "a", "b"}},
+        {Which::Menu, 6, false, true, {"b", "a", "B", "A"}, {"A", "B", "a", "b"}},
+        // Without case sensitivity 'a' and 'A' are equal: the tool-bar sort keeps their order.
+        {Which::Toolbar, 5, false, false, {"b", "a", "B", "A"}, {"a", "A", "b", "B"}},
+        {Which::Toolbar, 4, true, false, {"b", "a", "B", "A"}, {"b", "B", "a", "A"}},
+    };
+    for (const auto& c : cases) {
+        BulkApp t;
+        t.setField(c.field, c.in);
+        runSort(t, c.which, c.field, c.reverse, c.caseSensitive);
+        EXPECT_EQ(t.column(c.field), c.out) << (c.which == Which::Menu ? "menu " : "tool bar ")
+                                            << c.field << (c.reverse ? " reverse" : "");
+        EXPECT_TRUE(t.app.store.isChanged);
+    }
+}
+
+TEST(Sort, TheExchangeSortAlternativeComparesPlainText) {
+    BulkApp t;
+    t.setField(3, {"A2", "b", "A10", "A1"});
+    MenuSort(t.app, 3, {false, true}, 1);
+    EXPECT_EQ(t.column(3), (Strings{"A1", "A10", "A2", "b"}));
+    EXPECT_EQ(t.windows.counter.front(), 2);
+}
+
+TEST(Sort, MenuSortWithoutCaseFoldsBothCases) {
+    BulkApp t;
+    t.setField(5, {"b", "A", "c", "a", "B"});
+    runSort(t, Which::Menu, 5, false, false);
+    Strings folded;
+    for (const auto& s : t.column(5)) folded.push_back(text::upper(s));
+    EXPECT_EQ(folded, (Strings{"A", "A", "B", "B", "C"}));
+}
+
+TEST(Sort, SmallDictionariesMoveOnlyTheirOwnWords) {
+    // A row past lastIndex (left by a delete) that would sort first must stay where it is.
+    for (Which which : {Which::Toolbar, Which::Menu})
+        for (const Strings& words : {Strings{"b"}, Strings{"b", "a"}}) {
+            BulkApp t;
+            t.setField(5, words);
+            t.app.store.setRow(static_cast<int>(words.size()), {"L", "B", "", "", "", "0", ""});
+            runSort(t, which, 5);
+            Strings sorted = words;
+            std::sort(sorted.begin(), sorted.end());
+            EXPECT_EQ(t.column(5), sorted);
+            EXPECT_EQ(t.app.store.field(static_cast<int>(words.size()), 5), "0");
+            EXPECT_EQ(t.app.store.lastIndex, static_cast<int>(words.size()) - 1);
+            if (words.size() == 1) {
+                if (which == Which::Menu) {
+                    EXPECT_EQ(t.events.yields, 1);
+                } else {
+                    EXPECT_EQ(t.windows.counter, (std::vector<int>{0}));
+                }
+            }
+        }
+}
+
+TEST(Sort, ClassicOrderFollowsTheTableAndGivesTheWordsBack) {
+    const Strings classic = {"Abw", "iAw", "iwn", "anx", "wab",  "bA",  "pr",   "fnD", "mAat",
+                             "nfr", "rn",  "hAb", "Htp", "xpr",  "Xrt", "zA",   "sDm", "Sms",
+                             "qd",  "kA",  "gm",  "tA",  "TAty", "dwA", "DHwty"};
+    for (Which which : {Which::Toolbar, Which::Menu})
+        for (bool cs : {true, false}) {
+            Strings shuffled = classic;
+            std::shuffle(shuffled.begin(), shuffled.end(), std::mt19937(5));
+            BulkApp t;
+            loadClassicTable(t.app);
+            t.setField(4, shuffled);
+            runSort(t, which, SortByClassic, false, cs);
+            EXPECT_EQ(t.column(4), classic);
+            runSort(t, which, SortByClassic, true, cs);
+            EXPECT_EQ(t.column(4), Strings(classic.rbegin(), classic.rend()));
+        }
+    // The mdc order of the same words is the plain character order.
+    BulkApp t;
+    t.setField(4, classic);
+    runSort(t, Which::Menu, SortByTranslit);
+    Strings plain = classic;
+    std::sort(plain.begin(), plain.end());
+    EXPECT_EQ(t.column(4), plain);
+}
+
+TEST(Sort, ACharacterBeyondTheClassicTableIsReportedAndLeavesTheWordsEncodedSoFar) {
+    for (Which which : {Which::Toolbar, Which::Menu}) {
+        BulkApp t;
+        loadClassicTable(t.app);
+        t.setField(4, {"nfr", "Hꜣt", "anx"});
+        runSort(t, which, SortByClassic);
+        ASSERT_FALSE(t.dialogs.prompts.empty());
+        const Prompt& p = t.dialogs.prompts.back();
+        EXPECT_EQ(p.text, "9  Subscript out of range");
+        EXPECT_EQ(p.icon, Icon::Critical);
+        EXPECT_EQ(t.column(4), (Strings{"*(+", "Hꜣt", "anx"}));
+        EXPECT_TRUE(t.app.store.isChanged);
+    }
+}
+
+TEST(Sort, GardinerFailureInTheMenuSortIsReportedWithThePartlySortedStore) {
+    BulkApp t;
+    t.setField(3, {"B1", "A1", "A1-G17", "A1"});
+    t.app.store.currentIndex = 2;
+    runSort(t, Which::Menu, 3);
+    const Prompt& p = t.dialogs.prompts.back();
+    EXPECT_EQ(p.text, "9  Subscript out of range");
+    EXPECT_EQ(p.icon, Icon::Critical);
+    EXPECT_EQ(t.column(3), (Strings{"A1-G17", "A1", "B1", "A1"}));
+    EXPECT_TRUE(t.app.store.isChanged);
+    EXPECT_EQ(t.windows.progress, (Strings{"show:Sorting Started", "hide"}));
+    // The view shows what is now at the current index.
+    EXPECT_EQ(t.app.view.GardinerTxt, "B1");
+    EXPECT_FALSE(t.app.sortCancelled);
+}
+
+TEST(Sort, ToolbarSortAsksToSaveUpToTwiceWithoutIconOrTitle) {
+    struct Case {
+        bool editPending, changed;
+        std::vector<Answer> answers;
+        int questions;
+        bool sorted, saved;
+    } cases[] = {
+        {false, false, {}, 0, true, false},
+        {true, false, {Answer::Cancel}, 1, false, false},
+        {true, true, {Answer::No, Answer::Cancel}, 2, false, false},
+        {true, true, {Answer::No, Answer::No}, 2, true, false},
+        {true, true, {Answer::Yes}, 1, true, true}, // the save clears the changed flag
+        {false, true, {Answer::Yes}, 1, true, true},
+    };
+    for (const auto& c : cases) {
+        BulkApp t;
+        t.setField(5, {"b", "a"});
+        t.app.store.editPending = c.editPending;
+        t.app.store.isChanged = c.changed;
+        t.app.store.currentIndex = 1;
+        RenderWord(t.app);
+        for (Answer a : c.answers) t.dialogs.answers.push_back(a);
+        t.choose(5);
+        SortCommand(t.app);
+        int questions = 0;
+        for (const auto& p : t.dialogs.prompts)
+            if (p.text == "Do you want to save before sorting?") {
+                ++questions;
+                EXPECT_EQ(p.buttons, Buttons::YesNoCancel);
+                EXPECT_EQ(p.icon, Icon::None);
+                EXPECT_EQ(p.title, "");
+            }
+        EXPECT_EQ(questions, c.questions);
+        EXPECT_EQ(t.column(5) == (Strings{"a", "b"}), c.sorted);
+        EXPECT_EQ(t.files.written.count("/dictionaries/Words.nkd"), c.saved ? 1u : 0u);
+        if (c.sorted) {
+            const Prompt& done = t.dialogs.prompts.back();
+            EXPECT_EQ(done.text, "Done!");
+            EXPECT_EQ(done.title, "DONE");
+            EXPECT_EQ(done.icon, Icon::Information);
+            EXPECT_EQ(t.app.store.currentIndex, 1); // the tool-bar sort keeps the index
+            EXPECT_EQ(t.app.view.MeaningTxt, "b");
+            EXPECT_TRUE(t.app.store.isChanged);
+        }
+    }
+}
+
+TEST(Sort, MenuSortAsksSavesConfirmsAndReportsTheTime) {
+    BulkApp t;
+    t.setField(5, {"c", "a", "b"});
+    t.app.store.currentIndex = 2;
+    RenderWord(t.app);
+    t.app.store.composeAccepted = true;
+    t.dialogs.answers = {Answer::Yes, Answer::Yes};
+    t.choose(5);
+    MenuSortCommand(t.app);
+    const auto& p = t.dialogs.prompts;
+    ASSERT_EQ(p.size(), 3u);
+    EXPECT_EQ(p[0].text, "Do you want to save before sorting?");
+    EXPECT_EQ(p[0].icon, Icon::Question);
+    EXPECT_EQ(p[0].buttons, Buttons::YesNoCancel);
+    EXPECT_EQ(p[1].text, "Do you want to proceed?\r\nAction cannot be undone!");
+    EXPECT_EQ(p[1].buttons, Buttons::YesNo);
+    EXPECT_EQ(p[1].icon, Icon::Exclamation);
+    EXPECT_EQ(p[1].title, "");
+    EXPECT_EQ(p[2].text.rfind("Done in ", 0), 0u);
+    EXPECT_EQ(p[2].text.substr(p[2].text.size() - 2), " s");
+    EXPECT_EQ(p[2].title, "DONE");
+    EXPECT_EQ(p[2].icon, Icon::Information);
+    EXPECT_EQ(t.files.written.size(), 1u);
+    EXPECT_FALSE(t.app.store.composeAccepted);
+    EXPECT_EQ(t.column(5), (Strings{"a", "b", "c"}));
+    EXPECT_EQ(t.app.store.currentIndex, 0);
+    EXPECT_EQ(t.app.view.MeaningTxt, "a");
+    EXPECT_TRUE(t.app.store.isChanged);
+    EXPECT_EQ(t.windows.progress, (Strings{"show:Sorting Started", "hide"}));
+}
+
+TEST(Sort, MenuSortEndsQuietlyOnNoCancelOrACancelledDialog) {
+    struct Case {
+        bool changed;
+        std::vector<Answer> answers;
+        bool dialogOk;
+    } cases[] = {
+        {true, {Answer::Cancel}, true}, // save question
+        {false, {Answer::No}, true},    // proceed question
+        {false, {}, false},             // Sort dialog cancelled
+    };
+    for (const auto& c : cases) {
+        BulkApp t;
+        t.setField(5, {"b", "a"});
+        t.app.store.isChanged = c.changed;
+        t.dialogs.answers.assign(c.answers.begin(), c.answers.end());
+        if (c.dialogOk) t.choose(5);
+        MenuSortCommand(t.app);
+        EXPECT_EQ(t.column(5), (Strings{"b", "a"}));
+        EXPECT_TRUE(t.windows.progress.empty());
+        EXPECT_EQ(t.app.store.isChanged, c.changed);
+    }
+}
+
+TEST(Sort, CancelledMenuSortStillDecodesAndReports) {
+    BulkApp t;
+    loadClassicTable(t.app);
+    Strings words;
+    for (int i = 0; i < 60; ++i)
+        words.push_back(std::string(1, ClassicLetters[(i * 7) % 25]) + "nx");
+    t.setField(4, words);
+    t.events.onYield = [&] { t.app.sortCancelled = true; };
+    runSort(t, Which::Menu, SortByClassic);
+    EXPECT_EQ(t.events.yields, 1);
+    Strings now = t.column(4);
+    std::sort(now.begin(), now.end());
+    std::sort(words.begin(), words.end());
+    EXPECT_EQ(now, words); // decoded again: the same words, partly sorted
+    EXPECT_EQ(t.dialogs.prompts.back().text.rfind("Done in ", 0), 0u);
+    EXPECT_FALSE(t.app.sortCancelled);
+}
+
+TEST(Sort, SortDialogKeepsItsChoicesAndGivesMinusOneOnCancel) {
+    BulkApp t;
+    EXPECT_EQ(ShowSortDialog(t.app), -1); // loaded, nothing chosen
+    t.app.sortDialog.option = 9;
+    t.app.sortDialog.reverse = true;
+    t.windows.onSortDialog = [&] { SortDialogOk(t.app); };
+    EXPECT_EQ(ShowSortDialog(t.app), 9);
+    t.windows.onSortDialog = [&] { SortDialogCancel(t.app); };
+    EXPECT_EQ(ShowSortDialog(t.app), -1);
+    EXPECT_EQ(t.app.sortDialog.option, 9);
+    EXPECT_TRUE(t.app.sortDialog.reverse);
+    t.app.sortDialog.option = -1;
+    t.windows.onSortDialog = [&] { SortDialogOk(t.app); };
+    EXPECT_EQ(ShowSortDialog(t.app), -1);
+}
+
+TEST(Sort, NumbersAreFormattedAsTheMessagesShowThem) {
+    const std::pair<double, const char*> seconds[] = {{0.0, "0"},        {0.1234, "0.123"},
+                                                      {1.5, "1.5"},      {2.0, "2"},
+                                                      {0.0005, "0.001"}, {12.3456, "12.346"}};
+    for (auto [v, s] : seconds) EXPECT_EQ(FormatSeconds(v), s) << v;
+    const std::pair<long long, const char*> counts[] = {
+        {0, ""}, {1, "1"}, {999, "999"}, {1000, "1,000"}, {12345, "12,345"}, {100001, "100,001"}};
+    for (auto [n, s] : counts) EXPECT_EQ(FormatThousands(n), s) << n;
+}

@@ -1,0 +1,108 @@
+#include "fakes.h"
+#include "translit/guess.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+using namespace nebkaro;
+using namespace nebkaro::testing;
+
+namespace {
+
+struct GuessTest : ::testing::Test {
+    TestApp t;
+    int viewChanged = 0;
+    struct Counting : Windows {
+        int* n;
+        explicit Counting(int* c) : n(c) {}
+        void wordViewChanged() override { ++*n; }
+    } windows{&viewChanged};
+
+    GuessTest() {
+        t.app.windows = &windows;
+        phonetic({{"N35", "n"},
+                  {"I9", "f"},
+                  {"G17", "m"},
+                  {"Y5", "mn"},
+                  {"V30", "nb"},
+                  {"D58", "b"},
+                  {"A1", "i"},
+                  {"A1", "s"},
+                  {"Z1", ""}});
+    }
+    void phonetic(const std::vector<std::pair<std::string, std::string>>& rows) {
+        for (std::size_t k = 0; k < rows.size(); ++k)
+            t.app.lists.Phonetic[k] = {rows[k].first, rows[k].second};
+        t.app.lists.phoneticLast = static_cast<int>(rows.size()) - 1;
+    }
+    // Codes by slot; an empty code is an empty slot.
+    void glyphs(const std::vector<std::string>& codes) {
+        t.app.glyphs.clear();
+        for (std::size_t g = 0; g < codes.size(); ++g)
+            if (!codes[g].empty()) t.app.glyphs[static_cast<int>(g)].code = codes[g];
+    }
+    std::string guess(const std::vector<std::string>& codes) {
+        glyphs(codes);
+        return GuessTransliteration(t.app.glyphs, t.app.lists);
+    }
+};
+
+} // namespace
+
+TEST_F(GuessTest, ValuesInSlotOrderWithTheSubstringRule) {
+    struct Row {
+        std::vector<std::string> codes;
+        const char* expected;
+    };
+    for (const Row& r : std::vector<Row>{
+             {{"N35", "I9", "N35"}, "nf"}, // a repeated value is dropped
+             {{"G17", "Y5"}, "mmn"},       // 'mn' does not occur in 'm'
+             {{"Y5", "G17"}, "mn"},        // 'm' occurs in 'mn'
+             {{"N35", "V30"}, "nnb"},
+             {{"V30", "N35", "D58"}, "nb"},     // contained in the text so far
+             {{"A1"}, "i"},                     // the first row of a code wins
+             {{"", "N35", "", "", "I9"}, "nf"}, // empty slots do not end the word
+             {{"X99", "N35", "n35"}, "n"},      // unknown codes (exact case) add nothing
+             {{"Z1", "N35"}, "n"},
+             {{}, ""},
+         }) {
+        std::string codes;
+        for (const auto& c : r.codes) codes += c + ",";
+        EXPECT_EQ(guess(r.codes), r.expected) << codes;
+    }
+}
+
+TEST_F(GuessTest, ALastSlotCounts) {
+    t.app.glyphs.clear();
+    t.app.glyphs[20].code = "I9";
+    EXPECT_EQ(GuessTransliteration(t.app.glyphs, t.app.lists), "f");
+}
+
+TEST_F(GuessTest, TheGuessReplacesTheBoxAndCountsAsAnEdit) {
+    t.app.view.TransLitTxt = "old";
+    glyphs({"N35", "I9"});
+    TransGuess(t.app);
+    EXPECT_EQ(t.app.view.TransLitTxt, "nf");
+    EXPECT_TRUE(t.app.view.textChanged);
+    EXPECT_TRUE(t.app.store.editPending);
+    EXPECT_EQ(viewChanged, 1);
+    EXPECT_TRUE(t.dialogs.prompts.empty()); // replaced without a question
+}
+
+TEST_F(GuessTest, NothingToGuessIntoAnEmptyBoxChangesNothing) {
+    t.app.view.TransLitTxt = "";
+    glyphs({"X99"});
+    TransGuess(t.app);
+    EXPECT_EQ(t.app.view.TransLitTxt, "");
+    EXPECT_FALSE(t.app.view.textChanged);
+    EXPECT_FALSE(t.app.store.editPending);
+    // A box that held text is emptied: that is a change.
+    t.app.view.TransLitTxt = "x";
+    TransGuess(t.app);
+    EXPECT_EQ(t.app.view.TransLitTxt, "");
+    EXPECT_TRUE(t.app.view.textChanged);
+    EXPECT_TRUE(t.app.store.editPending);
+}

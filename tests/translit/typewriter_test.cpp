@@ -1,0 +1,214 @@
+#include "bulk/search_dialog.h"
+#include "core/errors.h"
+#include "fakes.h"
+#include "translit/trans_table.h"
+#include "translit/typewriter.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+using namespace nebkaro;
+using namespace nebkaro::testing;
+
+namespace {
+
+// The browser and the composer hand over their boxes through the windows port.
+struct BoxWindows : Windows {
+    std::map<TypewriterTarget, std::string> boxes;
+    std::vector<TypewriterTarget> changed;
+    int viewChanged = 0;
+    std::string* typewriterText(TypewriterTarget t) override {
+        auto it = boxes.find(t);
+        return it == boxes.end() ? nullptr : &it->second;
+    }
+    void typewriterTextChanged(TypewriterTarget t) override { changed.push_back(t); }
+    void wordViewChanged() override { ++viewChanged; }
+};
+
+struct TypewriterTest : ::testing::Test {
+    TestApp t;
+    BoxWindows windows;
+    TypewriterTest() { t.app.windows = &windows; }
+};
+
+std::string joined(const std::vector<std::string>& keys) {
+    std::string s;
+    for (const auto& k : keys) s += k + " ";
+    return s;
+}
+
+} // namespace
+
+TEST(TypewriterKeys, FortyTwoKeysInEitherOrder) {
+    const auto egypt = TypewriterKeys(false);
+    const auto latin = TypewriterKeys(true);
+    ASSERT_EQ(egypt.size(), 42u);
+    ASSERT_EQ(latin.size(), 42u);
+    EXPECT_EQ(joined(egypt), "1 2 3 4 5 6 7 8 9 0 ? / . , = "
+                             "A i y j a w b p f m n r h H x X z s S q o k g t T d D ");
+    EXPECT_EQ(joined(latin), "1 2 3 4 5 6 7 8 9 0 ? / . , = "
+                             "A a b d D f g h H x X i j k q m n p o r s S t T w y z ");
+    // The same 27 letters, each once, in both orders.
+    std::vector<std::string> a(egypt.begin() + 15, egypt.end());
+    std::vector<std::string> b(latin.begin() + 15, latin.end());
+    std::sort(a.begin(), a.end());
+    std::sort(b.begin(), b.end());
+    EXPECT_EQ(a, b);
+    EXPECT_EQ(std::unique(a.begin(), a.end()), a.end());
+}
+
+TEST(TypewriterLayout, LoadingAppliesTheEgyptologicalOrderAndRecordsTheSound) {
+    TestApp t;
+    t.app.home = "/opt/nebkaro";
+    TypewriterState s;
+    TypewriterLoad(t.app, s);
+    EXPECT_EQ(s.keys, TypewriterKeys(false));
+    EXPECT_EQ(s.caption, "Typewriter - Egyptological");
+    EXPECT_TRUE(s.mnuEgyptChecked);
+    EXPECT_FALSE(s.mnuLatinChecked);
+    EXPECT_EQ(s.lastKey, 41);
+    EXPECT_EQ(s.soundPath, std::filesystem::path("/opt/nebkaro/system/typewriter-key-1.wav"));
+    SetTypewriterLayout(s, true);
+    EXPECT_EQ(s.keys, TypewriterKeys(true));
+    EXPECT_EQ(s.caption, "Typewriter - Alphabetical");
+    EXPECT_TRUE(s.mnuLatinChecked);
+    EXPECT_FALSE(s.mnuEgyptChecked);
+}
+
+TEST_F(TypewriterTest, KeysAppendToTheEndOfTheMainTransliteration) {
+    t.app.view.TransLitTxt = "nf";
+    EXPECT_TRUE(TypewriterKey(t.app, "r"));
+    EXPECT_TRUE(TypewriterSpace(t.app));
+    EXPECT_TRUE(TypewriterKey(t.app, "H"));
+    EXPECT_EQ(t.app.view.TransLitTxt, "nfr H");
+    EXPECT_TRUE(t.app.view.textChanged); // as if typed
+    EXPECT_EQ(windows.viewChanged, 3);
+    EXPECT_TRUE(TypewriterBackspace(t.app));
+    EXPECT_EQ(t.app.view.TransLitTxt, "nfr ");
+}
+
+TEST_F(TypewriterTest, BackspaceOnAnEmptyTargetDoesNothing) {
+    t.app.view.TransLitTxt = "";
+    EXPECT_TRUE(TypewriterBackspace(t.app));
+    EXPECT_EQ(t.app.view.TransLitTxt, "");
+    EXPECT_FALSE(t.app.view.textChanged);
+    EXPECT_EQ(windows.viewChanged, 0);
+    EXPECT_EQ(t.dialogs.beeps, 0);
+}
+
+TEST_F(TypewriterTest, BackspaceRemovesOneWholeCharacter) {
+    t.app.view.TransLitTxt = "a\u1e25\u0161";
+    TypewriterBackspace(t.app);
+    EXPECT_EQ(t.app.view.TransLitTxt, "a\u1e25");
+    TypewriterBackspace(t.app);
+    EXPECT_EQ(t.app.view.TransLitTxt, "a");
+    TypewriterBackspace(t.app);
+    EXPECT_EQ(t.app.view.TransLitTxt, "");
+}
+
+TEST_F(TypewriterTest, TheTargetFollowsTheSearchDialog) {
+    t.app.view.TransLitTxt = "";
+    SearchDialogLoad(t.app);
+    TypewriterKey(t.app, "S");
+    TypewriterKey(t.app, "w");
+    EXPECT_EQ(t.app.search.txtSearch, "Sw");
+    EXPECT_EQ(t.app.view.TransLitTxt, "");
+    EXPECT_FALSE(t.app.view.textChanged);
+    EXPECT_EQ(windows.changed, (std::vector<TypewriterTarget>{TypewriterTarget::SearchText,
+                                                              TypewriterTarget::SearchText}));
+    ASSERT_TRUE(SearchOk(t.app));
+    TypewriterKey(t.app, "A");
+    EXPECT_EQ(t.app.view.TransLitTxt, "A");
+    EXPECT_EQ(t.app.search.txtSearch, "Sw");
+}
+
+TEST_F(TypewriterTest, SwitchingTheOrderKeepsWhatWasTyped) {
+    TypewriterState s;
+    TypewriterLoad(t.app, s);
+    TypewriterKey(t.app, s.keys[20]); // "w" in the Egyptological order
+    SetTypewriterLayout(s, true);
+    TypewriterKey(t.app, s.keys[20]); // "f" in the alphabetical order
+    EXPECT_EQ(t.app.view.TransLitTxt, "wf");
+}
+
+TEST_F(TypewriterTest, TheBrowserAndComposerBoxesComeFromTheirWindows) {
+    windows.boxes[TypewriterTarget::BrowserTrans] = "n";
+    t.app.typewriterTarget = TypewriterTarget::BrowserTrans;
+    TypewriterKey(t.app, "b");
+    EXPECT_EQ(windows.boxes[TypewriterTarget::BrowserTrans], "nb");
+    t.app.typewriterTarget = TypewriterTarget::ComposerMdC;
+    EXPECT_FALSE(TypewriterKey(t.app, "b")); // the composer is not open
+    EXPECT_EQ(t.dialogs.beeps, 1);
+    windows.boxes[TypewriterTarget::ComposerMdC] = "";
+    TypewriterSpace(t.app);
+    EXPECT_EQ(windows.boxes[TypewriterTarget::ComposerMdC], " ");
+    EXPECT_EQ(windows.changed, (std::vector<TypewriterTarget>{TypewriterTarget::BrowserTrans,
+                                                              TypewriterTarget::ComposerMdC}));
+    EXPECT_FALSE(t.app.view.textChanged);
+}
+
+TEST_F(TypewriterTest, NoBoxToTypeIntoOnlyBeeps) {
+    t.app.typewriterTarget = TypewriterTarget::None;
+    EXPECT_FALSE(TypewriterKey(t.app, "a"));
+    EXPECT_FALSE(TypewriterBackspace(t.app));
+    SearchDialogLoad(t.app);
+    SearchCancel(t.app); // the search box is gone
+    EXPECT_FALSE(TypewriterSpace(t.app));
+    EXPECT_EQ(t.dialogs.beeps, 3);
+    EXPECT_EQ(t.app.search.txtSearch, "");
+}
+
+TEST(TypewriterPlacement, BesideTheCallerOnTheSideThatFitsTheScreen) {
+    struct Row {
+        int left, width, tw, screen, expected;
+    };
+    for (const Row& r : std::vector<Row>{
+             {1000, 4488, 3000, 20000, 5488},   // to the right
+             {12000, 4488, 3488, 19976, 16488}, // right edge exactly at the screen's edge
+             {12000, 4488, 3489, 19976, 8511},  // one twip too far: to the left
+             {500, 4488, 3000, 6000, -2500},    // to the left even if that is off screen
+         })
+        EXPECT_EQ(TypewriterLeftBeside(r.left, r.width, r.tw, r.screen), r.expected);
+}
+
+TEST(TypewriterPlacement, BesideTheMainWindowIn16BitNumbers) {
+    EXPECT_EQ(TypewriterLeftBesideMain(5000, 7000, 3000), 2000);   // left of Main
+    EXPECT_EQ(TypewriterLeftBesideMain(3000, 7000, 3000), 0);      // just fits
+    EXPECT_EQ(TypewriterLeftBesideMain(2999, 7000, 3000), 9999);   // right of Main
+    EXPECT_EQ(TypewriterLeftBesideMain(35000, 7000, 3000), 32000); // still representable
+    for (auto [left, width] : {std::pair{36000, 7000}, std::pair{1000, 32000}}) {
+        try {
+            TypewriterLeftBesideMain(left, width, 3000);
+            ADD_FAILURE() << left;
+        } catch (const RunError& e) {
+            EXPECT_EQ(e.number(), Overflow);
+        }
+    }
+}
+
+TEST(TransTable, BothOrdersWithTheirCaptions) {
+    TransTableState s;
+    EXPECT_EQ(s.caption, "Transliteration table: Egyptological order");
+    EXPECT_EQ(s.Label1, EgyptologicalLetters);
+    EXPECT_EQ(s.Label2, s.Label1);
+    TransTableAlphabetical(s);
+    EXPECT_EQ(s.caption, "Transliteration Table: Alphabeticalcal order");
+    EXPECT_EQ(s.Label1, AlphabeticalLetters);
+    EXPECT_EQ(s.Label2, s.Label1);
+    EXPECT_TRUE(s.mnuLatinChecked);
+    EXPECT_FALSE(s.mnuEgyptChecked);
+    TransTableEgyptological(s);
+    EXPECT_EQ(s.caption, "Transliteration Table: Egyptological order");
+    EXPECT_EQ(s.Label1, EgyptologicalLetters);
+    EXPECT_TRUE(s.mnuEgyptChecked);
+    EXPECT_FALSE(s.mnuLatinChecked);
+}
+
+TEST(TransTable, AboveTheMainWindowOrBelowIt) {
+    EXPECT_EQ(TransTableTop(3000, 6000, 2000), 1000);
+    EXPECT_EQ(TransTableTop(2000, 6000, 2000), 0);
+    EXPECT_EQ(TransTableTop(1999, 6000, 2000), 7999);
+}
