@@ -42,6 +42,12 @@ struct Windows {
     virtual void showAboutModal() {}
     // Drops the sign-list browser so that it is built for the current library next time.
     virtual void unloadBrowser() {}
+    // Shows the sign-list browser without blocking and returns once it has been hidden. True
+    // when the user chose a sign by double-clicking it (App::chosenSign then holds it), false
+    // when the browser was closed without a choice.
+    virtual bool chooseSignFromBrowser() { return false; }
+    // The transliteration typewriter, shown without blocking; it types into typewriterTarget.
+    virtual void showTypewriter() {}
     // The printing subsystem's defaults (default printer, print quality).
     virtual void setPrinterDefaults() {}
     // A line for the status bar.
@@ -70,6 +76,14 @@ struct Windows {
     virtual std::string* typewriterText(TypewriterTarget) { return nullptr; }
     // The typewriter changed that target's text: its window shows it again.
     virtual void typewriterTextChanged(TypewriterTarget) {}
+};
+
+// The sign the browser's user chose last, as the browser leaves it for the composer.
+struct ChosenSign {
+    std::string code;
+    int entry = 0;         // entry number in the sign list
+    int pictureNumber = 0; // the browser picture (0..24) that showed it
+    SignPicture picture;
 };
 
 // The Sort dialog's controls. The dialog is hidden, never unloaded, by OK and Cancel, so its
@@ -103,6 +117,8 @@ struct App {
     // Results the composer leaves for the main window.
     std::string layoutText;
     std::string composedGardiner;
+    // Left by the sign-list browser when the user double-clicks a sign.
+    ChosenSign chosenSign;
     // Once the composer has been switched to the Extended library, every stored word is "E".
     bool extendedChosen = false;
     // Insert: the next stored new word goes into the current row.

@@ -6,6 +6,14 @@
 #include <optional>
 #include <string>
 
+// Qt defines "slots" as a keyword macro; a window that includes Qt before this header must
+// still see the member below by its name.
+#ifdef slots
+#pragma push_macro("slots")
+#undef slots
+#define NEBKARO_GLYPH_TABLE_SLOTS_MACRO
+#endif
+
 namespace nebkaro {
 
 struct GlyphSlot {
@@ -28,3 +36,8 @@ struct GlyphTable {
 };
 
 } // namespace nebkaro
+
+#ifdef NEBKARO_GLYPH_TABLE_SLOTS_MACRO
+#pragma pop_macro("slots")
+#undef NEBKARO_GLYPH_TABLE_SLOTS_MACRO
+#endif

@@ -1,0 +1,153 @@
+#pragma once
+// The glyph composer: the state of the Compose window and its commands. The window only
+// shows what this holds and forwards the user's actions; everything the composer does to the
+// shared state (the GlyphTable, the results for the main window, the library) happens here.
+// Positions and sizes are twips.
+#include "core/app.h"
+#include "core/word_view.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace nebkaro {
+
+// The two looks of an image that holds no sign: the empty slot waiting for a choice has the
+// button-face colour, an image out of use the application-workspace colour.
+enum class SlotBackground { ButtonFace, Workspace };
+
+// One of the 21 sign images of the canvas.
+struct CanvasImage {
+    bool hasPicture = false;
+    SignPicture picture;
+    // Left and Top as the composer computed them; a row centred on the frame can stand on
+    // half twips, which the window rounds to whole pixels when it draws.
+    double left = 0;
+    double top = 0;
+    int width = 612;
+    int height = 612;
+    bool visible = false;
+    SlotBackground background = SlotBackground::Workspace;
+};
+
+// Where an image stood when the window was loaded: as whole numbers (used to put an emptied
+// image back) and Left and Top as they were.
+struct HomePlace {
+    std::int16_t left = 0, top = 0, width = 0, height = 0;
+    double leftValue = 0, topValue = 0;
+};
+
+// The window's design geometry, shared by the window and the command-line tool so that both
+// place signs alike. Resize keeps the width rules below.
+struct ComposeGeometry {
+    static constexpr int MinWidth = 6960;
+    static constexpr int DesignHeight = 7860;
+    static constexpr int EmptySize = 612;
+    static constexpr int FrameHeight = 5000;
+
+    int windowWidth = MinWidth;
+    int windowHeight = DesignHeight;
+    Rect ComposeShp{250, 1260, MinWidth - 500, FrameHeight};
+    int txtMdCWidth = MinWidth - 1800;
+    int cmdGetLeft = MinWidth - 900;
+
+    // The design home place of image slot (0..20): seven to a row in the lower part of the
+    // frame, below the line on which Get lays out its signs.
+    static Rect home(int slot);
+};
+
+class Composer {
+public:
+    static constexpr int Slots = GlyphTable::Slots;
+    static constexpr int DeleteKeyCode = 46;
+
+    explicit Composer(App& app);
+
+    // Load of the window: results emptied, images at home, then the new-word case (table
+    // emptied) or the edit-word case (the main window's signs taken over at the same places
+    // relative to the frame).
+    void Load();
+
+    // Get: the line in txtMdC becomes signs in slots 0 upwards, laid out in one row centred
+    // on the frame. Later slots are left as they were. A line naming more than 20 signs is
+    // told off with a message; the signs after the 20th are not placed.
+    void Get();
+    // Arrange: the same reading of the line, laid out as hieroglyphic groups: "-" and blanks
+    // separate groups, ":" stacks, "*" sets signs side by side inside a group. Signs keep
+    // their natural size (the stored word has no room for another); each group is centred
+    // on the frame's middle line and the groups stand in a row in the writing direction.
+    void Arrange();
+
+    // Double-click on image i: the browser is shown and waited for; its choice fills slot i.
+    // False when the browser was closed without a choice (nothing changes).
+    bool ChooseSign(int i);
+    // Image i was dropped at (left, top).
+    void MoveImage(int i, double left, double top);
+    // A key pressed on image i; only the Delete key does something.
+    void KeyDown(int i, int keyCode);
+    void DeleteSign(int i);
+    // "Delete Last": refused while LastGlyph is 1 (and below, where there is nothing before).
+    void DeleteLast();
+    // A click on an image makes the typewriter type into txtMdC.
+    void ImageClicked(int i);
+
+    // OK: true when the window is to be hidden. With no sign in use while LastGlyph is 1 or
+    // more, the user is told and the window stays open.
+    bool OK();
+    void Cancel();
+
+    void OptBasic();
+    void OptExtended();
+    void mnuBasic();
+    void mnuExtended();
+    void Activate();
+    // The window was resized to width x height; the size it must have is left in geometry.
+    void Resize(int width, int height);
+
+    // The canvas' text boxes and labels.
+    std::string txtMdC;
+    std::string Debuglbl;
+    std::string Gardinerlbl = "Gardiner: ";
+    std::string RichGardinerLbl = "RichGardiner";
+    // Pictures that could not be read, for the window's status line.
+    std::string status;
+
+    std::array<CanvasImage, Slots> GlyphPic{};
+    std::array<HomePlace, Slots> HomeGeometry{};
+    std::int16_t LastGlyph = 0;
+
+    bool OptBasicValue = true;
+    bool mnuBasicChecked = true;
+    bool mnuExtendedChecked = false;
+
+    ComposeGeometry geometry;
+
+private:
+    struct Placed {
+        int slot;
+        char joiner; // strongest separator since the previous placed sign: '-', ':' or '*'
+    };
+    // Reads txtMdC into slots 0 upwards; the signs placed, with what joins each to the one
+    // before. Returns false for an empty line (nothing at all happens then).
+    bool readLine(std::vector<Placed>& placed);
+    void layOutRow();
+    void layOutGroups(const std::vector<Placed>& placed);
+    void loadPicture(int i, const SignPicture& picture);
+    void clearPicture(int i);
+    void resetImage(int i, SlotBackground bg, bool visible);
+    void switchLibrary(bool basic);
+    void readingOrderSort();
+    void swapSlots(int a, int b);
+    SignPicture pictureFor(const std::string& code) const;
+
+    App& app_;
+};
+
+// Get followed by OK in a freshly loaded composer for a new word, with no moves: what the
+// command-line tool runs. The sign list and phonetic table in app.lists must be those of the
+// library asked for. Messages go through app.dialogs. Returns whether the composition was
+// accepted (app.layoutText and app.composedGardiner then hold the strings).
+bool ComposeLine(App& app, const std::string& line, bool basic, bool left);
+
+} // namespace nebkaro

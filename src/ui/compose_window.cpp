@@ -1,0 +1,317 @@
+#include "ui/compose_window.h"
+
+#include "core/errors.h"
+#include "ui/sign_pixmap.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QFrame>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include <functional>
+
+namespace nebkaro::ui {
+
+namespace {
+QString qs(const std::string& s) {
+    return QString::fromStdString(s);
+}
+QRect rectPx(double left, double top, double width, double height) {
+    return QRect(px(left), px(top), px(width), px(height));
+}
+} // namespace
+
+// One sign image of the canvas: dragged with any mouse button, double-clicked to choose a
+// sign, the Delete key to remove it.
+class GlyphPicture : public QLabel {
+public:
+    using QLabel::QLabel;
+    std::function<void()> pressed;
+    std::function<void()> doubleClicked;
+    // Where the image was dropped, and whether it moved at all.
+    std::function<void(QPoint, bool)> dropped;
+    std::function<void(int)> keyDown;
+
+protected:
+    void mousePressEvent(QMouseEvent* e) override {
+        dragging_ = true;
+        pressGlobal_ = e->globalPosition().toPoint();
+        startPos_ = pos();
+        setFocus(Qt::MouseFocusReason);
+        if (pressed) pressed();
+    }
+    void mouseMoveEvent(QMouseEvent* e) override {
+        if (dragging_) move(startPos_ + (e->globalPosition().toPoint() - pressGlobal_));
+    }
+    void mouseReleaseEvent(QMouseEvent*) override {
+        if (!dragging_) return;
+        dragging_ = false;
+        if (dropped) dropped(pos(), pos() != startPos_);
+    }
+    void mouseDoubleClickEvent(QMouseEvent*) override {
+        dragging_ = false;
+        if (doubleClicked) doubleClicked();
+    }
+    void keyPressEvent(QKeyEvent* e) override {
+        if (keyDown) keyDown(e->key() == Qt::Key_Delete ? Composer::DeleteKeyCode : 0);
+    }
+
+private:
+    bool dragging_ = false;
+    QPoint pressGlobal_;
+    QPoint startPos_;
+};
+
+ComposeWindow::ComposeWindow(App& app, QWidget* parent)
+    : QMainWindow(parent), app_(app), model_(app) {
+    setObjectName("Compose");
+    setWindowTitle("Compose");
+    if (parent) setWindowModality(Qt::WindowModal);
+
+    QMenu* mnuLibrary = menuBar()->addMenu("Library");
+    mnuLibrary->setObjectName("mnuLibrary");
+    mnuBasic_ = mnuLibrary->addAction("Basic");
+    mnuBasic_->setObjectName("mnuBasic");
+    mnuBasic_->setCheckable(true);
+    mnuExtended_ = mnuLibrary->addAction("Extended");
+    mnuExtended_->setObjectName("mnuExtended");
+    mnuExtended_->setCheckable(true);
+    connect(mnuBasic_, &QAction::triggered, this, [this] { command([&] { model_.mnuBasic(); }); });
+    connect(mnuExtended_, &QAction::triggered, this,
+            [this] { command([&] { model_.mnuExtended(); }); });
+
+    canvas_ = new QWidget(this);
+    canvas_->setMinimumSize(px(ComposeGeometry::MinWidth), px(ComposeGeometry::DesignHeight));
+    setCentralWidget(canvas_);
+
+    lblMdC_ = new QLabel("MdC:", canvas_);
+    lblMdC_->setObjectName("lblMdC");
+    txtMdC_ = new QLineEdit(canvas_);
+    txtMdC_->setObjectName("txtMdC");
+    txtMdC_->setToolTip("Codes or phonetic values: \"-\" or a blank between groups, \":\" "
+                        "stacks, \"*\" sets side by side");
+    cmdGet_ = new QPushButton("Get", canvas_);
+    cmdGet_->setObjectName("cmdGet");
+    cmdGet_->setToolTip("Place the signs in one row");
+    cmdArrange_ = new QPushButton("Arrange", canvas_);
+    cmdArrange_->setObjectName("cmdArrange");
+    cmdArrange_->setToolTip("Place the signs in groups: \":\" stacks, \"*\" sets side by side, "
+                            "\"-\" starts a new group");
+    connect(cmdGet_, &QPushButton::clicked, this, [this] { command([&] { model_.Get(); }); });
+    connect(txtMdC_, &QLineEdit::returnPressed, cmdGet_, &QPushButton::click);
+    connect(cmdArrange_, &QPushButton::clicked, this,
+            [this] { command([&] { model_.Arrange(); }); });
+
+    frame1_ = new QGroupBox("Library", canvas_);
+    frame1_->setObjectName("Frame1");
+    frame1_->setToolTip("Select Basic or Extended Library");
+    optBasic_ = new QRadioButton("Basic", frame1_);
+    optBasic_->setObjectName("OptBasic");
+    optBasic_->setToolTip("Select Basic Library");
+    optExtended_ = new QRadioButton("Extended", frame1_);
+    optExtended_->setObjectName("OptExtended");
+    optExtended_->setToolTip("Select Extended Library");
+    optBasic_->setGeometry(rectPx(150, 300, 1000, 300));
+    optExtended_->setGeometry(rectPx(1260, 300, 1350, 300));
+    connect(optBasic_, &QRadioButton::clicked, this,
+            [this] { command([&] { model_.OptBasic(); }); });
+    connect(optExtended_, &QRadioButton::clicked, this,
+            [this] { command([&] { model_.OptExtended(); }); });
+
+    cmdDelLast_ = new QPushButton("Delete Last", canvas_);
+    cmdDelLast_->setObjectName("cmdDelLast");
+    connect(cmdDelLast_, &QPushButton::clicked, this,
+            [this] { command([&] { model_.DeleteLast(); }); });
+
+    debugLbl_ = new QLabel(canvas_);
+    debugLbl_->setObjectName("Debuglbl");
+
+    composeShp_ = new QFrame(canvas_);
+    composeShp_->setObjectName("ComposeShp");
+    composeShp_->setFrameShape(QFrame::Box);
+    composeShp_->setFrameShadow(QFrame::Plain);
+
+    for (int i = 0; i < Composer::Slots; ++i) {
+        auto* pic = new GlyphPicture(canvas_);
+        pic->setObjectName(QString("GlyphPic%1").arg(i));
+        pic->setToolTip("Double-Click to choose a Glyph");
+        pic->setAutoFillBackground(true);
+        pic->setAlignment(Qt::AlignCenter);
+        pic->setFocusPolicy(Qt::ClickFocus);
+        pic->pressed = [this, i] { model_.ImageClicked(i); };
+        pic->doubleClicked = [this, i] {
+            // While the browser is open the composer waits for it: nothing here may change
+            // the composition under the choice that is about to come back.
+            choosing_ = true;
+            setEnabled(false);
+            command([&] { model_.ChooseSign(i); });
+            setEnabled(true);
+            choosing_ = false;
+        };
+        pic->dropped = [this, i](QPoint at, bool moved) {
+            command([&] {
+                const CanvasImage& image = model_.GlyphPic[static_cast<std::size_t>(i)];
+                // Released where it was pressed: the place is taken unchanged, half twips
+                // included, rather than as the pixel it is drawn on.
+                if (moved)
+                    model_.MoveImage(i, twips(at.x()), twips(at.y()));
+                else
+                    model_.MoveImage(i, image.left, image.top);
+            });
+        };
+        pic->keyDown = [this, i](int key) { command([&] { model_.KeyDown(i, key); }); };
+        glyphPic_[static_cast<std::size_t>(i)] = pic;
+    }
+    auto* temPic = new QLabel(canvas_);
+    temPic->setObjectName("TemPic");
+    temPic->hide();
+
+    gardinerLbl_ = new QLabel(canvas_);
+    gardinerLbl_->setObjectName("Gardinerlbl");
+    richGardinerLbl_ = new QLabel(canvas_);
+    richGardinerLbl_->setObjectName("RichGardinerLbl");
+    status_ = new QLabel(canvas_);
+    status_->setObjectName("lblStatus");
+    okCmd_ = new QPushButton("OK", canvas_);
+    okCmd_->setObjectName("OkCmd");
+    cmdCancel_ = new QPushButton("Cancel", canvas_);
+    cmdCancel_->setObjectName("cmdCancel");
+    connect(okCmd_, &QPushButton::clicked, this, [this] {
+        bool done = false;
+        command([&] { done = model_.OK(); });
+        if (done) hide();
+    });
+    connect(cmdCancel_, &QPushButton::clicked, this, [this] {
+        command([&] { model_.Cancel(); });
+        hide();
+    });
+
+    load();
+    resize(px(ComposeGeometry::MinWidth),
+           px(ComposeGeometry::DesignHeight) + menuBar()->sizeHint().height());
+}
+
+ComposeWindow::~ComposeWindow() = default;
+
+void ComposeWindow::load() {
+    command([&] { model_.Load(); });
+}
+
+template <typename F> void ComposeWindow::command(F&& f) {
+    readText();
+    try {
+        f();
+    } catch (const RunError& e) {
+        app_.dialogs.message(e.report(), "", Buttons::OK, Icon::Critical);
+    } catch (const ProgramFileError& e) {
+        // Without its sign list the program cannot go on.
+        app_.dialogs.message(e.message(), "", Buttons::OK, Icon::Critical);
+        app_.requestEnd(1);
+        QCoreApplication::exit(1);
+    }
+    refresh();
+}
+
+void ComposeWindow::readText() {
+    model_.txtMdC = txtMdC_->text().toStdString();
+}
+
+void ComposeWindow::placeControls() {
+    const ComposeGeometry& g = model_.geometry;
+    lblMdC_->setGeometry(rectPx(120, 165, 450, 255));
+    txtMdC_->setGeometry(rectPx(600, 120, g.txtMdCWidth, 345));
+    cmdGet_->setGeometry(rectPx(g.cmdGetLeft, 105, 780, 375));
+    cmdArrange_->setGeometry(rectPx(g.cmdGetLeft, 525, 780, 375));
+    frame1_->setGeometry(rectPx(120, 480, 2700, 690));
+    cmdDelLast_->setGeometry(rectPx(3000, 630, 1300, 375));
+    debugLbl_->setGeometry(rectPx(4450, 690, g.cmdGetLeft - 4570, 255));
+    const Rect& shp = g.ComposeShp;
+    composeShp_->setGeometry(rectPx(shp.left, shp.top, shp.width, shp.height));
+    const int bottom = shp.top + shp.height;
+    gardinerLbl_->setGeometry(rectPx(250, bottom + 90, g.windowWidth - 500, 255));
+    richGardinerLbl_->setGeometry(rectPx(250, bottom + 375, g.windowWidth - 500, 255));
+    status_->setGeometry(rectPx(250, bottom + 720, g.windowWidth - 2660, 255));
+    okCmd_->setGeometry(rectPx(g.windowWidth - 2160, bottom + 660, 900, 375));
+    cmdCancel_->setGeometry(rectPx(g.windowWidth - 1140, bottom + 660, 900, 375));
+}
+
+void ComposeWindow::refresh() {
+    if (txtMdC_->text().toStdString() != model_.txtMdC) txtMdC_->setText(qs(model_.txtMdC));
+    debugLbl_->setText(qs(model_.Debuglbl));
+    gardinerLbl_->setText(qs(model_.Gardinerlbl));
+    richGardinerLbl_->setText(qs(model_.RichGardinerLbl));
+    status_->setText(qs(model_.status));
+    optBasic_->setChecked(model_.OptBasicValue);
+    optExtended_->setChecked(!model_.OptBasicValue);
+    mnuBasic_->setChecked(model_.mnuBasicChecked);
+    mnuExtended_->setChecked(model_.mnuExtendedChecked);
+    placeControls();
+    const QColor buttonFace = palette().color(QPalette::Button);
+    const QColor workspace = palette().color(QPalette::Mid);
+    for (int i = 0; i < Composer::Slots; ++i) {
+        const CanvasImage& image = model_.GlyphPic[static_cast<std::size_t>(i)];
+        GlyphPicture* pic = glyphPic_[static_cast<std::size_t>(i)];
+        QPalette pal = pic->palette();
+        pal.setColor(QPalette::Window,
+                     image.background == SlotBackground::ButtonFace ? buttonFace : workspace);
+        pic->setPalette(pal);
+        if (image.hasPicture) {
+            pic->setPixmap(signPixmap(image.picture));
+            pic->setFrameShape(QFrame::NoFrame);
+        } else {
+            pic->clear();
+            pic->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+        }
+        pic->setGeometry(rectPx(image.left, image.top, image.width, image.height));
+        pic->setVisible(image.visible);
+    }
+}
+
+bool ComposeWindow::run() {
+    show();
+    raise();
+    activateWindow();
+    QEventLoop loop;
+    connect(this, &ComposeWindow::hidden, &loop, &QEventLoop::quit);
+    if (isVisible()) loop.exec();
+    return app_.store.composeAccepted;
+}
+
+void ComposeWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    model_.Resize(twips(canvas_->width()), twips(canvas_->height()));
+    placeControls();
+}
+
+void ComposeWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        command([&] { model_.Activate(); });
+}
+
+void ComposeWindow::closeEvent(QCloseEvent* event) {
+    if (choosing_) {
+        event->ignore();
+        return;
+    }
+    // Closing the window is Cancel.
+    command([&] { model_.Cancel(); });
+    QMainWindow::closeEvent(event);
+}
+
+void ComposeWindow::hideEvent(QHideEvent* event) {
+    QMainWindow::hideEvent(event);
+    emit hidden();
+}
+
+} // namespace nebkaro::ui

@@ -1,0 +1,80 @@
+#pragma once
+// The composer window, "Compose". The main window builds it for New and Edit (after setting
+// app.store.newWordPending or editPending) and calls run(), which returns once OK or Cancel
+// has hidden it; the results are then in app.store.composeAccepted, app.layoutText,
+// app.composedGardiner, app.glyphs (normalised, in reading order) and app.view's rightEdge,
+// bottomEdge and windowWidth. The program's Windows::runComposer() is that: build, run().
+#include "composer/composer.h"
+
+#include <QMainWindow>
+
+#include <array>
+
+class QAction;
+class QFrame;
+class QLabel;
+class QLineEdit;
+class QRadioButton;
+class QPushButton;
+class QGroupBox;
+
+namespace nebkaro::ui {
+
+class GlyphPicture;
+
+class ComposeWindow : public QMainWindow {
+    Q_OBJECT
+public:
+    // Builds the window and runs Load. For the sign browser the composer goes through
+    // app.windows->chooseSignFromBrowser() (LookupHost::chooseSign in the program).
+    explicit ComposeWindow(App& app, QWidget* parent = nullptr);
+    ~ComposeWindow() override;
+
+    // Shows the window and waits, with the rest of the program's events still running, until
+    // OK or Cancel hides it. True when the composition was accepted.
+    bool run();
+    // Load again: the main window decides when the composer starts afresh.
+    void load();
+
+    Composer& model() { return model_; }
+
+signals:
+    void hidden();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    template <typename F> void command(F&& f);
+    void refresh();
+    void placeControls();
+    void readText();
+
+    App& app_;
+    Composer model_;
+    bool choosing_ = false;
+    QWidget* canvas_;
+    QLabel* lblMdC_;
+    QLineEdit* txtMdC_;
+    QPushButton* cmdGet_;
+    QPushButton* cmdArrange_;
+    QPushButton* cmdDelLast_;
+    QGroupBox* frame1_;
+    QRadioButton* optBasic_;
+    QRadioButton* optExtended_;
+    QFrame* composeShp_;
+    QLabel* gardinerLbl_;
+    QLabel* richGardinerLbl_;
+    QLabel* debugLbl_;
+    QLabel* status_;
+    QPushButton* okCmd_;
+    QPushButton* cmdCancel_;
+    QAction* mnuBasic_;
+    QAction* mnuExtended_;
+    std::array<GlyphPicture*, Composer::Slots> glyphPic_{};
+};
+
+} // namespace nebkaro::ui

@@ -1,0 +1,259 @@
+#include "browser/sign_browser.h"
+#include "core/sign_lists.h"
+#include "fakes.h"
+
+#include <gtest/gtest.h>
+
+namespace nebkaro::testing {
+namespace {
+
+class CountingWindows : public Windows {
+public:
+    int typewriters = 0;
+    void showTypewriter() override { ++typewriters; }
+};
+
+// Three monoliterals; A with a two-letter code; 30 signs of G; no J; Z last.
+std::string browserList() {
+    std::string s = "G1,M17,N35\r\nA1,A2,Aa1\r\nB1\r\n";
+    for (int k = 1; k <= 30; ++k) s += "G" + std::to_string(k) + (k % 10 == 0 ? "\r\n" : ",");
+    s += "I9\r\nK1\r\nM17\r\nN35\r\nZ1,Z2\r\n";
+    return s;
+}
+
+struct SignBrowserTest : ::testing::Test {
+    TestApp t;
+    App& app = t.app;
+    CountingWindows windows;
+    SignBrowser browser{t.app};
+
+    SignBrowserTest() {
+        ParseSignList(app.lists, browserList());
+        ParsePhonetic(app.lists, "G17,m\r\nN35,n\r\nM17,i\r\nM17,y\r\nAa1,x\r\nG1,A\r\n");
+        t.pictures.sizes = {{"G17", {450, 600}}, {"N35", {600, 150}}, {"A1", {300, 600}}};
+        app.windows = &windows;
+        browser.Load();
+    }
+    int start(char letter) const {
+        return app.lists.CategoryTable[static_cast<std::size_t>(letter - 63)][2];
+    }
+    std::string codes() const {
+        std::string out;
+        for (const auto& p : browser.picGlyph)
+            if (p.visible) out += (out.empty() ? "" : " ") + p.lblGlyph;
+        return out;
+    }
+};
+
+TEST_F(SignBrowserTest, TheCategoriesAreTheTwentySevenNamesWithTheirBlanks) {
+    const auto& names = SignBrowser::Categories();
+    ASSERT_EQ(names.size(), 27u);
+    EXPECT_EQ(names[0], "@ - Monoliterals");
+    EXPECT_EQ(names[9], "I - Amphibious Animals, Reptiles, etc.");
+    EXPECT_EQ(names[12], "L - Invertebrata and Lesser Animals ");
+    EXPECT_EQ(names[26], "Z - Strokes, Geometrical Figures, etc. ");
+    for (int k = 0; k < 27; ++k)
+        EXPECT_EQ(names[static_cast<std::size_t>(k)][0], static_cast<char>(64 + k)) << k;
+}
+
+TEST_F(SignBrowserTest, LoadShowsTheMonoliterals) {
+    EXPECT_EQ(browser.pageStart, 1);
+    EXPECT_EQ(codes(), "G1 M17 N35");
+    EXPECT_EQ(browser.pageCount, 3);
+    EXPECT_EQ(browser.cmbCategoryIndex, 0);
+    EXPECT_EQ(browser.lblCategory, "@ - Monoliterals");
+    EXPECT_EQ(browser.lblLibrary, "Basic Library");
+}
+
+TEST_F(SignBrowserTest, NextRunsThroughALongCategoryWithoutCrossingIt) {
+    browser.cmbCategoryClick(7); // G
+    EXPECT_EQ(browser.pageStart, start('G'));
+    EXPECT_EQ(browser.pageCount, 25);
+    EXPECT_EQ(browser.picGlyph[0].lblGlyph, "G1");
+    EXPECT_EQ(browser.picGlyph[24].lblGlyph, "G25");
+    browser.cmdNext();
+    EXPECT_EQ(codes(), "G26 G27 G28 G29 G30");
+    EXPECT_EQ(browser.pageCount, 5);
+    EXPECT_FALSE(browser.picGlyph[5].visible);
+    EXPECT_EQ(browser.picGlyph[5].lblGlyph, "");
+    browser.cmdNext();
+    EXPECT_EQ(codes(), "I9");
+    EXPECT_EQ(browser.lblCategory, "I - Amphibious Animals, Reptiles, etc.");
+}
+
+TEST_F(SignBrowserTest, NavigationStopsAtBothEnds) {
+    struct Case {
+        const char* name;
+        std::function<void()> before;
+        std::function<void()> press;
+        std::string shows;
+    };
+    const Case cases[] = {
+        {"Prevcat on @", [] {}, [&] { browser.cmdPrevcat(); }, "G1 M17 N35"},
+        {"Prev on @", [] {}, [&] { browser.cmdPrev(); }, "G1 M17 N35"},
+        {"NextCat on Z", [&] { browser.cmdLast(); }, [&] { browser.cmdNextCat(); }, "Z1 Z2"},
+        {"Next on the last page", [&] { browser.cmdLast(); }, [&] { browser.cmdNext(); }, "Z1 Z2"},
+        {"Last", [] {}, [&] { browser.cmdLast(); }, "Z1 Z2"},
+        {"First", [&] { browser.cmdLast(); }, [&] { browser.cmdFirst(); }, "G1 M17 N35"},
+        {"NextCat on @", [] {}, [&] { browser.cmdNextCat(); }, "A1 A2 Aa1"},
+        {"Prevcat on A", [&] { browser.cmdNextCat(); }, [&] { browser.cmdPrevcat(); },
+         "G1 M17 N35"},
+        {"Next on @", [] {}, [&] { browser.cmdNext(); }, "A1 A2 Aa1"},
+    };
+    for (const auto& c : cases) {
+        browser.Load();
+        c.before();
+        c.press();
+        EXPECT_EQ(codes(), c.shows) << c.name;
+    }
+}
+
+TEST_F(SignBrowserTest, CategoriesStepOverLettersWithoutSigns) {
+    browser.cmbCategoryClick(11); // K
+    ASSERT_EQ(codes(), "K1");
+    browser.cmdPrevcat(); // J has no signs
+    EXPECT_EQ(codes(), "I9");
+    browser.cmdNextCat();
+    EXPECT_EQ(codes(), "K1") << "J starts where K does";
+    browser.cmbCategoryClick(10); // J itself
+    EXPECT_EQ(codes(), "K1");
+    EXPECT_EQ(browser.lblCategory, "K - Fishes and Parts of Fishes");
+}
+
+TEST_F(SignBrowserTest, PreviousStepsBackByTheCategorysCountAtMostAPage) {
+    struct Case {
+        const char* name;
+        int from;
+        int to;
+    };
+    const Case cases[] = {
+        {"second page of G", start('G') + 25, start('G')},
+        {"I after G's 30", start('I'), start('I') - 25}, // G6 to G30
+        {"B after A's 3", start('B'), start('A')},
+        {"A after the monoliterals", start('A'), 1},
+        {"first page of G after one B", start('G'), start('B')},
+    };
+    for (const auto& c : cases) {
+        browser.pageStart = c.from;
+        browser.Paint();
+        browser.cmdPrev();
+        EXPECT_EQ(browser.pageStart, c.to) << c.name;
+    }
+    browser.pageStart = start('I');
+    browser.cmdPrev();
+    EXPECT_EQ(browser.picGlyph[0].lblGlyph, "G6");
+    EXPECT_EQ(browser.pageCount, 25);
+}
+
+TEST_F(SignBrowserTest, GoFindsCodesByTheirUpperCase) {
+    struct Case {
+        const char* typed;
+        const char* first; // first code of the page, or "" when not found
+    };
+    const Case cases[] = {{"g17", "G17"}, {"G17", "G17"}, {"Aa1", ""}, {"aa1", ""},
+                          {"Q1", ""},     {"z2", "Z2"},   {" G17", ""}};
+    for (const auto& c : cases) {
+        browser.Load();
+        t.dialogs.prompts.clear();
+        browser.txtGlyph = c.typed;
+        browser.cmdGo();
+        if (*c.first) {
+            EXPECT_EQ(browser.picGlyph[0].lblGlyph, c.first) << c.typed;
+            EXPECT_TRUE(t.dialogs.prompts.empty()) << c.typed;
+        } else {
+            EXPECT_EQ(browser.pageStart, 1) << c.typed;
+            ASSERT_EQ(t.dialogs.prompts.size(), 1u) << c.typed;
+            EXPECT_EQ(t.dialogs.prompts[0].text, "Hieroglyph not found");
+            EXPECT_EQ(t.dialogs.prompts[0].title, "Glyph not found");
+            EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Exclamation);
+        }
+    }
+    browser.txtGlyph = "g17";
+    browser.cmdGo();
+    EXPECT_EQ(browser.lblCategory, "G - Birds");
+    EXPECT_EQ(browser.cmbCategoryIndex, 7);
+}
+
+TEST_F(SignBrowserTest, GoByTransliterationTakesThePhoneticCode) {
+    browser.txtTrans = "m";
+    browser.cmdGoTrans();
+    EXPECT_EQ(browser.txtGlyph, "G17");
+    EXPECT_EQ(browser.picGlyph[0].lblGlyph, "G17");
+    // The code of "x" has a small letter, which Go cannot find once upper-cased.
+    browser.txtTrans = "x";
+    browser.cmdGoTrans();
+    EXPECT_EQ(browser.txtGlyph, "Aa1");
+    EXPECT_EQ(browser.picGlyph[0].lblGlyph, "G17");
+    browser.txtTrans = "M";
+    browser.cmdGoTrans();
+    EXPECT_EQ(t.dialogs.messages(),
+              (std::vector<std::string>{"Hieroglyph not found", "Hieroglyph not found"}));
+}
+
+TEST_F(SignBrowserTest, TransliterationsShowOnlyWhenAskedAndKnown) {
+    browser.txtGlyph = "G16";
+    browser.cmdGo(); // G16 G17 ...
+    for (const auto& p : browser.picGlyph) EXPECT_FALSE(p.translitVisible);
+    browser.chkShowTrans = true;
+    EXPECT_FALSE(browser.picGlyph[1].translitVisible) << "only at the next painting";
+    browser.Paint();
+    EXPECT_FALSE(browser.picGlyph[0].translitVisible);
+    EXPECT_TRUE(browser.picGlyph[1].translitVisible);
+    EXPECT_EQ(browser.picGlyph[1].lblTranslit, "m");
+    browser.cmdFirst();
+    EXPECT_EQ(browser.picGlyph[1].lblTranslit, "i") << "the first phonetic row of M17";
+}
+
+TEST_F(SignBrowserTest, TooltipsNameTheCodeAndEveryPhoneticValue) {
+    EXPECT_EQ(browser.picGlyph[0].tooltip, "G1: A");
+    EXPECT_EQ(browser.picGlyph[1].tooltip, "M17: i, y");
+    browser.cmdNextCat();
+    EXPECT_EQ(browser.picGlyph[0].tooltip, "A1");
+}
+
+TEST_F(SignBrowserTest, ChoosingLeavesTheSignForTheComposer) {
+    browser.txtGlyph = "G16";
+    browser.cmdGo();
+    ASSERT_TRUE(browser.Choose(1));
+    EXPECT_EQ(app.chosenSign.code, "G17");
+    EXPECT_EQ(app.chosenSign.entry, start('G') + 16);
+    EXPECT_EQ(app.lists.SignCodes[static_cast<std::size_t>(app.chosenSign.entry)], "G17");
+    EXPECT_EQ(app.chosenSign.pictureNumber, 1);
+    EXPECT_EQ(app.chosenSign.picture.width, 450);
+    browser.cmdLast();
+    EXPECT_FALSE(browser.Choose(5)) << "no sign in that place";
+    EXPECT_EQ(app.chosenSign.code, "G17");
+}
+
+TEST_F(SignBrowserTest, PicturesComeFromTheLibraryAndDirectionFolders) {
+    app.settings.useBasicLibrary = false;
+    app.settings.directionLeft = false;
+    browser.Paint();
+    EXPECT_EQ(browser.lblLibrary, "Extended Library");
+    EXPECT_EQ(browser.picGlyph[0].picture.file, "/pictures/Extended/Right/G1.GIF");
+}
+
+TEST_F(SignBrowserTest, TheTypewriterTypesIntoTheTransliterationBox) {
+    browser.cmdTypewriter();
+    EXPECT_EQ(windows.typewriters, 1);
+    EXPECT_EQ(app.typewriterTarget, TypewriterTarget::BrowserTrans);
+    app.typewriterTarget = TypewriterTarget::MainTransLit;
+    browser.PictureClicked(3);
+    EXPECT_EQ(app.typewriterTarget, TypewriterTarget::BrowserTrans);
+}
+
+TEST_F(SignBrowserTest, AnEmptyListShowsAnEmptyPage) {
+    ParseSignList(app.lists, "");
+    app.lists.preambleCount = 0;
+    browser.Load();
+    EXPECT_EQ(browser.pageCount, 0);
+    EXPECT_EQ(browser.lblCategory, "");
+    browser.cmdNext();
+    browser.cmdLast();
+    browser.cmdNextCat();
+    browser.cmdPrev();
+    EXPECT_EQ(browser.pageCount, 0);
+}
+
+} // namespace
+} // namespace nebkaro::testing

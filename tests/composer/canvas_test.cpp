@@ -1,0 +1,178 @@
+// The canvas: choosing from the browser, dragging, the Delete key and Delete Last.
+#include "composer_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace nebkaro::testing {
+namespace {
+
+using CanvasTest = ComposerTest;
+
+TEST_F(CanvasTest, ChoosingFillsTheEmptySlotAndShowsTheNextOne) {
+    choose(0, "A1");
+    choose(1, "G17");
+    choose(2, "D21");
+    const Rect home3 = ComposeGeometry::home(3);
+    choose(3, "N35");
+    EXPECT_EQ(code(3), "N35");
+    EXPECT_EQ(app.glyphs[3].entry, 3);
+    EXPECT_EQ(composer.LastGlyph, 4);
+    // The sign keeps the place of the empty slot it was chosen into, at its own size.
+    EXPECT_EQ(composer.GlyphPic[3].left, home3.left);
+    EXPECT_EQ(composer.GlyphPic[3].width, 600);
+    EXPECT_EQ(composer.GlyphPic[3].height, 150);
+    EXPECT_TRUE(composer.GlyphPic[4].visible);
+    EXPECT_EQ(composer.GlyphPic[4].background, SlotBackground::ButtonFace);
+    EXPECT_FALSE(composer.GlyphPic[5].visible);
+    EXPECT_EQ(composer.Gardinerlbl, "Gardiner: - A1- G17- D21- N35");
+}
+
+TEST_F(CanvasTest, ABrowserClosedWithoutAChoiceChangesNothing) {
+    browser.choices.push_back(std::nullopt);
+    EXPECT_FALSE(composer.ChooseSign(0));
+    EXPECT_FALSE(app.glyphs[0].used());
+    EXPECT_EQ(composer.LastGlyph, 0);
+    EXPECT_FALSE(composer.GlyphPic[1].visible);
+    EXPECT_EQ(composer.Gardinerlbl, "Gardiner: ");
+}
+
+TEST_F(CanvasTest, ChoosingIntoImageTwentyLeavesNoEmptySlot) {
+    choose(20, "A1");
+    EXPECT_EQ(code(20), "A1");
+    EXPECT_EQ(composer.LastGlyph, 1);
+}
+
+TEST_F(CanvasTest, DraggingRecordsTheFinalPlace) {
+    choose(0, "A1");
+    const double left = composer.GlyphPic[0].left, top = composer.GlyphPic[0].top;
+    composer.MoveImage(0, left, top); // pressed and released at once
+    EXPECT_EQ(app.glyphs[0].x, left);
+    EXPECT_EQ(app.glyphs[0].y, top);
+    // No bound: outside the frame is taken as it is.
+    composer.MoveImage(0, -300, 9000);
+    EXPECT_EQ(app.glyphs[0].x, -300);
+    EXPECT_EQ(app.glyphs[0].y, 9000);
+    EXPECT_EQ(composer.GlyphPic[0].left, -300);
+}
+
+TEST_F(CanvasTest, DeleteOnTheMiddleOfThreeSignsMovesTheThirdIntoItsSlot) {
+    choose(0, "A1");
+    choose(1, "G17");
+    choose(2, "D21");
+    composer.MoveImage(0, 1000, 2000);
+    composer.MoveImage(1, 1500, 2000);
+    composer.MoveImage(2, 2100, 2100);
+    composer.KeyDown(1, Composer::DeleteKeyCode);
+
+    EXPECT_EQ(code(0), "A1");
+    EXPECT_EQ(code(1), "D21");
+    EXPECT_EQ(app.glyphs[1].x, 2100);
+    EXPECT_EQ(app.glyphs[1].y, 2100);
+    EXPECT_FALSE(app.glyphs[2].used());
+    // The third sign stands where it stood, now as image 1.
+    EXPECT_EQ(composer.GlyphPic[1].picture.file.filename(), "D21.GIF");
+    EXPECT_EQ(composer.GlyphPic[1].left, 2100);
+    EXPECT_EQ(composer.GlyphPic[1].top, 2100);
+    EXPECT_TRUE(composer.GlyphPic[1].visible);
+    // The image after the last sign is the empty slot at home; all later ones are hidden.
+    const Rect home2 = ComposeGeometry::home(2);
+    EXPECT_TRUE(composer.GlyphPic[2].visible);
+    EXPECT_EQ(composer.GlyphPic[2].background, SlotBackground::ButtonFace);
+    EXPECT_EQ(composer.GlyphPic[2].left, home2.left);
+    EXPECT_EQ(composer.GlyphPic[2].width, 612);
+    for (int k = 3; k <= 20; ++k) {
+        EXPECT_FALSE(composer.GlyphPic[static_cast<std::size_t>(k)].visible) << k;
+        EXPECT_EQ(composer.GlyphPic[static_cast<std::size_t>(k)].background,
+                  SlotBackground::Workspace)
+            << k;
+    }
+    EXPECT_EQ(composer.LastGlyph, 3) << "the Delete key leaves LastGlyph alone";
+}
+
+TEST_F(CanvasTest, OnlyTheDeleteKeyDeletes) {
+    choose(0, "A1");
+    for (int key : {8, 45, 47, 127}) composer.KeyDown(0, key);
+    EXPECT_EQ(code(0), "A1");
+}
+
+TEST_F(CanvasTest, DeleteOnImageTwentyEmptiesTheImageButKeepsTheSign) {
+    choose(20, "G17");
+    composer.MoveImage(20, 4000, 3000);
+    composer.KeyDown(20, Composer::DeleteKeyCode);
+    const CanvasImage& im = composer.GlyphPic[20];
+    const Rect home = ComposeGeometry::home(20);
+    EXPECT_FALSE(im.hasPicture);
+    EXPECT_TRUE(im.visible);
+    EXPECT_EQ(im.background, SlotBackground::ButtonFace);
+    EXPECT_EQ(im.width, 612);
+    EXPECT_EQ(im.height, 612);
+    EXPECT_EQ(im.left, home.left);
+    EXPECT_EQ(im.top, home.top);
+    EXPECT_EQ(code(20), "G17");
+    choose(0, "A1");
+    ASSERT_TRUE(composer.OK());
+    EXPECT_EQ(app.composedGardiner, "A1-G17") << "OK still takes the sign of slot 20";
+}
+
+TEST_F(CanvasTest, DeleteWithEverySlotInUseKeepsTheCopyOfTheLastSign) {
+    for (int k = 0; k <= 20; ++k) choose(k, k == 20 ? "G17" : "A1");
+    composer.DeleteSign(5);
+    EXPECT_EQ(code(19), "G17");
+    EXPECT_EQ(code(20), "G17");
+    EXPECT_TRUE(composer.GlyphPic[20].visible);
+}
+
+TEST_F(CanvasTest, DeleteLastAfterChoosingTurnsTheLastSignIntoTheEmptySlot) {
+    choose(0, "A1");
+    choose(1, "G17");
+    composer.MoveImage(1, 3000, 3000);
+    ASSERT_EQ(composer.LastGlyph, 2);
+    composer.DeleteLast();
+    EXPECT_EQ(composer.LastGlyph, 1);
+    EXPECT_FALSE(composer.GlyphPic[2].visible);
+    EXPECT_EQ(composer.GlyphPic[2].background, SlotBackground::Workspace);
+    const Rect home1 = ComposeGeometry::home(1);
+    EXPECT_EQ(composer.GlyphPic[1].left, home1.left);
+    EXPECT_EQ(composer.GlyphPic[1].width, 612);
+    EXPECT_FALSE(composer.GlyphPic[1].hasPicture);
+    EXPECT_FALSE(app.glyphs[1].used());
+    EXPECT_EQ(code(0), "A1");
+}
+
+TEST_F(CanvasTest, DeleteLastAfterGetHidesTheLastSignAndEmptiesTheOneBefore) {
+    get("A1 G17 D21");
+    ASSERT_EQ(composer.LastGlyph, 2);
+    composer.DeleteLast();
+    EXPECT_EQ(composer.LastGlyph, 1);
+    EXPECT_FALSE(composer.GlyphPic[2].visible);
+    EXPECT_EQ(code(2), "D21") << "the hidden sign keeps its row";
+    EXPECT_FALSE(app.glyphs[1].used());
+    EXPECT_FALSE(composer.GlyphPic[1].hasPicture);
+}
+
+TEST_F(CanvasTest, DeleteLastIsRefusedAtOneAndBelow) {
+    for (const char* line : {"A1 G17", "A1", "zz"}) {
+        composer.Load();
+        app.glyphs.clear();
+        get(line);
+        const auto glyphs = app.glyphs;
+        const int last = composer.LastGlyph;
+        composer.DeleteLast();
+        EXPECT_EQ(composer.LastGlyph, last) << line;
+        for (int k = 0; k < GlyphTable::Slots; ++k) EXPECT_EQ(app.glyphs[k].code, glyphs[k].code);
+        EXPECT_TRUE(composer.GlyphPic[0].visible) << line;
+    }
+    composer.Load();
+    composer.DeleteLast(); // a fresh canvas: LastGlyph 0
+    EXPECT_EQ(composer.LastGlyph, 0);
+    EXPECT_TRUE(composer.GlyphPic[0].visible);
+}
+
+TEST_F(CanvasTest, ClickingAnImageAimsTheTypewriterAtTheCodeBox) {
+    app.typewriterTarget = TypewriterTarget::MainTransLit;
+    composer.ImageClicked(0);
+    EXPECT_EQ(app.typewriterTarget, TypewriterTarget::ComposerMdC);
+}
+
+} // namespace
+} // namespace nebkaro::testing

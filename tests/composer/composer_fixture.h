@@ -1,0 +1,77 @@
+#pragma once
+// A composer over a small sign list, phonetic table and picture sizes, with a browser that
+// hands over whatever sign the test queues.
+#include "composer/composer.h"
+#include "core/sign_lists.h"
+#include "fakes.h"
+
+#include <deque>
+#include <optional>
+
+namespace nebkaro::testing {
+
+class QueuedBrowser : public Windows {
+public:
+    explicit QueuedBrowser(App& app) : app_(app) {}
+    // Each entry answers one double-click: a sign chosen, or nullopt for a browser closed
+    // without a choice.
+    std::deque<std::optional<ChosenSign>> choices;
+    int unloads = 0;
+
+    bool chooseSignFromBrowser() override {
+        if (choices.empty()) {
+            ADD_FAILURE() << "the browser was opened unexpectedly";
+            return false;
+        }
+        auto c = choices.front();
+        choices.pop_front();
+        if (!c) return false;
+        app_.chosenSign = *c;
+        return true;
+    }
+    void unloadBrowser() override { ++unloads; }
+
+private:
+    App& app_;
+};
+
+// Three monoliterals, then a few signs of several categories.
+inline const char* ComposerSignList = "G1,M17,N35,A1,A2,Aa1,D21,G17,G43,M17,N35,X1,Z1\r\n";
+inline const char* ComposerPhonetic = "G17,m\r\nN35,n\r\nX1,t\r\nD21,r\r\nAa1,x\r\nM17,i\r\n"
+                                      "G43,w\r\nQ3,p\r\nZ1,nfr\r\n";
+
+struct ComposerTest : ::testing::Test {
+    TestApp t;
+    App& app = t.app;
+    QueuedBrowser browser{t.app};
+    Composer composer{t.app};
+
+    ComposerTest() {
+        ParseSignList(app.lists, ComposerSignList);
+        ParsePhonetic(app.lists, ComposerPhonetic);
+        t.pictures.sizes = {{"A1", {300, 600}},  {"A2", {300, 600}},  {"Aa1", {375, 375}},
+                            {"D21", {450, 225}}, {"G17", {450, 600}}, {"G43", {375, 540}},
+                            {"M17", {225, 600}}, {"N35", {600, 150}}, {"X1", {450, 225}},
+                            {"Z1", {150, 450}}};
+        app.windows = &browser;
+        app.store.newWordPending = true;
+        composer.Load();
+    }
+
+    // The sign with this code as the browser would hand it over from picture 0.
+    ChosenSign sign(const std::string& code) {
+        return ChosenSign{code, app.lists.findSign(code), 0,
+                          t.pictures.picture("Basic", "Left", code)};
+    }
+    void choose(int slot, const std::string& code) {
+        browser.choices.push_back(sign(code));
+        ASSERT_TRUE(composer.ChooseSign(slot));
+    }
+    void get(const std::string& line) {
+        composer.txtMdC = line;
+        composer.Get();
+    }
+    std::string code(int slot) const { return app.glyphs[slot].code.value_or("<free>"); }
+};
+
+} // namespace nebkaro::testing

@@ -1,0 +1,343 @@
+// The composer window: Load, OK, Cancel, the library switches, Resize, and the line tool.
+#include "composer_fixture.h"
+
+#include <gtest/gtest.h>
+
+namespace nebkaro::testing {
+namespace {
+
+using ComposerWindowTest = ComposerTest;
+
+// Get places the signs; the test then drags them where it wants them.
+void place(ComposerTest& f, const std::string& line,
+           const std::vector<std::pair<double, double>>& at) {
+    f.get(line);
+    for (std::size_t k = 0; k < at.size(); ++k)
+        f.composer.MoveImage(static_cast<int>(k), at[k].first, at[k].second);
+}
+
+TEST_F(ComposerWindowTest, OkBuildsTheStringsInTheReadingOrderOfTheDirection) {
+    struct Case {
+        bool left;
+        const char* layout;
+        const char* gardiner;
+    };
+    const Case cases[] = {{true, "A1(0,40) - G17(300,0) ", "A1-G17"},
+                          {false, "G17(300,0) - A1(0,40) ", "G17-A1"}};
+    for (const auto& c : cases) {
+        app.settings.directionLeft = c.left;
+        composer.Load();
+        // A second Get of the same signs after a direction change: both fill slots 0 and 1.
+        place(*this, "A1 G17", {{1200, 800}, {1500, 760}});
+        ASSERT_TRUE(composer.OK());
+        EXPECT_TRUE(app.store.composeAccepted);
+        EXPECT_EQ(app.layoutText, c.layout);
+        EXPECT_EQ(app.composedGardiner, c.gardiner);
+        EXPECT_EQ(composer.RichGardinerLbl, c.layout);
+        EXPECT_EQ(composer.Gardinerlbl, c.gardiner);
+        // The images follow their slots through the sort.
+        EXPECT_EQ(composer.GlyphPic[0].picture.file.filename(), code(0) + ".GIF");
+    }
+}
+
+TEST_F(ComposerWindowTest, OkLeavesTheGroupNormalisedAndItsExtent) {
+    place(*this, "A1 G17", {{1200, 800}, {1500, 760}});
+    ASSERT_TRUE(composer.OK());
+    EXPECT_EQ(app.glyphs[0].x, 0);
+    EXPECT_EQ(app.glyphs[0].y, 40);
+    EXPECT_EQ(app.glyphs[1].x, 300);
+    EXPECT_EQ(app.view.rightEdge, 750);
+    EXPECT_EQ(app.view.bottomEdge, 640);
+    EXPECT_EQ(app.view.windowWidth, composer.geometry.windowWidth);
+}
+
+TEST_F(ComposerWindowTest, OneColumnNeedsEachSignToStartBeforeNinetyTwoPercentOfTheOther) {
+    // N35 is 600 wide, A1 300: 92 % of their right edges lie 552 and 276 from their lefts.
+    struct Case {
+        double nLeft, nTop, aLeft, aTop;
+        const char* gardiner;
+    };
+    const Case cases[] = {
+        {1000, 1500, 1552, 1000, "N35-A1"}, // A1 starts exactly at 92 % of N35: two columns
+        {1000, 1500, 1551, 1000, "A1-N35"}, // just before: one column, the upper sign first
+        {1000, 1500, 1000, 1000, "A1-N35"},
+        {1000, 1000, 724, 1500, "A1-N35"}, // N35 starts exactly at 92 % of A1: two columns
+        {1000, 1000, 725, 1500, "N35-A1"}, // just before: one column
+    };
+    for (const auto& c : cases) {
+        composer.Load();
+        place(*this, "N35 A1", {{c.nLeft, c.nTop}, {c.aLeft, c.aTop}});
+        ASSERT_TRUE(composer.OK());
+        EXPECT_EQ(app.composedGardiner, c.gardiner) << c.nLeft << " " << c.aLeft;
+    }
+}
+
+TEST_F(ComposerWindowTest, ASignUnderAnotherFollowsItInBothDirections) {
+    for (bool left : {true, false}) {
+        app.settings.directionLeft = left;
+        composer.Load();
+        place(*this, "X1 N35 A1", {{1500, 1450}, {1400, 1000}, {2100, 1000}});
+        ASSERT_TRUE(composer.OK());
+        EXPECT_EQ(app.composedGardiner, left ? "N35-X1-A1" : "A1-N35-X1") << left;
+    }
+}
+
+TEST_F(ComposerWindowTest, OkWithASingleSignFromGetIsTakenAsCancel) {
+    get("A1");
+    ASSERT_EQ(composer.LastGlyph, 0);
+    EXPECT_TRUE(composer.OK());
+    EXPECT_FALSE(app.store.composeAccepted);
+    EXPECT_EQ(app.layoutText, "");
+    EXPECT_EQ(app.composedGardiner, "");
+    EXPECT_EQ(app.glyphs[0].x, composer.GlyphPic[0].left) << "nothing normalised";
+}
+
+TEST_F(ComposerWindowTest, OkWithNoSignInUseSaysSoAndStaysOpen) {
+    choose(0, "A1");
+    choose(1, "G17");
+    composer.DeleteSign(0);
+    composer.DeleteSign(0);
+    ASSERT_EQ(composer.LastGlyph, 2);
+    EXPECT_FALSE(composer.OK());
+    EXPECT_FALSE(app.store.composeAccepted);
+    EXPECT_EQ(app.layoutText, "");
+    ASSERT_EQ(t.dialogs.prompts.size(), 1u);
+    EXPECT_EQ(t.dialogs.prompts[0].title, "Compose");
+}
+
+TEST_F(ComposerWindowTest, OkTwiceInOneLoadHoldsTheSignsTwice) {
+    place(*this, "A1 G17", {{1200, 800}, {1500, 760}});
+    ASSERT_TRUE(composer.OK());
+    ASSERT_TRUE(composer.OK());
+    EXPECT_EQ(app.layoutText, "A1(0,40) - G17(300,0) A1(0,40) - G17(300,0) ");
+    EXPECT_EQ(app.composedGardiner, "A1-G17A1-G17");
+}
+
+TEST_F(ComposerWindowTest, CoordinatesAreWrittenAsNumbers) {
+    struct Case {
+        const char* line;
+        std::vector<std::pair<double, double>> at;
+        const char* layout;
+    };
+    const Case cases[] = {
+        // Same top: ",0)" after both; the lower edges play no part.
+        {"A1 N35", {{900, 500}, {1200, 500}}, "A1(0,0) - N35(300,0) "},
+        // A row of Get centres a low sign on the tall ones: half twips stay.
+        {"X1 A1", {}, "X1(0,187.5) - A1(450,0) "},
+        // All signs share the same half: the normalised numbers are whole.
+        {"Aa1 A1", {}, "Aa1(0,112.5) - A1(375,0) "},
+        // The minima start at 5000 and 10000: a group beyond them keeps its offset.
+        {"A1 G17", {{5300, 800}, {5600, 760}}, "A1(300,40) - G17(600,0) "},
+        {"A1 G17", {{6000, 10500}, {6300, 10400}}, "A1(1000,500) - G17(1300,400) "},
+        // Negative places are kept as they are.
+        {"A1 G17", {{-600, 800}, {-300, 760}}, "A1(0,40) - G17(300,0) "},
+    };
+    for (const auto& c : cases) {
+        composer.Load();
+        place(*this, c.line, c.at);
+        ASSERT_TRUE(composer.OK());
+        EXPECT_EQ(app.layoutText, c.layout) << c.line;
+    }
+}
+
+TEST_F(ComposerWindowTest, AGapEndsTheReadingOrderSortAndIsSkipped) {
+    choose(0, "G17");
+    choose(2, "A1");
+    composer.MoveImage(0, 2000, 1000);
+    composer.MoveImage(2, 1000, 1000);
+    ASSERT_TRUE(composer.OK());
+    EXPECT_EQ(app.composedGardiner, "G17-A1");
+    EXPECT_EQ(app.layoutText, "G17(1000,0) - A1(0,0) ");
+}
+
+TEST_F(ComposerWindowTest, CancelLeavesNothingAccepted) {
+    place(*this, "A1 G17", {{1200, 800}, {1500, 760}});
+    composer.Cancel();
+    EXPECT_FALSE(app.store.composeAccepted);
+    EXPECT_EQ(app.layoutText, "");
+}
+
+TEST_F(ComposerWindowTest, LoadForANewWordEmptiesTheTableAndTheResults) {
+    get("A1 G17");
+    composer.OK();
+    app.store.composeAccepted = true;
+    composer.Load();
+    for (int k = 0; k < GlyphTable::Slots; ++k) EXPECT_FALSE(app.glyphs[k].used()) << k;
+    EXPECT_EQ(app.layoutText, "");
+    EXPECT_EQ(app.composedGardiner, "");
+    EXPECT_FALSE(app.store.composeAccepted);
+    EXPECT_EQ(composer.LastGlyph, 0);
+    EXPECT_TRUE(composer.GlyphPic[0].visible);
+    EXPECT_EQ(composer.GlyphPic[0].background, SlotBackground::ButtonFace);
+    EXPECT_FALSE(composer.GlyphPic[1].visible);
+    for (int k = 0; k < GlyphTable::Slots; ++k) {
+        const Rect home = ComposeGeometry::home(k);
+        EXPECT_EQ(composer.HomeGeometry[static_cast<std::size_t>(k)].left, home.left);
+        EXPECT_EQ(composer.GlyphPic[static_cast<std::size_t>(k)].top, home.top);
+    }
+}
+
+TEST_F(ComposerWindowTest, LoadForAnEditedWordTakesOverTheMainWindowsSigns) {
+    app.store.newWordPending = false;
+    app.store.editPending = true;
+    app.glyphs.clear();
+    const char* codes[] = {"A1", "G17", "N35"};
+    for (int k = 0; k < 3; ++k) {
+        app.glyphs[k].code = codes[k];
+        GlyphImage& main = app.view.mainGlyphPic[static_cast<std::size_t>(k)];
+        main.visible = true;
+        main.picture = t.pictures.picture("Basic", "Left", codes[k]);
+        main.left = 3000 + 400 * k;
+        main.top = 1400 + 10 * k;
+    }
+    app.view.GardinerTxt = "A1-G17-N35";
+    composer.Load();
+
+    EXPECT_EQ(composer.LastGlyph, 3);
+    const Rect& frame = app.view.geometry.DispAreaShp;
+    const int dx = composer.geometry.ComposeShp.left - frame.left;
+    const int dy = composer.geometry.ComposeShp.top - frame.top;
+    for (int k = 0; k < 3; ++k) {
+        const CanvasImage& im = composer.GlyphPic[static_cast<std::size_t>(k)];
+        EXPECT_TRUE(im.visible) << k;
+        EXPECT_EQ(im.left, 3000 + 400 * k + dx) << k;
+        EXPECT_EQ(im.top, 1400 + 10 * k + dy) << k;
+        EXPECT_EQ(app.glyphs[k].x, im.left) << k;
+        EXPECT_EQ(app.glyphs[k].y, im.top) << k;
+        EXPECT_EQ(im.width, t.pictures.sizes[codes[k]].first) << k;
+    }
+    EXPECT_TRUE(composer.GlyphPic[3].visible);
+    EXPECT_FALSE(composer.GlyphPic[3].hasPicture);
+    EXPECT_FALSE(composer.GlyphPic[4].visible);
+    EXPECT_EQ(composer.Gardinerlbl, "Gardiner: A1-G17-N35");
+
+    // Edited without a move, the word comes back as it was drawn.
+    ASSERT_TRUE(composer.OK());
+    EXPECT_EQ(app.layoutText, "A1(0,0) - G17(400,10) - N35(800,20) ");
+    // Delete Last removes the empty slot and empties the last sign.
+    composer.Load();
+    composer.DeleteLast();
+    EXPECT_FALSE(composer.GlyphPic[3].visible);
+    EXPECT_FALSE(app.glyphs[2].used());
+    EXPECT_TRUE(app.glyphs[1].used());
+}
+
+TEST_F(ComposerWindowTest, LoadWithNeitherFlagLeavesTheTableAlone) {
+    get("A1 G17");
+    app.store.newWordPending = false;
+    composer.Load();
+    EXPECT_EQ(code(0), "A1");
+    EXPECT_EQ(code(1), "G17");
+    EXPECT_EQ(composer.LastGlyph, 0);
+}
+
+struct LibraryFiles : ComposerTest {
+    TempDir home;
+    LibraryFiles() {
+        home.write("Lists/BasicList.csv", "A1,G17\r\n");
+        home.write("Lists/Extendedlist.csv", "A1,A1a,G17,G17a\r\n");
+        app.home = home.path();
+    }
+};
+
+TEST_F(LibraryFiles, TheFourSwitchesKeepTheirDifferences) {
+    using Handler = void (Composer::*)();
+    struct Case {
+        const char* name;
+        Handler handler;
+        bool basic;
+        bool extendedChosen;
+        int beeps;
+        bool menuChecksChange;
+        bool optionChanges;
+    };
+    const Case cases[] = {
+        {"OptBasic", &Composer::OptBasic, true, false, 0, false, true},
+        {"OptExtended", &Composer::OptExtended, false, true, 0, false, true},
+        {"mnuBasic", &Composer::mnuBasic, true, false, 0, true, false},
+        {"mnuExtended", &Composer::mnuExtended, false, true, 1, true, false},
+    };
+    for (const auto& c : cases) {
+        // Start from the other library, with the controls showing it.
+        app.settings.useBasicLibrary = !c.basic;
+        app.extendedChosen = false;
+        composer.Activate();
+        const int unloads = browser.unloads;
+        const int beeps = t.dialogs.beeps;
+        (composer.*c.handler)();
+        EXPECT_EQ(app.settings.useBasicLibrary, c.basic) << c.name;
+        EXPECT_EQ(app.lists.signCount, c.basic ? 2 : 4) << c.name;
+        EXPECT_EQ(app.extendedChosen, c.extendedChosen) << c.name;
+        EXPECT_EQ(t.dialogs.beeps - beeps, c.beeps) << c.name;
+        EXPECT_EQ(browser.unloads - unloads, 1) << c.name;
+        EXPECT_EQ(composer.mnuBasicChecked, c.menuChecksChange ? c.basic : !c.basic) << c.name;
+        EXPECT_EQ(composer.mnuExtendedChecked, c.menuChecksChange ? !c.basic : c.basic) << c.name;
+        EXPECT_EQ(composer.OptBasicValue, c.optionChanges ? c.basic : !c.basic) << c.name;
+    }
+}
+
+TEST_F(LibraryFiles, ASwitchKeepsThePicturesOnTheCanvasAndTakesNewSignsFromTheNewLibrary) {
+    get("A1");
+    composer.OptExtended();
+    EXPECT_EQ(composer.GlyphPic[0].picture.file, "/pictures/Basic/Left/A1.GIF");
+    get("G17");
+    EXPECT_EQ(composer.GlyphPic[0].picture.file, "/pictures/Extended/Left/G17.GIF");
+    EXPECT_EQ(app.glyphs[0].entry, 3);
+}
+
+TEST_F(LibraryFiles, ActivateShowsTheLibraryInBothControls) {
+    composer.OptExtended();
+    app.settings.useBasicLibrary = true;
+    composer.Activate();
+    EXPECT_TRUE(composer.OptBasicValue);
+    EXPECT_TRUE(composer.mnuBasicChecked);
+    EXPECT_FALSE(composer.mnuExtendedChecked);
+}
+
+TEST_F(ComposerWindowTest, ResizeKeepsTheWindowWideEnoughAndTheControlsInStep) {
+    struct Case {
+        int asked, width;
+    };
+    for (const Case c : {Case{5000, 6960}, Case{6960, 6960}, Case{9000, 9000}}) {
+        composer.Resize(c.asked, 100);
+        EXPECT_EQ(composer.geometry.windowWidth, c.width) << c.asked;
+        EXPECT_EQ(composer.geometry.ComposeShp.width, c.width - 500) << c.asked;
+        EXPECT_EQ(composer.geometry.cmdGetLeft, c.width - 900) << c.asked;
+        EXPECT_EQ(composer.geometry.txtMdCWidth, c.width - 1800) << c.asked;
+        EXPECT_EQ(composer.geometry.windowHeight, ComposeGeometry::DesignHeight) << c.asked;
+    }
+    // A wider frame moves the centre on which Get lays out its row.
+    composer.Resize(9000, ComposeGeometry::DesignHeight + 600);
+    get("A1");
+    EXPECT_EQ(composer.GlyphPic[0].left, 250 + 8500 / 2 - 150);
+    EXPECT_EQ(composer.GlyphPic[0].top, 1260 + 5600 / 2 - 300);
+}
+
+TEST_F(ComposerWindowTest, ComposeLineIsGetThenOk) {
+    struct Case {
+        const char* line;
+        bool left;
+        bool accepted;
+        const char* layout;
+        const char* gardiner;
+    };
+    const Case cases[] = {
+        {"A1 G17", true, true, "A1(0,0) - G17(300,0) ", "A1-G17"},
+        {"A1 G17", false, true, "G17(300,0) - A1(0,0) ", "G17-A1"},
+        {"i-n:t", true, true, "M17(0,0) - N35(225,225) - X1(825,187.5) ", "M17-N35-X1"},
+        {"A1", true, false, "", ""},
+        {"zz", true, false, "", ""},
+    };
+    for (const auto& c : cases) {
+        app.store.newWordPending = false;
+        app.glyphs[5].code = "left over";
+        EXPECT_EQ(ComposeLine(app, c.line, true, c.left), c.accepted) << c.line;
+        EXPECT_EQ(app.layoutText, c.layout) << c.line;
+        EXPECT_EQ(app.composedGardiner, c.gardiner) << c.line;
+        EXPECT_FALSE(app.store.newWordPending) << "the flags are given back";
+        EXPECT_FALSE(app.glyphs[5].used()) << "a fresh composition";
+    }
+}
+
+} // namespace
+} // namespace nebkaro::testing
