@@ -16,21 +16,7 @@ namespace {
 // Bytes that do not start a complete sequence count as one character each, so a stray byte
 // can never make a value unmatchable by "?" or "*".
 char32_t NextCodePoint(std::string_view s, std::size_t& i) {
-    auto b = static_cast<unsigned char>(s[i]);
-    if (b < 0x80) {
-        ++i;
-        return b;
-    }
-    std::size_t len = (b >= 0xF0) ? 4 : (b >= 0xE0) ? 3 : (b >= 0xC0) ? 2 : 1;
-    if (len == 1 || i + len > s.size()) {
-        ++i;
-        return b;
-    }
-    char32_t c = b & (0x7F >> len);
-    for (std::size_t k = 1; k < len; ++k)
-        c = (c << 6) | (static_cast<unsigned char>(s[i + k]) & 0x3F);
-    i += len;
-    return c;
+    return text::nextChar(s, i);
 }
 
 LikePattern::LikePattern(std::string_view pattern) {

@@ -18,19 +18,21 @@ bool isDigit(unsigned char c) {
 
 // PrepareValue into a buffer that the walk over the dictionary reuses for every word.
 void prepareInto(std::string& out, std::string_view value, const SearchCriteria& c) {
+    // Blanks go first and case after, in the order the pattern was prepared: only then do
+    // both sides agree on texts that are not valid UTF-8.
     out.clear();
-    if (c.caseSensitive != 0) {
-        for (char ch : value)
-            if (ch != ' ') out += ch;
-    } else {
-        for (std::size_t i = 0; i < value.size();) {
-            const auto b = static_cast<unsigned char>(value[i]);
-            if (b < 0x80) {
-                if (b != ' ') out += (b >= 'a' && b <= 'z') ? static_cast<char>(b - 32) : value[i];
-                ++i;
-            } else {
-                text::appendUtf8(out, text::upperChar(NextCodePoint(value, i)));
-            }
+    bool ascii = true;
+    for (char ch : value) {
+        if (ch == ' ') continue;
+        if (static_cast<unsigned char>(ch) >= 0x80) ascii = false;
+        out += ch;
+    }
+    if (c.caseSensitive == 0) {
+        if (ascii) {
+            for (char& ch : out)
+                if (ch >= 'a' && ch <= 'z') ch = static_cast<char>(ch - 32);
+        } else {
+            out = text::upper(out);
         }
     }
     if (c.ignoreVariants) out = StripVariants(out);

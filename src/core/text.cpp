@@ -109,30 +109,43 @@ void appendUtf8(std::string& out, char32_t c) {
     }
 }
 
-namespace {
-// Decodes one code point at i, advancing i; invalid bytes come back as themselves.
-char32_t decodeAt(std::string_view s, std::size_t& i) {
+char32_t nextChar(std::string_view s, std::size_t& i) {
     auto b = static_cast<unsigned char>(s[i]);
     if (b < 0x80) {
         ++i;
         return b;
     }
-    int len = (b >= 0xF0) ? 4 : (b >= 0xE0) ? 3 : (b >= 0xC0) ? 2 : 1;
+    const std::size_t len = (b >= 0xF0) ? 4 : (b >= 0xE0) ? 3 : (b >= 0xC0) ? 2 : 1;
     if (len == 1 || i + len > s.size()) {
         ++i;
         return b;
     }
     char32_t c = b & (0x7F >> len);
-    for (int k = 1; k < len; ++k) c = (c << 6) | (static_cast<unsigned char>(s[i + k]) & 0x3F);
+    for (std::size_t k = 1; k < len; ++k) {
+        const auto cb = static_cast<unsigned char>(s[i + k]);
+        // A byte that does not continue the sequence is never swallowed: the lead byte
+        // stands alone and the next byte is read for itself.
+        if ((cb & 0xC0) != 0x80) {
+            ++i;
+            return b;
+        }
+        c = (c << 6) | (cb & 0x3F);
+    }
+    // An overlong form ("\xC0\xA3" for "#") is not the character it spells: were it read as
+    // one, a pattern could hide wildcards in it.
+    static constexpr char32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};
+    if (c < smallest[len]) {
+        ++i;
+        return b;
+    }
     i += len;
     return c;
 }
-} // namespace
 
 std::u32string toU32(std::string_view s) {
     std::u32string out;
     out.reserve(s.size());
-    for (std::size_t i = 0; i < s.size();) out.push_back(decodeAt(s, i));
+    for (std::size_t i = 0; i < s.size();) out.push_back(nextChar(s, i));
     return out;
 }
 
@@ -146,7 +159,7 @@ std::string toUtf8(std::u32string_view s) {
 char32_t firstChar(std::string_view s) {
     if (s.empty()) return 0;
     std::size_t i = 0;
-    return decodeAt(s, i);
+    return nextChar(s, i);
 }
 
 std::size_t charCount(std::string_view s) {
@@ -167,7 +180,7 @@ std::string upper(std::string_view s) {
             ++i;
             continue;
         }
-        appendUtf8(out, upperChar(decodeAt(s, i)));
+        appendUtf8(out, upperChar(nextChar(s, i)));
     }
     return out;
 }

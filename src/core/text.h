@@ -29,6 +29,9 @@ std::string upper(std::string_view s);
 std::u32string toU32(std::string_view utf8);
 std::string toUtf8(std::u32string_view s);
 void appendUtf8(std::string& out, char32_t c);
+// The code point at byte i, advancing i past it. Bytes that are not valid UTF-8 come back one
+// at a time as themselves.
+char32_t nextChar(std::string_view s, std::size_t& i);
 // First code point of s, 0 for an empty text.
 char32_t firstChar(std::string_view s);
 std::size_t charCount(std::string_view s);

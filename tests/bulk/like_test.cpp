@@ -167,3 +167,14 @@ TEST(LikePattern, OneCompiledPatternServesManyValues) {
     EXPECT_FALSE(p.matches("Gx1"));
     EXPECT_FALSE(p.matches("A1"));
 }
+
+// Found by fuzzing: a byte that starts a multibyte sequence but is not followed by one must
+// not swallow the bracket after it.
+TEST(Like, InvalidUtf8BytesStandForThemselves) {
+    EXPECT_TRUE(Like("\xff\x7f[\xff", "\xff\x7f[[]\xff"));
+    EXPECT_TRUE(Like("\xd7%", "\xd7%"));
+    EXPECT_TRUE(Like("\xd7%", "??"));
+    // An overlong "#" is two plain bytes, not a digit wildcard.
+    EXPECT_FALSE(Like("\xc0\xa3", "#"));
+    EXPECT_TRUE(Like("\xc0\xa3", "\xc0\xa3"));
+}

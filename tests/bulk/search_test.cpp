@@ -471,3 +471,11 @@ TEST(FindAll, AgreesWithFindWordForWord) {
         }
     }
 }
+
+// Found by fuzzing: a blank between the bytes of a broken multibyte character must be taken
+// out of the value before upper-casing, as it is taken out of the pattern.
+TEST(PrepareValue, AgreesWithThePatternOnBrokenUtf8) {
+    const std::string text = "\xe2\xe2 \xd0 \x95";
+    const SearchCriteria c = PrepareCriteria(text, 1, 0, 0, false);
+    EXPECT_EQ(PrepareValue(text, c), c.pattern);
+}

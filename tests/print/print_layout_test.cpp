@@ -1,0 +1,238 @@
+#include "print/print_layout.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+using namespace nebkaro;
+using namespace nebkaro::print;
+
+namespace {
+
+std::vector<Page> pages(std::vector<int> heights, int columns, int columnHeight, int gap) {
+    return Paginate(heights, columns, columnHeight, gap);
+}
+
+// Every rule a laid-out list of words must keep, whatever the heights.
+void expectWellLaidOut(const std::vector<int>& h, const std::vector<Page>& laid, int columns,
+                       int columnHeight, int gap) {
+    int next = 0;
+    for (std::size_t p = 0; p < laid.size(); ++p) {
+        ASSERT_FALSE(laid[p].empty()) << "page " << p << " is empty";
+        int column = 0;
+        int bottom = 0;
+        bool first = true;
+        for (const Placement& pl : laid[p]) {
+            // Words keep their order: down a column, then the next column, then the next page.
+            ASSERT_EQ(pl.item, next++);
+            ASSERT_GE(pl.column, column);
+            ASSERT_LT(pl.column, columns);
+            const int height = h[static_cast<std::size_t>(pl.item)];
+            if (pl.column != column || first) {
+                if (!first) {
+                    // It went on to the next column only because it did not fit.
+                    EXPECT_GT(bottom + gap + height, columnHeight) << "word " << pl.item;
+                }
+                EXPECT_EQ(pl.top, 0);
+                column = pl.column;
+                first = false;
+            } else {
+                EXPECT_EQ(pl.top, bottom + gap) << "word " << pl.item;
+                // Never split: a word that does not start its column ends inside it.
+                EXPECT_LE(pl.top + height, columnHeight) << "word " << pl.item;
+            }
+            bottom = pl.top + height;
+        }
+        if (p + 1 < laid.size()) {
+            // The page was given up only when its last column was full.
+            EXPECT_EQ(laid[p].back().column, columns - 1);
+            EXPECT_GT(bottom + gap + h[static_cast<std::size_t>(next)], columnHeight);
+        }
+    }
+    EXPECT_EQ(next, static_cast<int>(h.size()));
+}
+
+} // namespace
+
+TEST(Paginate, NoWordsGiveNoPages) {
+    EXPECT_TRUE(pages({}, 2, 1000, 100).empty());
+}
+
+TEST(Paginate, WordsFillAColumnAndNeverSplit) {
+    struct Case {
+        const char* name;
+        std::vector<int> heights;
+        int columnHeight;
+        std::vector<std::vector<Placement>> expected;
+    };
+    const Case cases[] = {
+        {"all fit", {300, 300}, 1000, {{{0, 0, 0}, {1, 0, 400}}}},
+        {"exact fit stays", {400, 500}, 1000, {{{0, 0, 0}, {1, 0, 500}}}},
+        {"one twip over goes on", {400, 501}, 1000, {{{0, 0, 0}}, {{1, 0, 0}}}},
+        {"the gap counts", {600, 350}, 1000, {{{0, 0, 0}}, {{1, 0, 0}}}},
+        {"a word too tall stands alone",
+         {300, 5000, 300},
+         1000,
+         {{{0, 0, 0}}, {{1, 0, 0}}, {{2, 0, 0}}}},
+        {"a word too tall first keeps its column", {5000, 300}, 1000, {{{0, 0, 0}}, {{1, 0, 0}}}},
+        {"empty words take only the gap", {0, 0, 0}, 150, {{{0, 0, 0}, {1, 0, 100}}, {{2, 0, 0}}}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        EXPECT_EQ(pages(c.heights, 1, c.columnHeight, 100), c.expected);
+    }
+}
+
+TEST(Paginate, TwoColumnsFillTheLeftColumnFirst) {
+    // Five words of 500 in columns of 1100: two a column, left then right, then a new page.
+    const auto laid = pages({500, 500, 500, 500, 500}, 2, 1100, 100);
+    const std::vector<std::vector<Placement>> expected = {
+        {{0, 0, 0}, {1, 0, 600}, {2, 1, 0}, {3, 1, 600}},
+        {{4, 0, 0}},
+    };
+    EXPECT_EQ(laid, expected);
+}
+
+TEST(Paginate, OneColumnNeedsTwiceTheSheetsOfTwo) {
+    const std::vector<int> h(20, 500);
+    EXPECT_EQ(pages(h, 1, 1100, 100).size(), 10u);
+    EXPECT_EQ(pages(h, 2, 1100, 100).size(), 5u);
+}
+
+TEST(Paginate, KeepsEveryRuleForAnyHeights) {
+    std::mt19937 rng(20240611);
+    for (int round = 0; round < 200; ++round) {
+        const int columns = 1 + static_cast<int>(rng() % 2);
+        const int columnHeight = 2000 + static_cast<int>(rng() % 8000);
+        const int gap = static_cast<int>(rng() % 300);
+        std::vector<int> h(static_cast<std::size_t>(rng() % 60));
+        for (int& x : h) x = static_cast<int>(rng() % (rng() % 10 == 0 ? 15000 : 3000));
+        SCOPED_TRACE(round);
+        expectWellLaidOut(h, Paginate(h, columns, columnHeight, gap), columns, columnHeight, gap);
+    }
+}
+
+namespace {
+DictionaryStore storeOf(int words, int current) {
+    DictionaryStore s;
+    for (int i = 0; i < words; ++i)
+        s.setRow(i, {"L", "B", "", "A" + std::to_string(i), "", "", ""});
+    s.lastIndex = std::max(words - 1, 0);
+    s.currentIndex = current;
+    return s;
+}
+std::vector<int> span(int from, int to) {
+    std::vector<int> v;
+    for (int i = from; i <= to; ++i) v.push_back(i);
+    return v;
+}
+} // namespace
+
+TEST(WordsInRange, EachRangeChoosesItsWords) {
+    const DictionaryStore store = storeOf(10, 4);
+    struct Case {
+        const char* name;
+        PrintRange range;
+        std::vector<int> words;
+    };
+    const Case cases[] = {
+        {"current word", {RangeKind::CurrentWord, 0, 0}, {4}},
+        {"words from-to", {RangeKind::Words, 2, 5}, span(2, 5)},
+        {"one word", {RangeKind::Words, 7, 7}, {7}},
+        {"from-to backwards", {RangeKind::Words, 5, 2}, span(2, 5)},
+        {"beyond the last word", {RangeKind::Words, 8, 50}, span(8, 9)},
+        {"below the first word", {RangeKind::Words, -3, 1}, span(0, 1)},
+        {"whole dictionary", {RangeKind::All, 0, 0}, span(0, 9)},
+        {"pages lay out every word", {RangeKind::Pages, 2, 3}, span(0, 9)},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        EXPECT_EQ(WordsInRange(c.range, store), c.words);
+    }
+}
+
+TEST(WordsInRange, AnEmptyDictionaryHasNothingToPrint) {
+    DictionaryStore empty;
+    for (RangeKind k : {RangeKind::CurrentWord, RangeKind::Words, RangeKind::Pages, RangeKind::All})
+        EXPECT_TRUE(WordsInRange({k, 0, 0}, empty).empty());
+}
+
+TEST(WordsInRange, ACurrentWordOutsideTheDictionaryIsNone) {
+    EXPECT_TRUE(WordsInRange({RangeKind::CurrentWord, 0, 0}, storeOf(3, -1)).empty());
+    EXPECT_TRUE(WordsInRange({RangeKind::CurrentWord, 0, 0}, storeOf(3, 3)).empty());
+}
+
+TEST(PagesInRange, PagesFromToAreClampedOtherRangesPrintAll) {
+    struct Case {
+        PrintRange range;
+        int count;
+        std::pair<int, int> pages;
+    };
+    const Case cases[] = {
+        {{RangeKind::Pages, 2, 3}, 5, {1, 2}},  {{RangeKind::Pages, 3, 2}, 5, {1, 2}},
+        {{RangeKind::Pages, 4, 99}, 5, {3, 4}}, {{RangeKind::Pages, 0, 1}, 5, {0, 0}},
+        {{RangeKind::Pages, 9, 12}, 5, {4, 4}}, {{RangeKind::All, 2, 3}, 5, {0, 4}},
+        {{RangeKind::Words, 2, 3}, 5, {0, 4}},  {{RangeKind::CurrentWord, 0, 0}, 1, {0, 0}},
+        {{RangeKind::Pages, 1, 1}, 0, {0, -1}},
+    };
+    for (const Case& c : cases) EXPECT_EQ(PagesInRange(c.range, c.count), c.pages);
+}
+
+TEST(FramePage, MarginsBandsAndColumnsShareThePaper) {
+    PrintOptions o;
+    o.paper = "Letter";
+    o.margins = {25.4, 12.7, 25.4, 12.7}; // an inch each side, half an inch top and bottom
+    PageFrame f = FramePage(o, 300, 200);
+    EXPECT_EQ(f.pageWidth, 12240);
+    EXPECT_EQ(f.pageHeight, 15840);
+    EXPECT_EQ(f.left, 1440);
+    EXPECT_EQ(f.right, 12240 - 1440);
+    EXPECT_EQ(f.bodyTop, 720 + 300);
+    EXPECT_EQ(f.columnHeight, 15840 - 720 - 200 - (720 + 300));
+    EXPECT_EQ(f.columnWidth, 12240 - 2880);
+    EXPECT_EQ(f.columnLeft(0), 1440);
+
+    o.columns = 2;
+    f = FramePage(o, 300, 200);
+    EXPECT_EQ(f.columnWidth, (12240 - 2880 - ColumnGutter) / 2);
+    EXPECT_EQ(f.columnLeft(1), 1440 + f.columnWidth + ColumnGutter);
+    EXPECT_LE(f.columnLeft(1) + f.columnWidth, f.right);
+
+    o.landscape = true;
+    f = FramePage(o, 300, 200);
+    EXPECT_EQ(f.pageWidth, 15840);
+    EXPECT_EQ(f.pageHeight, 12240);
+}
+
+TEST(FramePage, MarginsThatLeaveNoRoomAreNotUsable) {
+    PrintOptions o;
+    EXPECT_TRUE(FramePage(o, 300, 300).usable());
+    o.margins.left = o.margins.right = 100;
+    EXPECT_FALSE(FramePage(o, 300, 300).usable()); // A4 is 210 mm wide
+    o = PrintOptions{};
+    o.margins.top = o.margins.bottom = 140;
+    EXPECT_FALSE(FramePage(o, 300, 300).usable());
+}
+
+TEST(PrintResolution, QualityValuesBecomeDotsPerInch) {
+    const std::pair<int, int> cases[] = {{0, 150},  {-1, 150},  {-2, 200}, {-3, 300},   {-4, 600},
+                                         {-9, 150}, {720, 720}, {5, 72},   {9600, 2400}};
+    for (auto [quality, dpi] : cases) EXPECT_EQ(printResolution(quality), dpi) << quality;
+}
+
+TEST(PageTexts, TitleFooterAndWordGuide) {
+    DictionaryHeader header{};
+    EXPECT_EQ(DocumentTitle(header, "Words.nkd"), "Words");
+    EXPECT_EQ(DocumentTitle(header, "my.words.csv"), "my.words");
+    EXPECT_EQ(DocumentTitle(header, "NoExtension"), "NoExtension");
+    EXPECT_EQ(DocumentTitle(header, ".nkd"), ".nkd");
+    header[0] = "  Middle Egyptian Verbs ";
+    EXPECT_EQ(DocumentTitle(header, "Words.nkd"), "Middle Egyptian Verbs");
+
+    EXPECT_EQ(PageFooter(3, 12), "Page 3 of 12");
+    EXPECT_EQ(PageFooter(4, 0), "Page 4");
+
+    EXPECT_EQ(PageWordsText(7, 7), "Word 7");
+    EXPECT_EQ(PageWordsText(3, 17), "Words 3\u201317");
+    EXPECT_EQ(PageWordsText(-1, -1), "");
+}

@@ -1,0 +1,89 @@
+#include "fakes.h"
+#include "print/print_queue.h"
+
+#include <gtest/gtest.h>
+
+using namespace nebkaro;
+using namespace nebkaro::print;
+using namespace nebkaro::testing;
+
+TEST(PrintQueue, StatusSaysHowManyWordsWait) {
+    const std::pair<int, const char*> cases[] = {
+        {0, ""},
+        {1, "1 word waits to be printed (Form Feed prints the page)"},
+        {2, "2 words wait to be printed (Form Feed prints the page)"},
+        {40, "40 words wait to be printed (Form Feed prints the page)"},
+    };
+    for (auto [n, text] : cases) EXPECT_EQ(WaitingStatusText(n), text);
+}
+
+TEST(PrintQueue, WordsWaitAsTheyWereAddedAndSheetsCountOn) {
+    PrintQueue q;
+    EXPECT_EQ(q.sheetNumber(), 1);
+    WordRecord w{"L", "B", "A1(0,0) ", "A1", "iw", "is", ""};
+    q.add({3, w});
+    w[FieldMeaning] = "changed afterwards";
+    q.add({5, w});
+    ASSERT_EQ(q.waiting(), 2);
+    EXPECT_EQ(q.words()[0].index, 3);
+    EXPECT_EQ(q.words()[0].record[FieldMeaning], "is");
+    q.sheetPrinted();
+    EXPECT_EQ(q.waiting(), 0);
+    EXPECT_EQ(q.sheetNumber(), 2);
+    q.add({1, w});
+    q.discard();
+    EXPECT_EQ(q.waiting(), 0);
+    EXPECT_EQ(q.sheetNumber(), 2); // nothing was printed
+}
+
+TEST(PrintQueue, TheSheetGoesOutOnlyWhenTheNextWordWouldNotFit) {
+    struct Case {
+        const char* name;
+        std::vector<int> heights; // waiting words, then the new one
+        int columns;
+        bool full;
+    };
+    const Case cases[] = {
+        {"first word", {400}, 1, false},
+        {"a first word too tall for any sheet", {9000}, 1, false},
+        {"fits below", {400, 400}, 1, false},
+        {"does not fit below", {400, 400, 400}, 1, true},
+        {"fits in the second column", {400, 400, 400}, 2, false},
+        {"both columns full", {400, 400, 400, 400, 400}, 2, true},
+        {"a tall word after a short one", {100, 9000}, 1, true},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(SheetFullWith(c.heights, c.columns, 1000, 100), c.full) << c.name;
+}
+
+TEST(PrintQueue, QuittingAsksOnlyWhenWordsWait) {
+    struct Case {
+        int waiting;
+        std::optional<Answer> answer;
+        WaitingWordsChoice choice;
+    };
+    const Case cases[] = {
+        {0, std::nullopt, WaitingWordsChoice::NothingWaiting},
+        {1, Answer::Yes, WaitingWordsChoice::Print},
+        {3, Answer::No, WaitingWordsChoice::Discard},
+        {3, Answer::Cancel, WaitingWordsChoice::Cancel},
+    };
+    for (const Case& c : cases) {
+        ScriptedDialogs d;
+        if (c.answer) d.answers.push_back(*c.answer);
+        EXPECT_EQ(AskAboutWaitingWords(d, c.waiting), c.choice);
+        if (!c.answer) {
+            EXPECT_TRUE(d.prompts.empty());
+            continue;
+        }
+        ASSERT_EQ(d.prompts.size(), 1u);
+        EXPECT_EQ(d.prompts[0].title, "Quitting");
+        EXPECT_EQ(d.prompts[0].buttons, Buttons::YesNoCancel);
+        EXPECT_EQ(d.prompts[0].icon, Icon::Question);
+        EXPECT_EQ(d.prompts[0].text, WaitingWordsQuestion(c.waiting));
+    }
+    EXPECT_EQ(WaitingWordsQuestion(1), "1 word waits to be printed on the page being collected.\n"
+                                       "Do you want to print it before quitting?");
+    EXPECT_EQ(WaitingWordsQuestion(3), "3 words wait to be printed on the page being collected.\n"
+                                       "Do you want to print them before quitting?");
+}
