@@ -447,7 +447,7 @@ void MainWindow::buildShortcuts() {
 
 void MainWindow::installHandlers() {
     // The commands whose code lives outside the editing library, as this program provides
-    // them. Printing is not among them yet: its controls stay disabled.
+    // them.
     const std::pair<CommandId, std::function<void(App&)>> handlers[] = {
         {CommandId::ShowBorders, [](App& a) { ToggleShowBorders(a.view); }},
         {CommandId::CopyWordImage, [this](App&) { copyImage(); }},
@@ -468,6 +468,15 @@ void MainWindow::installHandlers() {
         {CommandId::Typewriter, [this](App&) { tools_->showTypewriterBesideMain(); }},
         {CommandId::TransTable, [this](App&) { tools_->showTransTable(); }},
         {CommandId::TransGuess, TransGuess},
+        {CommandId::PrintDictionary, [this](App& a) { printing_.printDictionaryDialog(a, this); }},
+        {CommandId::PrintMultiple, [this](App& a) { printing_.printMultipleDialog(a, this); }},
+        {CommandId::PrintWord, [this](App& a) { printing_.addCurrentWordToPage(a, this); }},
+        {CommandId::FormFeed, [this](App& a) { printing_.formFeed(a, this); }},
+        // Words collected for a page are not dropped unasked on the way out.
+        {CommandId::Quit,
+         [this](App& a) {
+             if (printing_.confirmQuit(a, this)) QuitCommand(a);
+         }},
     };
     for (const auto& [id, handler] : handlers) {
         InstallCommandHandler(app_, id, handler);
@@ -584,9 +593,12 @@ void MainWindow::wordViewChanged() {
     progress_->setVisible(v.progressWidth > 0);
 
     counter_->clear();
-    if (v.missingPictures.empty() && pictureStatus_) {
-        statusBar()->clearMessage();
-        pictureStatus_ = false;
+    // The line naming a missing picture goes with the word that had it.
+    if (!v.missingPictures.empty()) {
+        pictureMessage_ = statusBar()->currentMessage();
+    } else if (!pictureMessage_.isEmpty()) {
+        if (statusBar()->currentMessage() == pictureMessage_) statusBar()->clearMessage();
+        pictureMessage_.clear();
     }
     refreshAvailability();
     layoutControls();
@@ -711,6 +723,10 @@ void MainWindow::hideProgress() {
     if (progressDialog_) progressDialog_->hide();
 }
 
+void MainWindow::setPrinterDefaults() {
+    printing_.setDefaults(app_);
+}
+
 void MainWindow::showCounter(int value) {
     // The passes left of a long sort; the count goes when the sorted word is drawn.
     counter_->setText(QString::number(value));
@@ -718,7 +734,6 @@ void MainWindow::showCounter(int value) {
 
 void MainWindow::showStatus(const std::string& text) {
     statusBar()->showMessage(qs(text));
-    pictureStatus_ = true;
 }
 
 // ------------------------------------------------------------------------------------ events
@@ -793,7 +808,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         return;
     }
     bool close = true;
-    guarded([&] { close = CloseMainWindow(app_); });
+    guarded([&] { close = printing_.confirmQuit(app_, this) && CloseMainWindow(app_); });
     if (!close) {
         event->ignore();
         return;

@@ -3,6 +3,7 @@
 // bar, the menus and the pop-up menu of the display area. The window holds no state of its
 // own beyond its widgets: it shows App::view and forwards every event to the logic.
 #include "core/app.h"
+#include "ui/printing.h"
 
 #include <QHash>
 #include <QMainWindow>
@@ -68,6 +69,7 @@ public:
     void showProgress(const std::string& text) override;
     void hideProgress() override;
     void showCounter(int value) override;
+    void setPrinterDefaults() override;
     void runComposer() override;
     bool chooseSignFromBrowser() override;
     void showTypewriter() override;
@@ -153,7 +155,9 @@ private:
     std::unique_ptr<ui::LookupHost> lookup_;
     SearchTools* tools_ = nullptr;
     int progressPixels_ = -1; // the bar's length while a search runs
-    bool pictureStatus_ = false;
+    // Print 1 collects words on a page until Form Feed; the options of the last print.
+    Printing printing_;
+    QString pictureMessage_; // the status line naming a missing picture, while it stands
     bool shown_ = false;
     // The text box that has the focus within the window (0..3 as boxes_), -1 for none.
     int focusedBox_ = -1;

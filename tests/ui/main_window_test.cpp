@@ -555,6 +555,25 @@ private Q_SLOTS:
         QVERIFY(p.app.view.textChanged);
     }
 
+    void wordsCollectedForPrintingAreNotDroppedUnaskedOnTheWayOut() {
+        Program p;
+        p.folder.settings(false, false);
+        QVERIFY(p.startAndShow());
+        p.action("mnuPrint1")->trigger();
+        QCOMPARE(p.window->statusBar()->currentMessage(),
+                 QStringLiteral("1 word waits to be printed (Form Feed prints the page)"));
+        p.click("cmdNext"); // the line stays while the page waits
+        QVERIFY(p.window->statusBar()->currentMessage().startsWith(QStringLiteral("1 word")));
+        QtDialogs::pushAnswer(Answer::Cancel);
+        p.click("cmdQuit");
+        QVERIFY(!p.app.endRequested);
+        QCOMPARE(QtDialogs::prompts().back().title, std::string("Quitting"));
+        QVERIFY(QtDialogs::prompts().back().text.find("1 word waits") == 0);
+        QtDialogs::pushAnswer(Answer::No); // drop the page, then quit
+        p.click("cmdQuit");
+        QVERIFY(p.app.endRequested);
+    }
+
     void everyControlCarriesItsNameCaptionAndTip() {
         Program p;
         p.folder.settings(false, false);
