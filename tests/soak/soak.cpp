@@ -1,0 +1,216 @@
+// A long random walk through the program's commands with random answers to every question:
+// after each step the store must be consistent, and after each save a load must give back the
+// words that were saved. Not part of the normal suite (scripts/soak.sh runs it).
+//
+// usage: nebkaro_soak [STEPS] [SEED]
+#include "bulk/bulk_commands.h"
+#include "bulk/sort.h"
+#include "core/dictionary_file.h"
+#include "core/errors.h"
+#include "core/files.h"
+#include "display/render.h"
+#include "editing/commands.h"
+#include "editing/word_editing.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <random>
+
+using namespace nebkaro;
+namespace fs = std::filesystem;
+
+namespace {
+
+std::mt19937_64 rng;
+int pick(int n) {
+    return static_cast<int>(rng() % static_cast<std::uint64_t>(n));
+}
+
+fs::path dictionaryFile;
+
+struct RandomDialogs : Dialogs {
+    Answer message(const std::string&, const std::string&, Buttons b, Icon) override {
+        switch (b) {
+        case Buttons::OK:
+            return Answer::OK;
+        case Buttons::OKCancel:
+            return pick(2) ? Answer::OK : Answer::Cancel;
+        case Buttons::YesNo:
+            return pick(2) ? Answer::Yes : Answer::No;
+        case Buttons::YesNoCancel:
+            return std::array{Answer::Yes, Answer::No, Answer::Cancel}[pick(3)];
+        }
+        return Answer::Cancel;
+    }
+    std::optional<std::string> input(const std::string&, const std::string&,
+                                     const std::string& d) override {
+        return pick(4) ? std::optional<std::string>(d) : std::nullopt;
+    }
+    std::optional<fs::path> openFile(const std::string&, const fs::path&) override {
+        return pick(5) ? std::optional<fs::path>(dictionaryFile) : std::nullopt;
+    }
+    std::optional<fs::path> saveFile(const std::string&, const fs::path&) override {
+        return pick(5) ? std::optional<fs::path>(dictionaryFile) : std::nullopt;
+    }
+    void beep() override {}
+};
+
+struct TextClipboard : Clipboard {
+    std::string content;
+    void clear() override { content.clear(); }
+    void setText(const std::string& t) override { content = t; }
+    std::string text() override { return content; }
+    void setImagePng(const std::vector<std::uint8_t>&) override {}
+};
+
+struct NoEvents : EventPump {
+    void yield() override {}
+};
+
+struct SizedPictures : SignPictures {
+    SignPicture picture(const std::string&, const std::string&, const std::string& code) override {
+        return {code, 300 + 30 * static_cast<int>(code.size()), 540, true};
+    }
+};
+
+const char* const kCodes[] = {"A1", "G17", "N35", "D21", "X1", "Aa1", "G43", "M17", "Z1", "O1"};
+
+// A composer that places one to four random signs, or is cancelled.
+struct ScriptedComposer : Windows {
+    App* app = nullptr;
+    void runComposer() override {
+        App& a = *app;
+        a.store.composeAccepted = pick(4) != 0;
+        a.glyphs.clear();
+        if (!a.store.composeAccepted) return;
+        const int n = 1 + pick(4);
+        std::string layout, gardiner;
+        for (int i = 0; i < n; ++i) {
+            const char* code = kCodes[pick(10)];
+            a.glyphs[i].code = code;
+            a.glyphs[i].x = 300 * i;
+            layout += std::string(code) + "(" + std::to_string(300 * i) + ",0) - ";
+            gardiner += std::string(code) + "-";
+        }
+        a.layoutText = layout.substr(0, layout.size() - 2);
+        a.composedGardiner = gardiner.substr(0, gardiner.size() - 1);
+    }
+};
+
+std::string randomText() {
+    static const char* words[] = {"god",   "king", "reed", "water", "house",
+                                  "bread", "Ra",   "nTr",  "Htp",   "a b"};
+    std::string s;
+    for (int i = pick(3); i >= 0; --i) s += std::string(words[pick(10)]) + (i ? " " : "");
+    return s;
+}
+
+int failures = 0;
+void check(bool ok, const char* what, int step) {
+    if (!ok) {
+        std::fprintf(stderr, "step %d: %s\n", step, what);
+        ++failures;
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const int steps = argc > 1 ? std::atoi(argv[1]) : 10000;
+    const std::uint64_t seed = argc > 2 ? std::strtoull(argv[2], nullptr, 10) : 1;
+    rng.seed(seed);
+    const fs::path dir = fs::temp_directory_path() / ("nebkaro-soak-" + std::to_string(seed));
+    fs::create_directories(dir);
+    dictionaryFile = dir / "soak.nkd";
+
+    RandomDialogs dialogs;
+    TextClipboard clipboard;
+    NoEvents events;
+    SizedPictures pictures;
+    AtomicFileWriter files;
+    App app(dialogs, clipboard, events, pictures, files);
+    ScriptedComposer composer;
+    composer.app = &app;
+    app.windows = &composer;
+    app.home = dir;
+    app.settings.showDictionaryInfo = false;
+    InstallEditing(app);
+    app.store.dictionaryPath = dictionaryFile.string();
+
+    const CommandId editing[] = {
+        CommandId::NewWord,       CommandId::EditWord,       CommandId::StoreWord,
+        CommandId::DeleteWord,    CommandId::DuplicateWord,  CommandId::CutWord,
+        CommandId::CopyWord,      CommandId::PasteWord,      CommandId::InsertWord,
+        CommandId::First,         CommandId::Next,           CommandId::Previous,
+        CommandId::Last,          CommandId::RandomWord,     CommandId::FlipWord,
+        CommandId::DirectionLeft, CommandId::SaveDictionary, CommandId::OpenDictionary};
+    for (int step = 0; step < steps; ++step) {
+        const int r = pick(24);
+        try {
+            if (r < 18) {
+                if (editing[r] != CommandId::PasteWord || pick(3)) {
+                    RunCommand(app, editing[r]);
+                } else {
+                    clipboard.content = randomText(); // sometimes paste something that is no word
+                    RunCommand(app, CommandId::PasteWord);
+                }
+                // Typing into the boxes of the word on show.
+                if (pick(3) == 0) {
+                    app.view.MeaningTxt = randomText();
+                    app.store.editPending = true;
+                }
+            } else if (app.store.lastIndex >= 0) {
+                switch (r) {
+                case 18:
+                    MenuSort(app, std::array{3, 4, 5, 6}[pick(4)], {pick(2) == 0, pick(2) == 0});
+                    break;
+                case 19:
+                    ToolbarSort(app, std::array{3, 4, 5, 6}[pick(4)], {pick(2) == 0, pick(2) == 0});
+                    break;
+                case 20:
+                    ShuffleDictionary(app, rng());
+                    break;
+                case 21:
+                    FlipAll(app, pick(3));
+                    break;
+                default:
+                    RunCommand(app, CommandId::SaveDictionary);
+                    break;
+                }
+            }
+        } catch (const RunError&) {
+            // The sorts and Flip All report at their command boundary; a Gardiner notation that
+            // cannot be ordered, or a word without signs, stops them as it stops a user's run.
+        }
+        const DictionaryStore& s = app.store;
+        check(s.lastIndex >= -1 && s.lastIndex <= DictionaryStore::MaxWordIndex,
+              "lastIndex out of range", step);
+        check(s.currentIndex >= -1 && s.currentIndex <= std::max(s.lastIndex, 0),
+              "currentIndex out of range", step);
+
+        // Every saved file reads back to the words that were saved (up to a word that is no
+        // word, where a load stops by design).
+        if (step % 50 == 0 && s.lastIndex >= 0) {
+            app.storeWord = [](App&) {};
+            const bool saved = SaveDictionary(app);
+            InstallEditing(app);
+            if (saved) {
+                const ParsedDictionary back =
+                    ReadDictionaryText(text::decodeFileText(readFileBytes(dictionaryFile)),
+                                       DictionaryStore::MaxWordIndex + 1);
+                int k = 0;
+                while (k <= s.lastIndex && (s.field(k, 0) == "L" || s.field(k, 0) == "R")) ++k;
+                check(static_cast<int>(back.words.size()) == k,
+                      "a load gives a different number of words", step);
+                for (int w = 0; w < k && w < static_cast<int>(back.words.size()); ++w)
+                    check(back.words[static_cast<std::size_t>(w)] == s.row(w),
+                          "a load gives a different word", step);
+            }
+        }
+    }
+    fs::remove_all(dir);
+    std::printf("%d steps, seed %llu: %d failures\n", steps, static_cast<unsigned long long>(seed),
+                failures);
+    return failures ? 1 : 0;
+}
