@@ -67,6 +67,9 @@ int cmdReadingOrder(const fs::path& home, const std::vector<std::string>& argv);
 int cmdSearch(const fs::path& home, const std::vector<std::string>& argv);
 int cmdGuess(const fs::path& home, const std::vector<std::string>& argv);
 int cmdCompose(const fs::path& home, const std::vector<std::string>& argv);
+#ifdef NEBKARO_HAVE_DRAW
+int cmdRender(const fs::path& home, const std::vector<std::string>& argv);
+#endif
 
 const std::vector<Subcommand>& subcommands() {
     static const std::vector<Subcommand> list = {
@@ -130,6 +133,13 @@ const std::vector<Subcommand>& subcommands() {
          "the composer would not accept the result (fewer than two signs placed), nothing is\n"
          "printed and the exit status is 1.\n",
          cmdCompose},
+#ifdef NEBKARO_HAVE_DRAW
+        {"render", "render FILE INDEX -o OUT.bmp|png|svg",
+         "Draws word INDEX's signs as Save Glyph Image does (a 32-twip margin, 15 twips to the\n"
+         "pixel), as a bitmap, PNG or SVG by OUT's extension. A missing sign picture is drawn as\n"
+         "an empty framed square and named on stderr.\n",
+         cmdRender},
+#endif
     };
     return list;
 }

@@ -218,3 +218,28 @@ TEST_F(CliTest, ComposeAndGuess) {
     EXPECT_EQ(r.status, 0);
     EXPECT_EQ(r.out, "mn\n");
 }
+
+TEST_F(CliTest, RenderWritesThePictureInTheFormatOfTheExtension) {
+    const auto f = file("w.nkd", kWords);
+    const std::pair<const char*, std::string> cases[] = {
+        {"png", "\x89PNG"}, {"svg", "<?xml"}, {"bmp", "BM"}, {"BMP", "BM"}};
+    for (const auto& [ext, magic] : cases) {
+        const auto out = home.path() / (std::string("w.") + ext);
+        CliRun r = cli("render " + f + " 1 -o " + out.string(), home.path());
+        if (r.status == 2 && r.err.find("unknown command") != std::string::npos)
+            GTEST_SKIP() << "built without Qt";
+        ASSERT_EQ(r.status, 0) << r.err;
+        EXPECT_EQ(readFile(out).substr(0, magic.size()), magic) << ext;
+    }
+    // A 300 x 540 twip sign and another beside it: 600 + 64 by 540 + 64 twips, 15 to the pixel,
+    // rounded up so that no sign is cut.
+    const std::string png = readFile(home.path() / "w.png");
+    auto be32 = [&](std::size_t at) {
+        return (static_cast<unsigned char>(png[at]) << 24) |
+               (static_cast<unsigned char>(png[at + 1]) << 16) |
+               (static_cast<unsigned char>(png[at + 2]) << 8) |
+               static_cast<unsigned char>(png[at + 3]);
+    };
+    EXPECT_EQ(be32(16), 45);
+    EXPECT_EQ(be32(20), 41);
+}
