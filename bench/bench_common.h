@@ -3,43 +3,16 @@
 #include "core/app.h"
 #include "core/dictionary_file.h"
 #include "core/files.h"
+#include "core/quiet_ports.h"
 
 #include <memory>
 
 namespace nebkaro::bench {
 
-struct QuietDialogs : Dialogs {
-    Answer message(const std::string&, const std::string&, Buttons b, Icon) override {
-        return b == Buttons::OK ? Answer::OK : Answer::No;
-    }
-    std::optional<std::string> input(const std::string&, const std::string&,
-                                     const std::string&) override {
-        return std::nullopt;
-    }
-    std::optional<std::filesystem::path> openFile(const std::string&,
-                                                  const std::filesystem::path&) override {
-        return std::nullopt;
-    }
-    std::optional<std::filesystem::path> saveFile(const std::string&,
-                                                  const std::filesystem::path&) override {
-        return std::nullopt;
-    }
-    void beep() override {}
-};
-struct NullClipboard : Clipboard {
-    void clear() override {}
-    void setText(const std::string&) override {}
-    std::string text() override { return {}; }
-    void setImagePng(const std::vector<std::uint8_t>&) override {}
-};
-struct NullEvents : EventPump {
-    void yield() override {}
-};
-
 struct BenchApp {
     QuietDialogs dialogs;
-    NullClipboard clipboard;
-    NullEvents events;
+    TextClipboard clipboard;
+    NoEventPump events;
     FolderSignPictures pictures{NEBKARO_HOME};
     AtomicFileWriter files;
     App app{dialogs, clipboard, events, pictures, files};

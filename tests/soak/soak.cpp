@@ -8,6 +8,7 @@
 #include "core/dictionary_file.h"
 #include "core/errors.h"
 #include "core/files.h"
+#include "core/quiet_ports.h"
 #include "display/render.h"
 #include "editing/commands.h"
 #include "editing/word_editing.h"
@@ -54,18 +55,6 @@ struct RandomDialogs : Dialogs {
         return pick(5) ? std::optional<fs::path>(dictionaryFile) : std::nullopt;
     }
     void beep() override {}
-};
-
-struct TextClipboard : Clipboard {
-    std::string content;
-    void clear() override { content.clear(); }
-    void setText(const std::string& t) override { content = t; }
-    std::string text() override { return content; }
-    void setImagePng(const std::vector<std::uint8_t>&) override {}
-};
-
-struct NoEvents : EventPump {
-    void yield() override {}
 };
 
 struct SizedPictures : SignPictures {
@@ -126,7 +115,7 @@ int main(int argc, char** argv) {
 
     RandomDialogs dialogs;
     TextClipboard clipboard;
-    NoEvents events;
+    NoEventPump events;
     SizedPictures pictures;
     AtomicFileWriter files;
     App app(dialogs, clipboard, events, pictures, files);
