@@ -17,7 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     } catch (const RunError&) {
         return 0;
     }
-    for (const auto& g : t.slots) {
+    for (const auto& g : t.cells) {
         if (!g.used()) continue;
         if (g.code->find_first_of("(),-") != std::string::npos) return 0;
         if (text::trim(*g.code) != *g.code) return 0;

@@ -90,7 +90,7 @@ int cmdCheck(const fs::path& home, const std::vector<std::string>& argv) {
         const SignLists* list = listFor(basic);
         const std::string library = libraryFolder(word[FieldLibrary]);
         const std::string direction = directionFolder(word[FieldDirection]);
-        for (const GlyphSlot& g : table.slots) {
+        for (const GlyphSlot& g : table.cells) {
             if (!g.used()) continue;
             if (list && list->findSign(*g.code) == 0)
                 report(where + ": code '" + *g.code + "' is not in the " + library + " sign list");

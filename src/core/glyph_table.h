@@ -6,14 +6,6 @@
 #include <optional>
 #include <string>
 
-// Qt defines "slots" as a keyword macro; a window that includes Qt before this header must
-// still see the member below by its name.
-#ifdef slots
-#pragma push_macro("slots")
-#undef slots
-#define NEBKARO_GLYPH_TABLE_SLOTS_MACRO
-#endif
-
 namespace nebkaro {
 
 struct GlyphSlot {
@@ -28,16 +20,12 @@ struct GlyphSlot {
 
 struct GlyphTable {
     static constexpr int Slots = 21;
-    std::array<GlyphSlot, Slots> slots{};
+    std::array<GlyphSlot, Slots> cells{};
 
-    void clear() { slots.fill(GlyphSlot{}); }
-    GlyphSlot& operator[](int i) { return slots.at(static_cast<std::size_t>(i)); }
-    const GlyphSlot& operator[](int i) const { return slots.at(static_cast<std::size_t>(i)); }
+    void clear() { cells.fill(GlyphSlot{}); }
+    GlyphSlot& operator[](int i) { return cells.at(static_cast<std::size_t>(i)); }
+    const GlyphSlot& operator[](int i) const { return cells.at(static_cast<std::size_t>(i)); }
 };
 
 } // namespace nebkaro
 
-#ifdef NEBKARO_GLYPH_TABLE_SLOTS_MACRO
-#pragma pop_macro("slots")
-#undef NEBKARO_GLYPH_TABLE_SLOTS_MACRO
-#endif

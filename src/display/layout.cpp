@@ -52,7 +52,7 @@ void ParseLayout(App& app) {
 namespace {
 template <typename Number> std::string writeLayout(const GlyphTable& table, Number number) {
     std::string out;
-    for (const GlyphSlot& g : table.slots) {
+    for (const GlyphSlot& g : table.cells) {
         if (!g.used()) continue;
         out += *g.code + "(" + number(g.x) + "," + number(g.y) + ") - ";
     }

@@ -912,6 +912,3 @@ void MainWindow::showAbout() {
 
 } // namespace nebkaro
 
-// Compiled here, after the logic's headers, rather than beside other windows' meta-object
-// code: Qt's "slots" keyword would clash with GlyphTable::slots.
-#include "moc_main_window.cpp"

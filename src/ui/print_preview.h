@@ -2,8 +2,6 @@
 // The print options dialog's live preview: one page of the document at a time, drawn the way
 // it prints, scaled to fit the widget. Only the page on show is drawn, so a preview of a
 // whole dictionary costs no more than one of a single word.
-// The document's header comes before Qt's widget headers: the core types it brings in have a
-// member named like Qt's "slots" keyword macro.
 #include "print/print_document_qt.h"
 
 #include <QImage>

@@ -1,5 +1,3 @@
-// The logic's headers come before any Qt header: Qt's "slots" keyword would clash with
-// GlyphTable::slots.
 #include "bulk/search_dialog.h"
 #include "bulk/search.h"
 #include "core/app.h"

@@ -1,5 +1,3 @@
-// The logic's headers come before any Qt header: Qt's "slots" keyword would clash with
-// GlyphTable::slots.
 #include "core/app.h"
 #include "core/errors.h"
 #include "translit/trans_table.h"

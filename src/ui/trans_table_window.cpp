@@ -1,5 +1,3 @@
-// The logic's headers come before any Qt header: Qt's "slots" keyword would clash with
-// GlyphTable::slots.
 #include "translit/trans_table.h"
 
 #include "ui/trans_table_window.h"

@@ -14,7 +14,7 @@ std::vector<Slot> parse(const std::string& s) {
     GlyphTable t;
     ParseLayoutString(s, t);
     std::vector<Slot> out;
-    for (const auto& g : t.slots)
+    for (const auto& g : t.cells)
         if (g.used()) out.push_back({*g.code, g.x, g.y});
     return out;
 }
