@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh
-BUILD_DIR=build scripts/build.sh
+BUILD_DIR=build BUILD_TYPE=Release scripts/build.sh
 if [ ! -x build/nebkaro ]; then
   build/nebkaro-cli info build/Dictionaries/Words.nkd
   exit 0

@@ -7,8 +7,8 @@ scripts/install-deps.sh
 export QT_QPA_PLATFORM=offscreen
 
 echo "== build and test"
-BUILD_DIR=build scripts/build.sh
-ctest --test-dir build --output-on-failure -j"$(nproc)"
+BUILD_DIR=build-test BUILD_TYPE=Debug scripts/build.sh
+ctest --test-dir build-test --output-on-failure -j"$(nproc)"
 
 echo "== sanitizers"
 BUILD_DIR=build-asan BUILD_TYPE=Debug scripts/build.sh -DNEBKARO_SANITIZE=ON

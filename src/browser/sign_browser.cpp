@@ -184,6 +184,8 @@ void SignBrowser::cmdNextCat() {
         goTo(categoryStart(2));
         return;
     }
+    // A page without a category letter (an empty list) has no next category to go to.
+    if (pageLetter < 63 || pageLetter > 90) return;
     const int row = std::min(static_cast<int>(pageLetter) - 62, 27);
     goTo(categoryStart(row));
 }
