@@ -21,10 +21,17 @@ void search(benchmark::State& state, int field, const char* text, int exact, int
 }
 } // namespace
 
-BENCHMARK_CAPTURE(search, meaning_substring_nowhere, FieldMeaning, "zzzz", 0, 0)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(search, meaning_exact_word_nowhere, FieldMeaning, "zzzz", 0, 1)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(search, meaning_exact_nowhere, FieldMeaning, "zzzz", 1, 0)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(search, meaning_wildcard_nowhere, FieldMeaning, "zz*q?", 0, 0)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(search, translit_substring_nowhere, FieldTranslit, "qqqqqq", 0, 0)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(search, gardiner_substring_nowhere, FieldGardiner, "Q999", 0, 0)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(search, comment_substring_nowhere, FieldComment, "zzzz", 0, 0)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(search, meaning_substring_nowhere, FieldMeaning, "zzzz", 0, 0)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(search, meaning_exact_word_nowhere, FieldMeaning, "zzzz", 0, 1)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(search, meaning_exact_nowhere, FieldMeaning, "zzzz", 1, 0)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(search, meaning_wildcard_nowhere, FieldMeaning, "zz*q?", 0, 0)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(search, translit_substring_nowhere, FieldTranslit, "qqqqqq", 0, 0)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(search, gardiner_substring_nowhere, FieldGardiner, "Q999", 0, 0)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(search, comment_substring_nowhere, FieldComment, "zzzz", 0, 0)
+    ->Unit(benchmark::kMillisecond);

@@ -22,13 +22,18 @@ static void BM_StartToFirstWordExtended(benchmark::State& state) {
     for (const char* sub : {"Lists", "Basic", "Extended", "Dictionaries", "Fonts", "Images"})
         fs::create_directory_symlink(fs::canonical(build / sub), home / sub);
     std::ofstream(home / "System" / "Settings.nks", std::ios::binary)
-        << "Nebkaro Settings: \r\n\r\nLibrary = Extended\r\nDirection = Left\r\nDictionary Name = Words.nkd\r\n"
+        << "Nebkaro Settings: \r\n\r\nLibrary = Extended\r\nDirection = Left\r\nDictionary Name = "
+           "Words.nkd\r\n"
            "Show About = False\r\nShow Dictionary Info = False\r\n\r\n";
-    const std::string cmd = "QT_QPA_PLATFORM=offscreen '" + (build / "nebkaro").string() + "' --home '" +
-                            home.string() + "' --screenshot '" + (home / "shot.png").string() + "' >/dev/null 2>&1";
+    const std::string cmd = "QT_QPA_PLATFORM=offscreen '" + (build / "nebkaro").string() +
+                            "' --home '" + home.string() + "' --screenshot '" +
+                            (home / "shot.png").string() + "' >/dev/null 2>&1";
     for (auto _ : state) {
         if (std::system(cmd.c_str()) != 0) state.SkipWithError("the program did not start");
     }
     fs::remove_all(home);
 }
-BENCHMARK(BM_StartToFirstWordExtended)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(10);
+BENCHMARK(BM_StartToFirstWordExtended)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->Iterations(10);

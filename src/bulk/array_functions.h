@@ -223,11 +223,22 @@ void ShuffleRows(Table& table, std::optional<int> upper, const RandomSource& rnd
     const int lo = 0;
     const int up = upper ? *upper : static_cast<int>(table.size()) - 1;
     detail::checkRange(table, up);
+    if (up < lo + 1) return;
+    // The exchanges are made on row numbers first and the rows then moved once each into
+    // their places: the same order as exchanging the rows themselves, without touching every
+    // row twice at random places in memory.
+    std::vector<int> order(static_cast<std::size_t>(up - lo + 1));
+    for (int k = lo; k <= up; ++k) order[static_cast<std::size_t>(k - lo)] = k;
     for (int i = up; i >= lo + 1; --i) {
         int j = static_cast<int>(std::floor(rnd() * (i - lo + 1) + lo));
         if (j > i) j = i; // a source that returns 1 would otherwise reach past i
-        SwapRows(table, i, j);
+        std::swap(order[static_cast<std::size_t>(i - lo)], order[static_cast<std::size_t>(j - lo)]);
     }
+    std::vector<typename Table::value_type> moved;
+    moved.reserve(order.size());
+    for (int k : order) moved.push_back(std::move(table[static_cast<std::size_t>(k)]));
+    for (std::size_t k = 0; k < moved.size(); ++k)
+        table[static_cast<std::size_t>(lo) + k] = std::move(moved[k]);
 }
 
 } // namespace nebkaro

@@ -31,8 +31,12 @@ std::string FormatThousands(long long n) {
     std::string out;
     const std::size_t first = digits.size() % 3 == 0 ? 3 : digits.size() % 3;
     out = digits.substr(0, first);
-    for (std::size_t i = first; i < digits.size(); i += 3) out += "," + digits.substr(i, 3);
-    return negative ? "-" + out : out;
+    for (std::size_t i = first; i < digits.size(); i += 3) {
+        out += ',';
+        out.append(digits, i, 3);
+    }
+    if (negative) out.insert(out.begin(), '-');
+    return out;
 }
 
 namespace {

@@ -2,6 +2,8 @@
 
 #include "core/errors.h"
 
+#include <algorithm>
+
 namespace nebkaro {
 
 bool FieldReader::atEnd() const {
@@ -38,23 +40,24 @@ void FieldReader::skipSeparator() {
 std::string FieldReader::read() {
     while (pos_ < s_.size() && (s_[pos_] == ' ' || s_[pos_] == '\t')) ++pos_;
     if (pos_ >= s_.size()) throw RunError(InputPastEnd);
-    std::string value;
     if (s_[pos_] == '"') {
-        std::size_t start = pos_ + 1;
-        std::size_t close = s_.find('"', start);
-        std::size_t end = close == std::string_view::npos ? s_.size() : close;
-        value.assign(s_.substr(start, end - start));
-        for (char c : value)
-            if (c == '\n') ++line_;
+        const std::size_t start = pos_ + 1;
+        const std::size_t close = s_.find('"', start);
+        const std::size_t end = close == std::string_view::npos ? s_.size() : close;
+        std::string value(s_.substr(start, end - start));
+        line_ += static_cast<int>(std::count(value.begin(), value.end(), '\n'));
         pos_ = close == std::string_view::npos ? s_.size() : close + 1;
         skipSeparator();
         return value;
     }
-    std::size_t start = pos_;
-    while (pos_ < s_.size() && s_[pos_] != ',' && s_[pos_] != '\r' && s_[pos_] != '\n') ++pos_;
+    const std::size_t start = pos_;
+    const char* p = s_.data() + pos_;
+    const char* stop = s_.data() + s_.size();
+    while (p < stop && *p != ',' && *p != '\r' && *p != '\n') ++p;
+    pos_ = static_cast<std::size_t>(p - s_.data());
     std::size_t end = pos_;
     while (end > start && (s_[end - 1] == ' ' || s_[end - 1] == '\t')) --end;
-    value.assign(s_.substr(start, end - start));
+    std::string value(s_.substr(start, end - start));
     skipSeparator();
     return value;
 }

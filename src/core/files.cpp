@@ -56,6 +56,13 @@ std::string readFileBytes(const fs::path& path) {
     std::FILE* f = std::fopen(path.c_str(), "rb");
     if (!f) throw RunError(errorForErrno(errno, path));
     std::string data;
+    // One read of the whole file where its size is known; a file that grows meanwhile, or a
+    // special file, is read on in blocks.
+    struct stat st;
+    if (::fstat(::fileno(f), &st) == 0 && st.st_size > 0) {
+        data.resize(static_cast<std::size_t>(st.st_size));
+        data.resize(std::fread(data.data(), 1, data.size(), f));
+    }
     char buf[1 << 16];
     std::size_t n;
     while ((n = std::fread(buf, 1, sizeof buf, f)) > 0) data.append(buf, n);
@@ -71,7 +78,10 @@ void AtomicFileWriter::write(const fs::path& path, const std::string& bytes) {
     std::error_code ec;
     if (!fs::is_directory(dir, ec)) throw RunError(PathNotFound);
     if (fs::is_directory(path, ec)) throw RunError(PathFileAccess);
-    std::string tmpl = (dir / ("." + path.filename().string() + ".XXXXXX")).string();
+    std::string hidden = ".";
+    hidden += path.filename().string();
+    hidden += ".XXXXXX";
+    const std::string tmpl = (dir / hidden).string();
     std::vector<char> name(tmpl.begin(), tmpl.end());
     name.push_back('\0');
     int fd = mkstemp(name.data());

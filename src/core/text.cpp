@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 #include <ctime>
 
 namespace nebkaro::text {
@@ -188,6 +189,14 @@ std::string upper(std::string_view s) {
 bool isValidUtf8(std::string_view s) {
     std::size_t i = 0;
     while (i < s.size()) {
+        // Dictionaries are mostly ASCII: eight bytes at a time while no high bit is set.
+        while (i + 8 <= s.size()) {
+            std::uint64_t word;
+            std::memcpy(&word, s.data() + i, 8);
+            if (word & 0x8080808080808080ULL) break;
+            i += 8;
+        }
+        if (i >= s.size()) break;
         auto b = static_cast<unsigned char>(s[i]);
         int len;
         char32_t min;
@@ -219,16 +228,21 @@ bool isValidUtf8(std::string_view s) {
     return true;
 }
 
-std::string decodeFileText(std::string_view bytes) {
-    if (bytes.size() >= 3 && bytes.substr(0, 3) == "\xEF\xBB\xBF") bytes.remove_prefix(3);
-    if (isValidUtf8(bytes)) return std::string(bytes);
+std::string decodeFileText(std::string bytes) {
+    std::string_view view(bytes);
+    if (view.substr(0, 3) == "\xEF\xBB\xBF") view.remove_prefix(3);
+    if (isValidUtf8(view)) {
+        // Kept as it is, without a copy, in the common case.
+        if (view.size() != bytes.size()) return std::string(view);
+        return bytes;
+    }
     static constexpr std::array<char32_t, 32> high = {
         0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
         0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
         0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
     std::string out;
-    out.reserve(bytes.size() + bytes.size() / 8);
-    for (unsigned char b : bytes) {
+    out.reserve(view.size() + view.size() / 8);
+    for (unsigned char b : view) {
         if (b < 0x80)
             out.push_back(static_cast<char>(b));
         else if (b < 0xA0)

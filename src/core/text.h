@@ -39,7 +39,7 @@ std::size_t charCount(std::string_view s);
 bool isValidUtf8(std::string_view bytes);
 // Bytes of a file: kept when valid UTF-8 (a leading byte-order mark dropped), otherwise read
 // as Windows-1252, the code page dictionaries made on Windows are written in.
-std::string decodeFileText(std::string_view bytes);
+std::string decodeFileText(std::string bytes);
 
 // Number-to-text with a leading blank for non-negative numbers and "-" for negative ones,
 // "." as decimal point: 12 -> " 12", -3 -> "-3", 7.5 -> " 7.5".
