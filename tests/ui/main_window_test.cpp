@@ -8,6 +8,10 @@
 #include "ui/qt_ports.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QTimer>
+
 #include <QCheckBox>
 #include <QClipboard>
 #include <QFrame>
@@ -21,6 +25,7 @@
 #include <QStatusBar>
 #include <QTest>
 #include <QToolButton>
+#include <functional>
 
 #include <memory>
 
@@ -615,6 +620,74 @@ private Q_SLOTS:
                  {p.action("mnuPrint1"), CommandId::PrintWord}})
             QCOMPARE(a->isEnabled(), CommandAvailable(p.app, id));
         QVERIFY(p.action("mnuOptions")->isEnabled());
+    }
+    // Every tool-bar button and every menu item, one after the other, with questions answered
+    // from a script: nothing throws, nothing waits for an answer nobody prepared, nothing hangs
+    // (windows a command opens are closed as soon as they show), and the program stays up.
+    void everyToolBarButtonAndMenuItemRunsWithScriptedAnswers() {
+        Program p;
+        p.folder.settings(false, false);
+        QVERIFY(p.startAndShow());
+        QTimer closer;
+        QObject::connect(&closer, &QTimer::timeout, [&p] {
+            for (QWidget* w : QApplication::topLevelWidgets()) {
+                if (w == p.window.get() || !w->isVisible() || qobject_cast<QMenu*>(w)) continue;
+                if (auto* d = qobject_cast<QDialog*>(w))
+                    d->reject();
+                else
+                    w->hide();
+            }
+        });
+        closer.start(20);
+        auto script = [](int round) {
+            QtDialogs::reset();
+            const Answer answers[] = {Answer::Yes, Answer::No, Answer::Cancel, Answer::OK};
+            for (int i = 0; i < 16; ++i) QtDialogs::pushAnswer(answers[(round + i) % 4]);
+            for (int i = 0; i < 4; ++i) {
+                QtDialogs::pushInput(round % 2 ? std::optional<std::string>("20") : std::nullopt);
+                QtDialogs::pushFile(std::nullopt);
+            }
+        };
+        std::vector<QObject*> controls;
+        for (int i = 0; i <= 19; ++i)
+            controls.push_back(p.find<QToolButton>(QStringLiteral("cmdTool%1").arg(i).toLatin1()));
+        std::function<void(QMenu*)> collect = [&](QMenu* menu) {
+            for (QAction* a : menu->actions()) {
+                if (a->menu())
+                    collect(a->menu());
+                else if (!a->isSeparator())
+                    controls.push_back(a);
+            }
+        };
+        for (QAction* a : p.window->menuBar()->actions())
+            if (a->menu()) collect(a->menu());
+        QVERIFY(controls.size() > 60);
+        int round = 0, triggered = 0, asked = 0;
+        for (QObject* c : controls) {
+            // Quitting ends the run; its questions have tests of their own.
+            if (c->objectName() == QLatin1String("mnuQuit")) continue;
+            script(round++);
+            if (auto* b = qobject_cast<QAbstractButton*>(c); b && b->isEnabled()) {
+                b->click();
+                ++triggered;
+            } else if (auto* a = qobject_cast<QAction*>(c); a && a->isEnabled()) {
+                a->trigger();
+                ++triggered;
+            }
+            QTest::qWait(5);
+            asked += static_cast<int>(QtDialogs::prompts().size());
+            const auto& unexpected = QtDialogs::unexpected();
+            QVERIFY2(unexpected.empty(),
+                     qPrintable(c->objectName() + ": " +
+                                QString::fromStdString(unexpected.empty() ? std::string()
+                                                                          : unexpected.front())));
+            QVERIFY2(!p.app.endRequested, qPrintable(c->objectName()));
+            QVERIFY2(p.window->isVisible(), qPrintable(c->objectName()));
+        }
+        closer.stop();
+        // Every control was offered and enabled, and the commands did ask their questions.
+        QCOMPARE(triggered, static_cast<int>(controls.size()) - 1);
+        QVERIFY(asked > 20);
     }
 };
 
