@@ -1,6 +1,7 @@
 // The "Sort by" dialog and the progress dialog, driven through their named controls.
 #include "bulk/sort_dialog_model.h"
 #include "core/app.h"
+#include "core/quiet_ports.h"
 #include "ui/cancel_dialog.h"
 #include "ui/sort_dialog.h"
 
@@ -16,30 +17,6 @@ using namespace nebkaro;
 
 namespace {
 
-struct NoDialogs : Dialogs {
-    Answer message(const std::string&, const std::string&, Buttons, Icon) override {
-        return Answer::OK;
-    }
-    std::optional<std::string> input(const std::string&, const std::string&,
-                                     const std::string&) override {
-        return std::nullopt;
-    }
-    std::optional<std::filesystem::path> openFile(const std::string&,
-                                                  const std::filesystem::path&) override {
-        return std::nullopt;
-    }
-    std::optional<std::filesystem::path> saveFile(const std::string&,
-                                                  const std::filesystem::path&) override {
-        return std::nullopt;
-    }
-    void beep() override {}
-};
-struct NoClipboard : Clipboard {
-    void clear() override {}
-    void setText(const std::string&) override {}
-    std::string text() override { return {}; }
-    void setImagePng(const std::vector<std::uint8_t>&) override {}
-};
 struct QtEvents : EventPump {
     void yield() override { QCoreApplication::processEvents(); }
 };
@@ -59,8 +36,8 @@ struct DialogWindows : Windows {
 };
 
 struct Fixture {
-    NoDialogs dialogs;
-    NoClipboard clipboard;
+    QuietDialogs dialogs;
+    TextClipboard clipboard;
     QtEvents events;
     NoPictures pictures;
     NoFiles files;
