@@ -3,6 +3,7 @@
 #include "ui/trans_table_window.h"
 
 #include "ui/letter_column.h"
+#include "ui/order_menu.h"
 
 #include <QAction>
 #include <QGridLayout>
@@ -15,14 +16,9 @@ TransTableWindow::TransTableWindow(QWidget* parent) : QWidget(parent, Qt::Tool) 
     setObjectName(QStringLiteral("frmTransTable"));
     setAttribute(Qt::WA_DeleteOnClose);
 
-    auto* bar = new QMenuBar(this);
-    QMenu* order = bar->addMenu(QStringLiteral("&Order"));
-    order->setObjectName(QStringLiteral("mnuOrder"));
-    mnuEgypt_ = order->addAction(QStringLiteral("&Egyptological"));
-    mnuEgypt_->setObjectName(QStringLiteral("mnuEgypt"));
-    mnuLatin_ = order->addAction(QStringLiteral("&Alphabetical"));
-    mnuLatin_->setObjectName(QStringLiteral("mnuLatin"));
-    for (QAction* a : {mnuEgypt_, mnuLatin_}) a->setCheckable(true);
+    const OrderMenu orderMenu = addOrderMenu(this);
+    mnuEgypt_ = orderMenu.mnuEgypt;
+    mnuLatin_ = orderMenu.mnuLatin;
     connect(mnuEgypt_, &QAction::triggered, this, [this] {
         TransTableEgyptological(state_);
         refresh();
@@ -46,7 +42,7 @@ TransTableWindow::TransTableWindow(QWidget* parent) : QWidget(parent, Qt::Tool) 
     Label1_->setFont(cambria);
 
     auto* grid = new QGridLayout(this);
-    grid->setMenuBar(bar);
+    grid->setMenuBar(orderMenu.bar);
     grid->addWidget(Label3, 0, 0, Qt::AlignHCenter);
     grid->addWidget(Label4, 0, 1, Qt::AlignHCenter);
     grid->addWidget(Label2_, 1, 0);

@@ -4,6 +4,7 @@
 #include "ui/typewriter_window.h"
 
 #include "ui/letter_column.h"
+#include "ui/order_menu.h"
 
 #include <QAction>
 #include <QGridLayout>
@@ -18,14 +19,9 @@ TypewriterWindow::TypewriterWindow(App& app, QWidget* parent)
     setObjectName(QStringLiteral("frmTypewriter"));
     setAttribute(Qt::WA_DeleteOnClose);
 
-    auto* bar = new QMenuBar(this);
-    QMenu* order = bar->addMenu(QStringLiteral("&Order"));
-    order->setObjectName(QStringLiteral("mnuOrder"));
-    mnuEgypt_ = order->addAction(QStringLiteral("&Egyptological"));
-    mnuEgypt_->setObjectName(QStringLiteral("mnuEgypt"));
-    mnuLatin_ = order->addAction(QStringLiteral("&Alphabetical"));
-    mnuLatin_->setObjectName(QStringLiteral("mnuLatin"));
-    for (QAction* a : {mnuEgypt_, mnuLatin_}) a->setCheckable(true);
+    const OrderMenu orderMenu = addOrderMenu(this);
+    mnuEgypt_ = orderMenu.mnuEgypt;
+    mnuLatin_ = orderMenu.mnuLatin;
     connect(mnuEgypt_, &QAction::triggered, this, [this] { applyOrder(false); });
     connect(mnuLatin_, &QAction::triggered, this, [this] { applyOrder(true); });
 
@@ -74,7 +70,7 @@ TypewriterWindow::TypewriterWindow(App& app, QWidget* parent)
     connect(bksp, &QPushButton::clicked, this, [this] { press(TypewriterBackspace); });
 
     auto* box = new QVBoxLayout(this);
-    box->setMenuBar(bar);
+    box->setMenuBar(orderMenu.bar);
     box->addLayout(grid);
 
     TypewriterLoad(app_, state_);

@@ -4,6 +4,7 @@
 // what was printed.
 #include "core/app.h"
 #include "core/files.h"
+#include "core/quiet_ports.h"
 
 #include <QDir>
 #include <QProcess>
@@ -144,17 +145,6 @@ struct Prompts : Dialogs {
     void beep() override { asked.push_back("beep"); }
 };
 
-struct NoClipboard : Clipboard {
-    void clear() override {}
-    void setText(const std::string&) override {}
-    std::string text() override { return {}; }
-    void setImagePng(const std::vector<std::uint8_t>&) override {}
-};
-
-struct NoEvents : EventPump {
-    void yield() override {}
-};
-
 struct StatusWindows : Windows {
     std::vector<std::string> status;
     void showStatus(const std::string& s) override { status.push_back(s); }
@@ -191,8 +181,8 @@ inline const TestWord Words[] = {
 struct Fixture {
     QTemporaryDir dir;
     Prompts dialogs;
-    NoClipboard clipboard;
-    NoEvents events;
+    TextClipboard clipboard;
+    NoEventPump events;
     std::unique_ptr<FolderSignPictures> pictures;
     AtomicFileWriter files;
     StatusWindows windows;

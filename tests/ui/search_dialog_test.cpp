@@ -3,6 +3,7 @@
 #include "bulk/search.h"
 #include "bulk/search_dialog.h"
 #include "core/app.h"
+#include "core/quiet_ports.h"
 #include "translit/typewriter.h"
 #include "ui/search_dialog.h"
 #include "ui/search_tools.h"
@@ -54,15 +55,6 @@ struct RecordingDialogs : Dialogs {
     }
     void beep() override {}
 };
-struct NoClipboard : Clipboard {
-    void clear() override {}
-    void setText(const std::string&) override {}
-    std::string text() override { return {}; }
-    void setImagePng(const std::vector<std::uint8_t>&) override {}
-};
-struct NoEvents : EventPump {
-    void yield() override {}
-};
 struct NoPictures : SignPictures {
     SignPicture picture(const std::string&, const std::string&, const std::string&) override {
         return {};
@@ -91,8 +83,8 @@ class SearchWindowsTest : public QObject {
     Q_OBJECT
 
     RecordingDialogs dialogs;
-    NoClipboard clipboard;
-    NoEvents events;
+    TextClipboard clipboard;
+    NoEventPump events;
     NoPictures pictures;
     NoWriter writer;
     std::unique_ptr<App> app;
