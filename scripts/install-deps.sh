@@ -3,11 +3,11 @@
 # nothing is fetched when every package is already there.
 set -euo pipefail
 packages=(
-  build-essential cmake ninja-build pkg-config
+  build-essential cmake ninja-build pkg-config git
   qt6-base-dev qt6-svg-dev libgl-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   clang libclang-rt-14-dev
-  xvfb xauth fonts-dejavu-core
+  xvfb xauth fonts-dejavu-core fonts-ancient-scripts
   python3 python3-fonttools python3-pil poppler-utils time
 )
 missing=()
