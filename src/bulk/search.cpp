@@ -1,4 +1,5 @@
 #include "bulk/search.h"
+#include "bulk/sign_search.h"
 
 #include "bulk/search_dialog.h"
 #include "core/app.h"
@@ -152,13 +153,17 @@ std::vector<int> FindAll(const DictionaryStore& store, const SearchCriteria& cri
 }
 
 int FindWord(App& app, int start, int end, int step, bool reuse) {
-    if (!reuse) {
+    if (!reuse && app.searchField == FieldLayout) {
+        if (!PrepareSignCriteria(app, app.searchCriteria)) return -1;
+    } else if (!reuse) {
         const SearchDialogState& d = app.search;
         app.searchCriteria = PrepareCriteria(d.txtSearch, d.ChkExact, d.chkExactWord, d.chkCase,
                                              d.chkIgnoreVariants != 0);
     }
-    const int found = FindMatch(app.store, app.searchCriteria, app.searchField, start, end, step,
-                                [&app](float f) { app.windows->setProgress(f); });
+    const int found = app.searchField == FieldLayout
+                          ? FindSignMatch(app.store, app.searchCriteria, start, end, step)
+                          : FindMatch(app.store, app.searchCriteria, app.searchField, start, end,
+                                      step, [&app](float f) { app.windows->setProgress(f); });
     if (found < 0) {
         app.dialogs.message("Not Found!", "Not Found", Buttons::OK, Icon::Exclamation);
         return -1;

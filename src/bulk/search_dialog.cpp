@@ -8,7 +8,8 @@ namespace nebkaro {
 
 namespace {
 bool isSearchField(int f) {
-    return f == FieldMeaning || f == FieldTranslit || f == FieldGardiner || f == FieldComment;
+    return f == FieldMeaning || f == FieldTranslit || f == FieldGardiner || f == FieldComment ||
+           f == FieldLayout;
 }
 } // namespace
 
@@ -34,8 +35,9 @@ void SearchChooseOption(App& app, int field) {
         return;
     }
     d.transliterationFont = false;
-    d.cmdTypewriterEnabled = false;
-    d.chkIgnoreVariantsEnabled = field == FieldGardiner;
+    // Signs may be named by their phonetic values, which the typewriter types.
+    d.cmdTypewriterEnabled = field == FieldLayout;
+    d.chkIgnoreVariantsEnabled = field == FieldGardiner || field == FieldLayout;
 }
 
 void SearchSetExact(App& app, int value) {

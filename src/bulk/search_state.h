@@ -28,7 +28,7 @@ struct SearchDialogState {
 
     std::string txtSearch;
     // The chosen option button, as the field it searches: 5 Meaning, 4 Transliteration,
-    // 3 Gardiner's notation, 6 Comment.
+    // 3 Gardiner's notation, 6 Comment; 2, the layout, for a search by signs.
     int option = 5;
     int ChkExact = 0;
     int chkExactWord = 0;

@@ -67,6 +67,8 @@ int cmdReadingOrder(const fs::path& home, const std::vector<std::string>& argv);
 int cmdSearch(const fs::path& home, const std::vector<std::string>& argv);
 int cmdGuess(const fs::path& home, const std::vector<std::string>& argv);
 int cmdCompose(const fs::path& home, const std::vector<std::string>& argv);
+int cmdExport(const fs::path& home, const std::vector<std::string>& argv);
+int cmdImport(const fs::path& home, const std::vector<std::string>& argv);
 #ifdef NEBKARO_HAVE_DRAW
 int cmdRender(const fs::path& home, const std::vector<std::string>& argv);
 #endif
@@ -114,13 +116,16 @@ const std::vector<Subcommand>& subcommands() {
          cmdReadingOrder},
         {"search",
          "search FILE --field meaning|translit|gardiner|comment [--exact|--word] [--case] "
-         "[--ignore-variants] [--all] TEXT",
+         "[--ignore-variants] [--all] TEXT\n"
+         "       search FILE --signs [--ignore-variants] [--all] SIGNS",
          "Searches from word 0 as Find does and prints the index of the first match, or of every\n"
          "match with --all, one per line; exit 1 when none. Blanks are ignored on both sides;\n"
          "without --case, case is ignored; '*' and '/' stand for any run of characters and '?'\n"
          "for one (then # is a digit and [list] one of a list), the whole field having to match.\n"
          "--exact: the whole field equals TEXT; --word: TEXT stands as a whole word;\n"
-         "--ignore-variants: A1a counts as A1 (for Gardiner notations).\n",
+         "--ignore-variants: A1a counts as A1 (for Gardiner notations and signs).\n"
+         "--signs: SIGNS are codes or phonetic values in any order (\"G17 D21\", \"m r\"); finds\n"
+         "the words whose layout holds every one of them, a sign named twice twice.\n",
          cmdSearch},
         {"guess", "guess FILE INDEX",
          "Prints the transliteration guessed from the phonetic values of word INDEX's signs, as\n"
@@ -133,6 +138,20 @@ const std::vector<Subcommand>& subcommands() {
          "the composer would not accept the result (fewer than two signs placed), nothing is\n"
          "printed and the exit status is 1.\n",
          cmdCompose},
+        {"export", "export FILE --format tsv|html|mdc|apkg [--time MS] -o OUT",
+         "Writes every word for other tools. tsv: UTF-8 tab-separated hieroglyphs in Unicode,\n"
+         "transliteration in scholarly letters, Gardiner notation, meaning, comment, under a\n"
+         "header line. html: one page with each word's picture. mdc: lines 'MdC TAB translit\n"
+         "TAB meaning TAB comment', which import reads back. apkg: Anki flash cards, a deck\n"
+         "named after FILE, two cards a word; --time fixes the identifiers (milliseconds since\n"
+         "1970). Words that cannot be written whole are named on stderr.\n",
+         cmdExport},
+        {"import", "import FILE LINES [--library basic|extended] [--direction left|right] -o OUT",
+         "Adds the lines of LINES ('MdC TAB translit TAB meaning [TAB comment]') to FILE as new\n"
+         "words laid out as Arrange lays them, and writes the result to OUT. The count of words\n"
+         "added and every refused line with its reason go to stderr; exit 1 when a line was\n"
+         "refused.\n",
+         cmdImport},
 #ifdef NEBKARO_HAVE_DRAW
         {"render", "render FILE INDEX -o OUT.bmp|png|svg",
          "Draws word INDEX's signs as Save Glyph Image does (a 32-twip margin, 15 twips to the\n"

@@ -1,6 +1,7 @@
 // search, guess and compose: finding words, guessing a transliteration and composing a line of
 // codes, exactly as the windows do.
 #include "bulk/search.h"
+#include "bulk/sign_search.h"
 #include "cli/args.h"
 #include "cli/console.h"
 #include "cli/subcommands.h"
@@ -17,9 +18,33 @@ namespace fs = std::filesystem;
 
 namespace nebkaro::cli {
 
+namespace {
+int searchBySigns(const fs::path& home, const Args& a) {
+    if (a.value("--field")) throw Usage("--signs searches the signs; --field does not apply");
+    ConsoleApp c(home);
+    LoadPhonetic(c.app.lists, home);
+    const SignQueryReading r =
+        ReadSignQuery(c.app.lists, a.positional()[1], a.flag("--ignore-variants"));
+    if (!r.unknown.empty()) throw Usage(r.unknown + " was not found");
+    if (r.query.codes.empty()) throw Usage("You must write something in the search box");
+    loadDictionary(c, a.positional()[0], false);
+    std::vector<int> found;
+    if (a.flag("--all")) {
+        found = FindAllBySigns(c.app.store, r.query);
+    } else if (int i = FindBySigns(c.app.store, r.query, 0, c.app.store.lastIndex, 1); i >= 0) {
+        found.push_back(i);
+    }
+    for (int i : found) std::cout << i << "\n";
+    return found.empty() ? 1 : 0;
+}
+} // namespace
+
 int cmdSearch(const fs::path& home, const std::vector<std::string>& argv) {
-    Args a(argv, {"--field"}, {"--exact", "--word", "--case", "--ignore-variants", "--all"});
-    if (a.positional().size() != 2) throw Usage("search takes FILE --field FIELD TEXT");
+    Args a(argv, {"--field"},
+           {"--exact", "--word", "--case", "--ignore-variants", "--all", "--signs"});
+    if (a.positional().size() != 2)
+        throw Usage("search takes FILE --field FIELD TEXT, or FILE --signs SIGNS");
+    if (a.flag("--signs")) return searchBySigns(home, a);
     static const std::map<std::string, int> fields = {{"meaning", FieldMeaning},
                                                       {"translit", FieldTranslit},
                                                       {"gardiner", FieldGardiner},

@@ -152,20 +152,37 @@ bool Composer::readLine(std::vector<Placed>& placed) {
                                  "Too Many Signs", Buttons::OK, Icon::Exclamation);
             break;
         }
-        loadPicture(slot, pictureFor(r.code));
-        GlyphSlot& g = app_.glyphs[slot];
-        g.entry = r.entry;
-        g.code = r.code;
+        placeSign(slot, r.code, r.entry);
         placed.push_back({slot, placed.empty() ? '-' : join});
         join = token.separator;
         ++slot;
-        CanvasImage& next = GlyphPic[static_cast<std::size_t>(slot)];
-        next.visible = true;
-        next.background = GlyphPic[static_cast<std::size_t>(slot) - 1].background;
     }
     LastGlyph = static_cast<std::int16_t>(slot - 1);
     Debuglbl = SeparatorDiagnostic(separators);
     return true;
+}
+
+void Composer::placeSign(int slot, const std::string& code, int entry) {
+    loadPicture(slot, pictureFor(code));
+    GlyphSlot& g = app_.glyphs[slot];
+    g.entry = entry;
+    g.code = code;
+    CanvasImage& next = GlyphPic[static_cast<std::size_t>(slot) + 1];
+    next.visible = true;
+    next.background = GlyphPic[static_cast<std::size_t>(slot)].background;
+}
+
+void Composer::ArrangeSigns(const std::vector<NamedSign>& signs) {
+    status.clear();
+    std::vector<Placed> placed;
+    for (const NamedSign& sign : signs) {
+        const int slot = static_cast<int>(placed.size());
+        if (slot >= MaxSignsPerLine) break;
+        placeSign(slot, sign.code, sign.entry);
+        placed.push_back({slot, placed.empty() ? '-' : sign.joiner});
+    }
+    LastGlyph = static_cast<std::int16_t>(static_cast<int>(placed.size()) - 1);
+    layOutGroups(placed);
 }
 
 void Composer::Get() {

@@ -78,6 +78,17 @@ public:
     // their natural size (the stored word has no room for another); each group is centred
     // on the frame's middle line and the groups stand in a row in the writing direction.
     void Arrange();
+    // A sign already looked up, with the separator ('-', ':' or '*') that joins it to the one
+    // before.
+    struct NamedSign {
+        std::string code;
+        int entry = 0;
+        char joiner = '-';
+    };
+    // Arrange for signs looked up by the caller (the importer reads variant codes such as
+    // N35a as codes, which a typed line would take for phonetic values): slots 0 upwards,
+    // laid out as groups. At most 20 signs are placed.
+    void ArrangeSigns(const std::vector<NamedSign>& signs);
 
     // Double-click on image i: the browser is shown and waited for; its choice fills slot i.
     // False when the browser was closed without a choice (nothing changes).
@@ -131,6 +142,7 @@ private:
     // Reads txtMdC into slots 0 upwards; the signs placed, with what joins each to the one
     // before. Returns false for an empty line (nothing at all happens then).
     bool readLine(std::vector<Placed>& placed);
+    void placeSign(int slot, const std::string& code, int entry);
     void layOutRow();
     void layOutGroups(const std::vector<Placed>& placed);
     void loadPicture(int i, const SignPicture& picture);

@@ -130,14 +130,18 @@ std::vector<PlacedSign> PlacedSigns(const GlyphTable& glyphs,
     return out;
 }
 
-UnicodeWord UnicodeWordText(const App& app) {
+bool WordOnShowFacesLeft(const App& app) {
     const DictionaryStore& store = app.store;
     // A composed word not yet stored faces the way new words are stored.
     bool left = app.settings.directionLeft;
     if (!store.newWordPending && store.currentIndex >= 0 &&
         store.currentIndex <= DictionaryStore::MaxWordIndex)
         left = store.field(store.currentIndex, FieldDirection) == "L";
-    return UnicodeText(PlacedSigns(app.glyphs, app.view.mainGlyphPic), left);
+    return left;
+}
+
+UnicodeWord UnicodeWordText(const App& app) {
+    return UnicodeText(PlacedSigns(app.glyphs, app.view.mainGlyphPic), WordOnShowFacesLeft(app));
 }
 
 } // namespace nebkaro

@@ -41,6 +41,9 @@ UnicodeWord UnicodeText(const std::vector<PlacedSign>& signs, bool leftToRight);
 // The signs of the GlyphTable with the sizes of the pictures now shown for them.
 std::vector<PlacedSign> PlacedSigns(const GlyphTable& glyphs,
                                     const std::array<GlyphImage, GlyphTable::Slots>& images);
+// Whether the word on show faces left (a composed word not yet stored faces the way new
+// words are stored).
+bool WordOnShowFacesLeft(const App& app);
 // The word on show (the current word, or a composed one not yet stored).
 UnicodeWord UnicodeWordText(const App& app);
 

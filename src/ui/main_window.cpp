@@ -16,6 +16,7 @@
 #include "ui/about_dialog.h"
 #include "ui/cancel_dialog.h"
 #include "ui/compose_window.h"
+#include "ui/exchange_commands.h"
 #include "ui/header_dialog.h"
 #include "ui/lookup_window.h"
 #include "ui/preferences_dialog.h"
@@ -167,6 +168,8 @@ MainWindow::MainWindow(App& app, Options options)
     app_.windows = this;
     lookup_ = std::make_unique<ui::LookupHost>(app_);
     tools_ = new SearchTools(app_, this);
+    exchange_ = new ExchangeCommands(app_, *tools_, this);
+    connect(exchange_, &ExchangeCommands::changed, this, [this] { wordViewChanged(); });
     surface_ = new WordSurface(this);
     surface_->setObjectName(QStringLiteral("MainSurface"));
     setCentralWidget(surface_);
@@ -418,7 +421,9 @@ QMenu* MainWindow::buildMenu(const MenuItem& item, QMenu* into) {
                 wordViewChanged();
             });
             m->addAction(a);
+            exchange_->addWordItems(m);
         }
+        if (child.objectName == "mnuMerge") exchange_->addFileItems(m);
     }
     return m;
 }
@@ -911,4 +916,3 @@ void MainWindow::showAbout() {
 }
 
 } // namespace nebkaro
-

@@ -31,6 +31,7 @@ namespace nebkaro {
 enum class CommandId : int;
 struct MenuItem;
 class AboutDialog;
+class ExchangeCommands;
 class CancelDialog;
 class SearchTools;
 class SortDialog;
@@ -154,6 +155,7 @@ private:
     ui::ComposeWindow* composer_ = nullptr;
     std::unique_ptr<ui::LookupHost> lookup_;
     SearchTools* tools_ = nullptr;
+    ExchangeCommands* exchange_ = nullptr;
     int progressPixels_ = -1; // the bar's length while a search runs
     // Print 1 collects words on a page until Form Feed; the options of the last print.
     Printing printing_;

@@ -1,7 +1,10 @@
 #include "bulk/search_dialog.h"
 #include "bulk/search.h"
+#include "bulk/sign_search.h"
 #include "core/app.h"
 #include "core/errors.h"
+#include "display/word_picture_qt.h"
+#include "print/word_picture.h"
 
 #include "ui/search_dialog.h"
 
@@ -17,6 +20,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableView>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <cmath>
@@ -44,7 +48,29 @@ int FoundWordsModel::rowCount(const QModelIndex& parent) const {
 }
 
 int FoundWordsModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : 4;
+    return parent.isValid() ? 0 : 5;
+}
+
+QPixmap FoundWordsModel::picture(int w) const {
+    const WordRecord& word = app_.store.row(w);
+    auto it = pictures_.find(w);
+    if (it != pictures_.end() && it->second.first == word[FieldLayout]) return it->second.second;
+    QPixmap small;
+    try {
+        const QImage image = WordPictureImage(print::PictureOfRecord(app_.pictures, word));
+        // Only ever shrunk: a one-sign word stays as sharp as its picture.
+        small =
+            QPixmap::fromImage(image.height() > PictureHeight
+                                   ? image.scaledToHeight(PictureHeight, Qt::SmoothTransformation)
+                                   : image);
+    } catch (const RunError&) {
+        // A layout that cannot be read has no picture; its texts still show.
+    }
+    // Only the rows on screen are drawn, so the cache stays small unless the user scrolls
+    // through thousands of words; then it starts again.
+    if (pictures_.size() > 2000) pictures_.clear();
+    pictures_[w] = {word[FieldLayout], small};
+    return small;
 }
 
 QVariant FoundWordsModel::data(const QModelIndex& index, int role) const {
@@ -54,11 +80,12 @@ QVariant FoundWordsModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::DisplayRole) {
         if (column == 0) return w;
         // The dictionary may have shrunk since the list was made.
-        if (w > app_.store.lastIndex) return {};
-        static constexpr int fields[] = {0, FieldGardiner, FieldTranslit, FieldMeaning};
+        if (w > app_.store.lastIndex || column == 1) return {};
+        static constexpr int fields[] = {0, 0, FieldGardiner, FieldTranslit, FieldMeaning};
         return qs(app_.store.field(w, fields[column]));
     }
-    if (role == Qt::FontRole && column == 2) return LetterColumn::transliterationFont(11);
+    if (role == Qt::DecorationRole && column == 1 && w <= app_.store.lastIndex) return picture(w);
+    if (role == Qt::FontRole && column == 3) return LetterColumn::transliterationFont(11);
     if (role == Qt::TextAlignmentRole && column == 0)
         return QVariant(Qt::AlignRight | Qt::AlignVCenter);
     return {};
@@ -66,7 +93,8 @@ QVariant FoundWordsModel::data(const QModelIndex& index, int role) const {
 
 QVariant FoundWordsModel::headerData(int section, Qt::Orientation o, int role) const {
     if (o != Qt::Horizontal || role != Qt::DisplayRole) return {};
-    static const char* titles[] = {"Index", "Gardiner's notation", "Transliteration", "Meaning"};
+    static const char* titles[] = {"Index", "Word", "Gardiner's notation", "Transliteration",
+                                   "Meaning"};
     return QString::fromLatin1(titles[section]);
 }
 
@@ -94,8 +122,12 @@ SearchDialog::SearchDialog(App& app, QWidget* parent) : QDialog(parent), app_(ap
         named(new QRadioButton(QStringLiteral("Gardiner's notation")), "optGardiner"));
     optComment_ = static_cast<QRadioButton*>(
         named(new QRadioButton(QStringLiteral("Comment")), "optComment"));
+    optSigns_ =
+        static_cast<QRadioButton*>(named(new QRadioButton(QStringLiteral("Signs")), "optSigns"));
+    optSigns_->setToolTip(QStringLiteral("Words written with all these signs, in any order: "
+                                         "codes or phonetic values, such as G17 D21 or m r"));
     auto* frameBox = new QVBoxLayout(Frame1_);
-    for (QRadioButton* o : {optMeaning_, optTranslit_, optGardiner_, optComment_})
+    for (QRadioButton* o : {optMeaning_, optTranslit_, optGardiner_, optComment_, optSigns_})
         frameBox->addWidget(o);
 
     ChkExact_ = static_cast<QCheckBox*>(
@@ -136,6 +168,10 @@ SearchDialog::SearchDialog(App& app, QWidget* parent) : QDialog(parent), app_(ap
     lstFound_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     lstFound_->verticalHeader()->hide();
     lstFound_->horizontalHeader()->setStretchLastSection(true);
+    lstFound_->verticalHeader()->setDefaultSectionSize(FoundWordsModel::PictureHeight + 6);
+    lstFound_->setIconSize(QSize(400, FoundWordsModel::PictureHeight));
+    // Fitting a column reads only the first rows, not a hundred thousand pictures.
+    lstFound_->horizontalHeader()->setResizeContentsPrecision(50);
     lstFound_->setToolTip(QStringLiteral("Double-click a word to show it"));
     lblFound_->hide();
     lstFound_->hide();
@@ -164,13 +200,22 @@ SearchDialog::SearchDialog(App& app, QWidget* parent) : QDialog(parent), app_(ap
     box->addWidget(lblFound_);
     box->addWidget(lstFound_, 1);
 
+    // The list follows the entries once the user pauses, so that typing stays smooth on a
+    // large dictionary.
+    liveTimer_ = new QTimer(this);
+    liveTimer_->setSingleShot(true);
+    liveTimer_->setInterval(150);
+    connect(liveTimer_, &QTimer::timeout, this, [this] { updateFound(true); });
     connect(txtSearch_, &QLineEdit::textChanged, this, [this](const QString& t) {
-        if (!refreshing_) app_.search.txtSearch = t.toStdString();
+        if (refreshing_) return;
+        app_.search.txtSearch = t.toStdString();
+        entriesChanged();
     });
     const std::pair<QRadioButton*, int> fields[] = {{optMeaning_, FieldMeaning},
                                                     {optTranslit_, FieldTranslit},
                                                     {optGardiner_, FieldGardiner},
-                                                    {optComment_, FieldComment}};
+                                                    {optComment_, FieldComment},
+                                                    {optSigns_, FieldLayout}};
     for (auto [button, field] : fields) {
         connect(button, &QRadioButton::toggled, this, [this, field = field](bool on) {
             if (on && !refreshing_) choose(field);
@@ -180,22 +225,28 @@ SearchDialog::SearchDialog(App& app, QWidget* parent) : QDialog(parent), app_(ap
         if (refreshing_) return;
         SearchSetExact(app_, on ? 1 : 0);
         refresh();
+        entriesChanged();
     });
     connect(chkExactWord_, &QCheckBox::toggled, this, [this](bool on) {
         if (refreshing_) return;
         SearchSetExactWord(app_, on ? 1 : 0);
         refresh();
+        entriesChanged();
     });
     connect(chkCase_, &QCheckBox::toggled, this, [this](bool on) {
-        if (!refreshing_) app_.search.chkCase = on ? 1 : 0;
+        if (refreshing_) return;
+        app_.search.chkCase = on ? 1 : 0;
+        entriesChanged();
     });
     connect(chkIgnoreVariants_, &QCheckBox::toggled, this, [this](bool on) {
-        if (!refreshing_) app_.search.chkIgnoreVariants = on ? 1 : 0;
+        if (refreshing_) return;
+        app_.search.chkIgnoreVariants = on ? 1 : 0;
+        entriesChanged();
     });
     connect(cmdTypewriter_, &QPushButton::clicked, this, &SearchDialog::typewriterRequested);
     connect(cmdOk_, &QPushButton::clicked, this, &SearchDialog::ok);
     connect(cmdCancel_, &QPushButton::clicked, this, &SearchDialog::cancel);
-    connect(cmdFindAll_, &QPushButton::clicked, this, &SearchDialog::findAll);
+    connect(cmdFindAll_, &QPushButton::clicked, this, [this] { updateFound(false); });
     connect(lstFound_, &QTableView::doubleClicked, this, &SearchDialog::showFound);
 
     if (!app_.search.loaded) SearchDialogLoad(app_);
@@ -211,6 +262,7 @@ void SearchDialog::refresh() {
     optTranslit_->setChecked(d.option == FieldTranslit);
     optGardiner_->setChecked(d.option == FieldGardiner);
     optComment_->setChecked(d.option == FieldComment);
+    optSigns_->setChecked(d.option == FieldLayout);
     ChkExact_->setChecked(d.ChkExact == 1);
     chkExactWord_->setChecked(d.chkExactWord == 1);
     chkCase_->setChecked(d.chkCase == 1);
@@ -233,6 +285,17 @@ void SearchDialog::choose(int field) {
     SearchChooseOption(app_, field);
     refresh();
     txtSearch_->setFocus();
+    entriesChanged();
+}
+
+void SearchDialog::entriesChanged() {
+    // Typing into an empty list that was never asked for stays quiet until there is text.
+    if (app_.search.txtSearch.empty() && lstFound_->isHidden()) return;
+    liveTimer_->start();
+}
+
+std::vector<int> SearchDialog::foundWords() const {
+    return lstFound_->isHidden() ? std::vector<int>{} : found_->words();
 }
 
 void SearchDialog::ok() {
@@ -279,31 +342,65 @@ bool SearchDialog::eventFilter(QObject* watched, QEvent* e) {
     return QDialog::eventFilter(watched, e);
 }
 
-void SearchDialog::findAll() {
+void SearchDialog::updateFound(bool live) {
+    liveTimer_->stop();
     const SearchDialogState& d = app_.search;
+    auto showList = [&](const QString& label) {
+        lblFound_->setText(label);
+        const bool wasHidden = lstFound_->isHidden();
+        lblFound_->show();
+        lstFound_->show();
+        if (wasHidden) resize(std::max(width(), 640), height() + 260);
+    };
     if (d.txtSearch.empty()) {
-        app_.dialogs.message("You must write something in the search box", "Null String",
-                             Buttons::OK, Icon::Exclamation);
+        if (!live) {
+            app_.dialogs.message("You must write something in the search box", "Null String",
+                                 Buttons::OK, Icon::Exclamation);
+            return;
+        }
+        found_->setWords({});
+        showList(QStringLiteral("Type something to search"));
         return;
     }
     try {
-        const SearchCriteria c = PrepareCriteria(d.txtSearch, d.ChkExact, d.chkExactWord, d.chkCase,
-                                                 d.chkIgnoreVariants != 0);
-        found_->setWords(FindAll(app_.store, c, d.option));
-        foundCriteria_ = c;
+        if (d.option == FieldLayout) {
+            const SignQueryReading r =
+                ReadSignQuery(app_.lists, d.txtSearch, d.chkIgnoreVariants != 0);
+            if (!r.unknown.empty()) {
+                if (!live)
+                    app_.dialogs.message(r.unknown + " was not found", "Phonetic Not Found",
+                                         Buttons::OK, Icon::Exclamation);
+                found_->setWords({});
+                showList(qs(r.unknown + " is neither a sign code nor a phonetic value"));
+                return;
+            }
+            found_->setWords(FindAllBySigns(app_.store, r.query));
+            foundCriteria_ = SearchCriteria{};
+            foundCriteria_.pattern = SignQueryText(r.query);
+            foundCriteria_.caseSensitive = 1;
+            foundCriteria_.ignoreVariants = r.query.foldVariants;
+        } else {
+            const SearchCriteria c = PrepareCriteria(d.txtSearch, d.ChkExact, d.chkExactWord,
+                                                     d.chkCase, d.chkIgnoreVariants != 0);
+            found_->setWords(FindAll(app_.store, c, d.option));
+            foundCriteria_ = c;
+        }
         foundField_ = d.option;
     } catch (const RunError& e) {
-        app_.dialogs.message(e.report(), "", Buttons::OK, Icon::Critical);
+        if (!live) app_.dialogs.message(e.report(), "", Buttons::OK, Icon::Critical);
+        found_->setWords({});
+        showList(qs(e.report()));
         return;
     }
     const int n = found_->rowCount();
-    lblFound_->setText(n == 1 ? QStringLiteral("1 word found")
-                              : QStringLiteral("%1 words found").arg(n));
-    const bool wasHidden = lstFound_->isHidden();
-    lblFound_->show();
-    lstFound_->show();
-    lstFound_->resizeColumnsToContents();
-    if (wasHidden) resize(std::max(width(), 520), height() + 240);
+    showList(n == 1 ? QStringLiteral("1 word found") : QStringLiteral("%1 words found").arg(n));
+    // Columns are fitted once, when the list first has words, so that they do not jump while
+    // the user types; the pictures get room for a few signs.
+    if (!columnsFitted_ && n > 0) {
+        columnsFitted_ = true;
+        for (int column : {0, 2, 3}) lstFound_->resizeColumnToContents(column);
+        lstFound_->setColumnWidth(1, 170);
+    }
 }
 
 void SearchDialog::showFound(const QModelIndex& index) {

@@ -1,12 +1,18 @@
 #pragma once
 // The Search dialog: the text to look for, the field, and the match options (the model is
-// App::search). OK hides it and Find goes on; Cancel closes it. "Find All" lists every word
-// that Find would stop at, and a double click shows one.
+// App::search). OK hides it and Find goes on; Cancel closes it. The Find All list shows every
+// word that Find would stop at, following the search text as it is typed; "Find All" fills it
+// at once, and a double click shows a word. "Signs" finds the words written with all the
+// signs named, in any order.
 #include "bulk/search_state.h"
 #include "core/dictionary_store.h"
 
 #include <QAbstractTableModel>
 #include <QDialog>
+#include <QPixmap>
+
+#include <map>
+#include <string>
 
 #include <vector>
 
@@ -17,27 +23,36 @@ class QLineEdit;
 class QPushButton;
 class QRadioButton;
 class QTableView;
+class QTimer;
 
 namespace nebkaro {
 
 struct App;
 
-// The words found by Find All: index, Gardiner's notation, transliteration, meaning, read
-// from the dictionary as the rows are shown.
+// The words found by Find All: index, the word's picture drawn small, Gardiner's notation,
+// transliteration, meaning, read from the dictionary as the rows are shown.
 class FoundWordsModel : public QAbstractTableModel {
     Q_OBJECT
 public:
     explicit FoundWordsModel(App& app, QObject* parent = nullptr);
     void setWords(std::vector<int> indices);
     int wordAt(int row) const { return words_.at(static_cast<std::size_t>(row)); }
+    const std::vector<int>& words() const { return words_; }
+    // The height of the pictures in the list, in pixels.
+    static constexpr int PictureHeight = 32;
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation o, int role) const override;
 
 private:
+    QPixmap picture(int word) const;
+
     App& app_;
     std::vector<int> words_;
+    // Pictures already drawn, with the layout they were drawn from: a word edited since is
+    // drawn again.
+    mutable std::map<int, std::pair<std::string, QPixmap>> pictures_;
 };
 
 class SearchDialog : public QDialog {
@@ -46,6 +61,8 @@ public:
     SearchDialog(App& app, QWidget* parent = nullptr);
     // Shows the model's entries again (after the typewriter typed into the search box).
     void refresh();
+    // The words the Find All list shows now (empty when it is hidden).
+    std::vector<int> foundWords() const;
 
 Q_SIGNALS:
     // The dialog was hidden (OK) or cancelled: a waiting Find may go on.
@@ -65,17 +82,22 @@ private:
     void choose(int field);
     void ok();
     void cancel();
-    void findAll();
+    // Fills the list for the entries as they stand. Typing (live) says nothing in message
+    // boxes: an empty text empties the list, and a problem is shown above it.
+    void updateFound(bool live);
+    void entriesChanged();
     void showFound(const QModelIndex& index);
 
     App& app_;
     bool refreshing_ = false;
+    bool columnsFitted_ = false;
     QLineEdit* txtSearch_;
     QGroupBox* Frame1_;
     QRadioButton* optMeaning_;
     QRadioButton* optTranslit_;
     QRadioButton* optGardiner_;
     QRadioButton* optComment_;
+    QRadioButton* optSigns_;
     QCheckBox* ChkExact_;
     QCheckBox* chkExactWord_;
     QCheckBox* chkCase_;
@@ -87,6 +109,7 @@ private:
     QLabel* lblFound_;
     QTableView* lstFound_;
     FoundWordsModel* found_;
+    QTimer* liveTimer_;
     SearchCriteria foundCriteria_;
     int foundField_ = FieldMeaning;
 };

@@ -40,7 +40,7 @@ TEST(SearchDialog, OptionEffectsKeepTheTransliterationAsymmetry) {
         {FieldGardiner, false, false, true}, {FieldTranslit, true, true, true},
         {FieldMeaning, false, false, false}, {FieldTranslit, true, true, false},
         {FieldGardiner, false, false, true}, {FieldComment, false, false, false},
-        {FieldTranslit, true, true, false},
+        {FieldTranslit, true, true, false},  {FieldLayout, false, true, true},
     };
     TestApp t;
     SearchDialogLoad(t.app);
@@ -51,8 +51,8 @@ TEST(SearchDialog, OptionEffectsKeepTheTransliterationAsymmetry) {
         EXPECT_EQ(t.app.search.cmdTypewriterEnabled, s.typewriter) << s.field;
         EXPECT_EQ(t.app.search.chkIgnoreVariantsEnabled, s.ignoreVariants) << s.field;
     }
-    SearchChooseOption(t.app, FieldLayout); // not an option of the dialog
-    EXPECT_EQ(t.app.search.option, FieldTranslit);
+    SearchChooseOption(t.app, FieldDirection); // not an option of the dialog
+    EXPECT_EQ(t.app.search.option, FieldLayout);
 }
 
 TEST(SearchDialog, ExactMatchAndExactWordExcludeEachOther) {

@@ -4,6 +4,7 @@
 #include "bulk/search_dialog.h"
 #include "core/app.h"
 #include "core/quiet_ports.h"
+#include "core/sign_lists.h"
 #include "translit/typewriter.h"
 #include "ui/search_dialog.h"
 #include "ui/search_tools.h"
@@ -335,15 +336,15 @@ private Q_SLOTS:
             QCOMPARE(m->data(m->index(0, 0)).toInt(), 1);
             QCOMPARE(m->data(m->index(1, 0)).toInt(), 2);
             QCOMPARE(m->data(m->index(2, 0)).toInt(), 4);
-            QCOMPARE(m->data(m->index(1, 1)).toString(), QStringLiteral("G3a"));
-            QCOMPARE(m->data(m->index(1, 2)).toString(), QStringLiteral("nTrj"));
-            QCOMPARE(m->data(m->index(1, 2), Qt::FontRole).value<QFont>().family(),
+            QCOMPARE(m->data(m->index(1, 2)).toString(), QStringLiteral("G3a"));
+            QCOMPARE(m->data(m->index(1, 3)).toString(), QStringLiteral("nTrj"));
+            QCOMPARE(m->data(m->index(1, 3), Qt::FontRole).value<QFont>().family(),
                      QStringLiteral("Transliteration"));
-            QCOMPARE(m->data(m->index(1, 3)).toString(), QStringLiteral("godly god"));
+            QCOMPARE(m->data(m->index(1, 4)).toString(), QStringLiteral("godly god"));
             QCOMPARE(child<QLabel>(d, "lblFound")->text(), QStringLiteral("3 words found"));
             QTest::qWait(50); // laid out
             list->scrollTo(m->index(2, 0));
-            const QRect cell = list->visualRect(m->index(2, 1));
+            const QRect cell = list->visualRect(m->index(2, 2));
             QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, cell.center());
             QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, cell.center());
             QCOMPARE(rendered, std::vector<int>{4});
@@ -353,6 +354,56 @@ private Q_SLOTS:
         FindPreviousCommand(*app);
         QCOMPARE(rendered, (std::vector<int>{4, 2}));
         QVERIFY(dialogs.shown.empty());
+    }
+
+    void signsListFollowsTheTypingWithPictures() {
+        ParsePhonetic(app->lists, "\"G17\",\"m\"\r\n\"D21\",\"r\"\r\n");
+        const char* layouts[] = {"G17(0,0) - D21(300,0) ", "D21(0,0) ", "D21(0,0) - G17a(300,0) ",
+                                 "X1(0,0) ", "G17(0,0) "};
+        for (int i = 0; i < 5; ++i) app->store.setField(i, FieldLayout, layouts[i]);
+        whileFindWaits([this](SearchDialog* d) {
+            child<QRadioButton>(d, "optSigns")->click();
+            QVERIFY(child<QCheckBox>(d, "chkIgnoreVariants")->isEnabled());
+            auto* list = child<QTableView>(d, "lstFound");
+            auto* label = child<QLabel>(d, "lblFound");
+            auto* box = child<QLineEdit>(d, "txtSearch");
+            QAbstractItemModel* m = list->model();
+            auto indices = [m] {
+                std::vector<int> out;
+                for (int r = 0; r < m->rowCount(); ++r)
+                    out.push_back(m->index(r, 0).data().toInt());
+                return out;
+            };
+            // No Find All: the list follows what is typed, narrowing with each sign.
+            QTest::keyClicks(box, "r");
+            QTRY_COMPARE(indices(), (std::vector<int>{0, 1, 2}));
+            QTest::keyClicks(box, " G17");
+            QTRY_COMPARE(indices(), (std::vector<int>{0}));
+            child<QCheckBox>(d, "chkIgnoreVariants")->click();
+            QTRY_COMPARE(indices(), (std::vector<int>{0, 2}));
+            // Every row has its word's picture.
+            QVERIFY(!m->index(0, 1).data(Qt::DecorationRole).value<QPixmap>().isNull());
+            // A name that is no sign empties the list and says so, without a message box.
+            QTest::keyClicks(box, " qqq");
+            QTRY_COMPARE(label->text(),
+                         QStringLiteral("qqq is neither a sign code nor a phonetic value"));
+            QCOMPARE(m->rowCount(), 0);
+            QVERIFY(dialogs.shown.empty());
+            box->clear();
+            QTRY_COMPARE(label->text(), QStringLiteral("Type something to search"));
+            QTest::keyClicks(box, "m");
+            QTRY_COMPARE(indices(), (std::vector<int>{0, 2, 4}));
+            QTest::qWait(50); // laid out
+            list->scrollTo(m->index(1, 0));
+            const QRect cell = list->visualRect(m->index(1, 2));
+            QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, cell.center());
+            QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, cell.center());
+            QCOMPARE(rendered, std::vector<int>{2});
+            QTest::mouseClick(child<QPushButton>(d, "cmdCancel"), Qt::LeftButton);
+        });
+        // Find Next goes on with the signs.
+        FindNextCommand(*app);
+        QCOMPARE(rendered, (std::vector<int>{2, 4}));
     }
 };
 

@@ -1,0 +1,169 @@
+// Finding words by their signs: how a query is read, which layouts hold it, and that the walk
+// over the dictionary agrees with a plain reading of the rule on random dictionaries.
+#include "bulk/bulk_fixture.h"
+#include "bulk/search.h"
+#include "bulk/sign_search.h"
+#include "core/sign_lists.h"
+#include "display/layout.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <random>
+
+namespace nebkaro {
+namespace {
+
+using testing::BulkApp;
+
+SignLists phoneticLists() {
+    SignLists lists;
+    ParsePhonetic(lists, "\"G17\",\"m\"\r\n\"D21\",\"r\"\r\n\"V28\",\"H\"\r\n\"O4\",\"h\"\r\n"
+                         "\"G1\",\"A\"\r\n\"F35\",\"nfr\"\r\n");
+    return lists;
+}
+
+TEST(ReadSignQuery, NamesBecomeCodesWhateverTheSeparatorOrSpelling) {
+    const SignLists lists = phoneticLists();
+    struct Case {
+        const char* text;
+        std::vector<std::string> codes;
+        std::string unknown;
+    } cases[] = {
+        {"G17 D21", {"G17", "D21"}, ""},
+        {"m r", {"G17", "D21"}, ""},
+        {"g17,d21", {"G17", "D21"}, ""},
+        {"G17-m:r*A1", {"G17", "G17", "D21", "A1"}, ""},
+        {"aa1 n35A", {"Aa1", "N35a"}, ""},
+        // Phonetic values are case-sensitive: H and h are different signs.
+        {"H h", {"V28", "O4"}, ""},
+        // Scholarly letters are read as the plain ones the table holds.
+        {"\xe1\xb8\xa5 \xea\x9c\xa3", {"V28", "G1"}, ""},
+        {"nfr", {"F35"}, ""},
+        {"m nfx r xyz", {"G17", "D21"}, "nfx"},
+        {"  ", {}, ""},
+    };
+    for (const Case& c : cases) {
+        const SignQueryReading r = ReadSignQuery(lists, c.text, false);
+        EXPECT_EQ(r.query.codes, c.codes) << c.text;
+        EXPECT_EQ(r.unknown, c.unknown) << c.text;
+    }
+}
+
+TEST(LayoutHasSigns, EverySignInAnyOrderAndEachAsOftenAsNamed) {
+    const std::string layout = "G17(0,0) - D21(300,0) - A1a( 600, -40) - G17(900,0) - Aa1(0,10) ";
+    struct Case {
+        std::vector<std::string> codes;
+        bool fold;
+        bool found;
+    } cases[] = {
+        {{"D21", "G17"}, false, true},
+        {{"G17", "G17"}, false, true},
+        {{"G17", "G17", "G17"}, false, false},
+        {{"A1"}, false, false}, // A1a is another sign unless variants fold
+        {{"A1"}, true, true},
+        {{"A1b"}, true, true}, // both sides fold
+        {{"A1a"}, false, true},
+        {{"Aa1"}, true, true}, // Aa1 has no variant letter to lose
+        {{"A"}, false, false}, // a code is matched whole, not as a prefix
+        {{"G1"}, false, false},
+        {{"D21", "X1"}, false, false},
+        {{}, false, false},
+    };
+    for (const Case& c : cases) {
+        SignQuery q{c.codes, c.fold};
+        EXPECT_EQ(LayoutHasSigns(layout, q), c.found)
+            << ::testing::PrintToString(c.codes) << " fold " << c.fold;
+    }
+}
+
+TEST(LayoutCodes, ReadsTheCodesOfBothWritersAndSurvivesBrokenText) {
+    struct Case {
+        const char* layout;
+        std::vector<std::string_view> codes;
+    } cases[] = {
+        {"A1(0,0) - G17(300,0) ", {"A1", "G17"}},
+        {"A1( 0, 12) - G17( 40, -7) ", {"A1", "G17"}},
+        {"A1(-40, 0) ", {"A1"}},
+        {"", {}},
+        {"A1(0,0", {"A1"}},
+        {"no brackets", {}},
+    };
+    for (const Case& c : cases) EXPECT_EQ(LayoutCodes(c.layout), c.codes) << c.layout;
+}
+
+// The rule read independently: count the codes of the layout (folded when asked) and check
+// that each code of the query is there at least as often as the query names it.
+bool plainRule(const std::string& layout, const std::vector<std::string>& query, bool fold) {
+    auto f = [&](std::string c) { return fold ? StripVariants(c) : c; };
+    std::map<std::string, int> have, want;
+    GlyphTable t;
+    ParseLayoutString(layout, t);
+    for (const GlyphSlot& s : t.cells)
+        if (s.used()) ++have[f(*s.code)];
+    for (const std::string& q : query) ++want[f(q)];
+    if (want.empty()) return false;
+    for (const auto& [code, n] : want)
+        if (have[code] < n) return false;
+    return true;
+}
+
+TEST(FindAllBySigns, AgreesWithThePlainRuleOnRandomDictionaries) {
+    const std::vector<std::string> pool = {"A1", "A1a", "A10", "Aa1",  "G17",
+                                           "G1", "D21", "N35", "N35a", "X1"};
+    std::mt19937 rng(21);
+    auto pick = [&] { return pool[rng() % pool.size()]; };
+    for (int round = 0; round < 20; ++round) {
+        BulkApp b;
+        std::vector<WordRecord> words;
+        for (int w = 0; w < 60; ++w) {
+            std::string layout;
+            const int n = 1 + static_cast<int>(rng() % 5);
+            for (int k = 0; k < n; ++k) layout += pick() + "(" + std::to_string(k * 300) + ",0) - ";
+            layout.resize(layout.size() - 2);
+            words.push_back({"L", "B", layout, "", "", "", ""});
+        }
+        b.setWords(words);
+        for (int q = 0; q < 10; ++q) {
+            SignQuery query;
+            query.foldVariants = rng() % 2 == 0;
+            const int n = 1 + static_cast<int>(rng() % 3);
+            for (int k = 0; k < n; ++k) query.codes.push_back(pick());
+            std::vector<int> expected;
+            for (int w = 0; w <= b.app.store.lastIndex; ++w)
+                if (plainRule(b.app.store.field(w, FieldLayout), query.codes, query.foldVariants))
+                    expected.push_back(w);
+            EXPECT_EQ(FindAllBySigns(b.app.store, query), expected);
+            const int first = expected.empty() ? -1 : expected.front();
+            EXPECT_EQ(FindBySigns(b.app.store, query, 0, b.app.store.lastIndex, 1), first);
+            const int last = expected.empty() ? -1 : expected.back();
+            EXPECT_EQ(FindBySigns(b.app.store, query, b.app.store.lastIndex, 0, -1), last);
+        }
+    }
+}
+
+TEST(SignsFind, FindAndFindNextWalkTheWordsHoldingTheSigns) {
+    BulkApp b;
+    b.app.lists = phoneticLists();
+    b.setWords({{"L", "B", "D21(0,0) ", "D21", "r", "mouth", ""},
+                {"L", "B", "G17(0,0) - D21(300,0) ", "G17-D21", "mr", "x", ""},
+                {"L", "B", "X1(0,0) ", "X1", "t", "bread", ""},
+                {"L", "B", "D21(0,0) - G17a(300,0) ", "D21-G17a", "rm", "y", ""}});
+    b.app.search.txtSearch = "r m";
+    b.app.search.chkIgnoreVariants = 1;
+    b.app.searchField = FieldLayout;
+    EXPECT_EQ(FindWord(b.app, 0, b.app.store.lastIndex, 1, false), 1);
+    FindNextCommand(b.app);
+    EXPECT_EQ(b.app.store.currentIndex, 3);
+
+    // A name that is neither a code nor a phonetic value is told, and nothing is searched.
+    b.app.search.txtSearch = "m qqq";
+    EXPECT_EQ(FindWord(b.app, 0, b.app.store.lastIndex, 1, false), -1);
+    ASSERT_FALSE(b.dialogs.prompts.empty());
+    EXPECT_EQ(b.dialogs.prompts.back().text, "qqq was not found");
+    EXPECT_EQ(b.dialogs.prompts.back().title, "Phonetic Not Found");
+}
+
+} // namespace
+} // namespace nebkaro

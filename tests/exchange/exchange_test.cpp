@@ -1,0 +1,177 @@
+// Words leaving and entering the program as text: the Manuel de Codage read from where the
+// signs stand, the import of such lines, and the Unicode table.
+#include "composer/composer_fixture.h"
+#include "exchange/mdc.h"
+#include "exchange/word_exchange.h"
+#include "translit/unicode_translit.h"
+
+#include <gtest/gtest.h>
+
+namespace nebkaro::testing {
+namespace {
+
+TEST(MdcOfSigns, GroupsRowsAndSidesComeFromWhereTheSignsStand) {
+    struct Case {
+        const char* name;
+        std::vector<PlacedSign> signs;
+        bool left;
+        const char* mdc;
+    } cases[] = {
+        {"a row of touching signs is a row of groups",
+         {{"A1", 0, 0, 300, 600}, {"G17", 300, 0, 450, 600}},
+         true,
+         "A1-G17"},
+        {"facing right, the row is read from the right",
+         {{"A1", 0, 0, 300, 600}, {"G17", 300, 0, 450, 600}},
+         false,
+         "G17-A1"},
+        {"one sign above another is a stack",
+         {{"N35", 0, 0, 600, 150}, {"X1", 75, 150, 450, 225}},
+         true,
+         "N35:X1"},
+        {"two signs side by side above a third",
+         {{"X1", 0, 112.5, 450, 225}, {"Z1", 450, 0, 150, 450}, {"N35", 0, 450, 600, 150}},
+         true,
+         "X1*Z1:N35"},
+        {"a stack between two signs, slot order aside",
+         {{"X1", 375, 262.5, 450, 225},
+          {"A1", 0, 0, 300, 600},
+          {"N35", 300, 112.5, 600, 150},
+          {"G17", 900, 0, 450, 600}},
+         true,
+         "A1-N35:X1-G17"},
+        {"overlapping signs in one row stay single signs",
+         {{"A1", 0, 0, 300, 600}, {"G17", 200, 0, 450, 600}},
+         true,
+         "A1-G17"},
+        {"signs without a code are left out", {{"", 0, 0, 300, 600}}, true, ""},
+        {"no signs", {}, true, ""},
+    };
+    for (const Case& c : cases) EXPECT_EQ(MdcOfSigns(c.signs, c.left), c.mdc) << c.name;
+}
+
+TEST(ScholarlyLetters, PlainLettersBecomeScholarlyAndBack) {
+    struct Case {
+        const char* plain;
+        const char* scholarly;
+    } cases[] = {
+        {"Htp", "\xe1\xb8\xa5tp"},
+        {"Dd mdw", "\xe1\xb8\x8f"
+                   "d mdw"},
+        {"AaiHxXqSTD", "\xea\x9c\xa3\xea\x9c\xa5\xe1\xbb\x89\xe1\xb8\xa5\xe1\xb8\xab\xe1\xba\x96"
+                       "\xe1\xb8\xb3\xc5\xa1\xe1\xb9\xaf\xe1\xb8\x8f"},
+        {"mrj", "mri\xcc\xaf"},
+        {"nfr 3!", "nfr 3!"},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(ScholarlyFromPlain(c.plain), c.scholarly) << c.plain;
+        EXPECT_EQ(PlainFromScholarly(c.scholarly), c.plain) << c.plain;
+    }
+    // The typewriter's o is the plain q: it goes out as q and comes back as q.
+    EXPECT_EQ(ScholarlyFromPlain("o"), "q");
+}
+
+struct ExchangeTest : ComposerTest {
+    ExchangeTest() {
+        ParseSignList(app.lists, "G1,M17,N35,A1,A2,Aa1,D21,G17,G43,M17,N35,N35a,X1,Z1\r\n");
+        t.pictures.sizes["N35a"] = {600, 150};
+        app.store.newWordPending = false;
+        app.store.lastIndex = 0;
+    }
+    std::vector<std::string> exportLines() {
+        const ExportText e = ExportMdcLines(app, AllWords(app));
+        std::vector<std::string> lines;
+        std::size_t at = 0;
+        while (at < e.text.size()) {
+            const std::size_t end = e.text.find("\r\n", at);
+            lines.push_back(e.text.substr(at, end - at));
+            at = end + 2;
+        }
+        return lines;
+    }
+};
+
+TEST_F(ExchangeTest, ExportedLinesImportBackToTheSameWordsAndNotations) {
+    const std::vector<std::string> lines = {
+        "A1-G17\tHtp\tpeace\toffering",     "N35:X1\tnt\tof\t",
+        "X1*Z1:N35\tt\tbread\tthree signs", "A1-N35:X1-G17\tsnD\tfear\t",
+        "N35a\tn\twater\tvariant",          "Aa1*D21:N35\txr\tunder\t",
+    };
+    std::string text;
+    for (const auto& l : lines) text += l + "\n";
+    const ImportReport r = ImportMdcLines(app, text);
+    EXPECT_EQ(r.added, 6);
+    EXPECT_TRUE(r.refused.empty()) << ImportReportText(r);
+    EXPECT_EQ(exportLines(), lines);
+    EXPECT_EQ(app.store.row(0), (WordRecord{"L", "B", "A1(0,0) - G17(300,0) ", "A1-G17", "Htp",
+                                            "peace", "offering"}));
+    EXPECT_EQ(app.store.field(2, FieldGardiner), "X1-Z1-N35");
+    EXPECT_TRUE(app.store.isChanged);
+
+    // Facing right, the same lines come back the same too.
+    app.store = DictionaryStore{};
+    app.settings.directionLeft = false;
+    EXPECT_EQ(ImportMdcLines(app, text).added, 6);
+    EXPECT_EQ(app.store.field(0, FieldDirection), "R");
+    EXPECT_EQ(exportLines(), lines);
+}
+
+TEST_F(ExchangeTest, ImportRefusesLinesItCannotStoreAndSaysWhy) {
+    struct Case {
+        const char* line;
+        const char* reason;
+    } cases[] = {
+        {"A1\tsA", "3 or 4 fields separated by tabs were expected, not 2"},
+        {"A1\ta\tb\tc\td", "3 or 4 fields separated by tabs were expected, not 5"},
+        {"A1\tsA\t\"son\"", "a double quote cannot be stored in a dictionary file"},
+        {"nfx\tnfx\tx", "nfx was not found"},
+        {"Q99\tq\tx", "Q99 is not in the sign list"},
+        {"A1(0,0)\ts\tx", "the notation has a character other than letters, digits, blanks, "
+                          "\"-\", \":\" and \"*\""},
+        {"A1--G17\ts\tx", "two separators stand together"},
+        {"\ts\tx", "there is no sign"},
+        {"A1-A1-A1-A1-A1-A1-A1-A1-A1-A1-A1-A1-A1-A1-A1-A1-A1-A1-A1-A1-A1\ts\tx",
+         "a word holds at most 20 signs"},
+    };
+    for (const Case& c : cases) {
+        const ImportReport r = ImportMdcLines(app, std::string("\n") + c.line + "\r\n");
+        EXPECT_EQ(r.added, 0) << c.line;
+        ASSERT_EQ(r.refused.size(), 1u) << c.line;
+        EXPECT_EQ(r.refused[0], std::string("line 2: ") + c.reason);
+    }
+    // The same word twice: the second is refused, the dictionary keeps one.
+    const ImportReport twice = ImportMdcLines(app, "A1\ts\tman\nA1\ts\tman\n");
+    EXPECT_EQ(twice.added, 1);
+    EXPECT_EQ(twice.refused,
+              std::vector<std::string>{"line 2: the dictionary already has this word"});
+    // Phonetic values name signs; scholarly letters are stored plain.
+    const ImportReport r = ImportMdcLines(app, "n:t\t\xe1\xb8\xa5tp\tx\n");
+    EXPECT_EQ(r.added, 1);
+    EXPECT_EQ(app.store.field(1, FieldGardiner), "N35-X1");
+    EXPECT_EQ(app.store.field(1, FieldTranslit), "Htp");
+}
+
+TEST_F(ExchangeTest, ImportKeepsTheWordOnShowAndTheComposerResults) {
+    ImportMdcLines(app, "A1\ts\tman\nG17\tm\towl\n");
+    app.store.currentIndex = 0;
+    app.layoutText = "kept";
+    app.store.editPending = true;
+    ImportMdcLines(app, "D21\tr\tmouth\n");
+    EXPECT_EQ(app.store.currentIndex, 0);
+    EXPECT_EQ(app.store.lastIndex, 2);
+    EXPECT_EQ(app.layoutText, "kept");
+    EXPECT_TRUE(app.store.editPending);
+}
+
+TEST_F(ExchangeTest, TsvHasUnicodeGlyphsScholarlyLettersAndQuotesWhatNeedsIt) {
+    app.store.setRow(0, {"L", "B", "N35(0,0) - X1(75,150) ", "N35:X1", "Htp", "a\tb", "say \"x\""});
+    const ExportText e = ExportTsv(app, AllWords(app));
+    // N35 over X1: the two signs joined by the vertical control.
+    const std::string stacked = "\xf0\x93\x88\x96\xf0\x93\x90\xb0\xf0\x93\x8f\x8f";
+    EXPECT_EQ(e.text, "Hieroglyphs\tTransliteration\tGardiner\tMeaning\tComment\r\n" + stacked +
+                          "\t\xe1\xb8\xa5tp\tN35:X1\t\"a\tb\"\t\"say \"\"x\"\"\"\r\n");
+    EXPECT_TRUE(e.problems.empty());
+}
+
+} // namespace
+} // namespace nebkaro::testing
