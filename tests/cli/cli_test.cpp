@@ -181,6 +181,7 @@ TEST_F(CliTest, AGardinerOrderErrorNamesBothNotationsAndWritesNothing) {
 
 TEST_F(CliTest, SearchPrintsMatchesAndExitsOneWhenNone) {
     const auto f = file("w.nkd", kWords);
+    home.write("Lists/Phonetic.csv", "\"G17\",\"m\"\r\n\"N35\",\"n\"\r\n");
     const std::tuple<std::string, int, std::string> cases[] = {
         {"--field meaning re", 0, "0\n"},
         {"--field meaning --all re", 0, "0\n1\n"},
@@ -188,6 +189,9 @@ TEST_F(CliTest, SearchPrintsMatchesAndExitsOneWhenNone) {
         {"--field meaning --exact --case REED", 1, ""},
         {"--field gardiner --all 'G17*'", 0, "1\n"},
         {"--field translit nothing", 1, ""},
+        {"--signs --all 'N35 m'", 0, "1\n"},
+        {"--signs 'a1 g17'", 1, ""},
+        {"--signs --all n", 0, "1\n"},
     };
     for (const auto& [args, status, out] : cases) {
         CliRun r = cli("search " + f + " " + args, home.path());
@@ -195,6 +199,8 @@ TEST_F(CliTest, SearchPrintsMatchesAndExitsOneWhenNone) {
         EXPECT_EQ(r.out, out) << args;
     }
     EXPECT_EQ(cli("search " + f + " --field meaning ''", home.path()).status, 2);
+    // A name that is neither a code nor a phonetic value is bad input.
+    EXPECT_EQ(cli("search " + f + " --signs 'm qqq'", home.path()).status, 2);
 }
 
 TEST_F(CliTest, ComposeAndGuess) {

@@ -393,6 +393,7 @@ private Q_SLOTS:
             QTRY_COMPARE(label->text(), QStringLiteral("Type something to search"));
             QTest::keyClicks(box, "m");
             QTRY_COMPARE(indices(), (std::vector<int>{0, 2, 4}));
+            d->grab().save(QStringLiteral("/tmp/w21-search.png"));
             QTest::qWait(50); // laid out
             list->scrollTo(m->index(1, 0));
             const QRect cell = list->visualRect(m->index(1, 2));
