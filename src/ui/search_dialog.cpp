@@ -151,7 +151,11 @@ SearchDialog::SearchDialog(App& app, QWidget* parent) : QDialog(parent), app_(ap
     cmdFindAll_ = static_cast<QPushButton*>(
         named(new QPushButton(QStringLiteral("Find All"), this), "cmdFindAll"));
     cmdFindAll_->setToolTip(QStringLiteral("List every word that matches"));
-    for (QPushButton* b : {cmdTypewriter_, cmdCancel_, cmdFindAll_}) b->setAutoDefault(false);
+    cmdPickSign_ = static_cast<QPushButton*>(
+        named(new QPushButton(QStringLiteral("Pick Sign..."), this), "cmdPickSign"));
+    cmdPickSign_->setToolTip(QStringLiteral("Add a sign chosen in the sign list"));
+    for (QPushButton* b : {cmdTypewriter_, cmdCancel_, cmdFindAll_, cmdPickSign_})
+        b->setAutoDefault(false);
 
     auto* Label1 = static_cast<QLabel*>(named(
         new QLabel(QStringLiteral("Wildcards: / = 0 or more characters; ? = any one character"),
@@ -185,6 +189,7 @@ SearchDialog::SearchDialog(App& app, QWidget* parent) : QDialog(parent), app_(ap
     options->addLayout(checks);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(cmdTypewriter_);
+    buttons->addWidget(cmdPickSign_);
     buttons->addStretch();
     buttons->addWidget(cmdFindAll_);
     buttons->addWidget(cmdOk_);
@@ -244,6 +249,7 @@ SearchDialog::SearchDialog(App& app, QWidget* parent) : QDialog(parent), app_(ap
         entriesChanged();
     });
     connect(cmdTypewriter_, &QPushButton::clicked, this, &SearchDialog::typewriterRequested);
+    connect(cmdPickSign_, &QPushButton::clicked, this, &SearchDialog::pickSign);
     connect(cmdOk_, &QPushButton::clicked, this, &SearchDialog::ok);
     connect(cmdCancel_, &QPushButton::clicked, this, &SearchDialog::cancel);
     connect(cmdFindAll_, &QPushButton::clicked, this, [this] { updateFound(false); });
@@ -269,6 +275,7 @@ void SearchDialog::refresh() {
     chkIgnoreVariants_->setChecked(d.chkIgnoreVariants == 1);
     chkIgnoreVariants_->setEnabled(d.chkIgnoreVariantsEnabled);
     cmdTypewriter_->setEnabled(d.cmdTypewriterEnabled);
+    cmdPickSign_->setEnabled(d.option == FieldLayout);
     QPalette pal = txtSearch_->palette();
     if (d.transliterationFont) {
         txtSearch_->setFont(LetterColumn::transliterationFont(10));
@@ -292,6 +299,15 @@ void SearchDialog::entriesChanged() {
     // Typing into an empty list that was never asked for stays quiet until there is text.
     if (app_.search.txtSearch.empty() && lstFound_->isHidden()) return;
     liveTimer_->start();
+}
+
+void SearchDialog::pickSign() {
+    if (!app_.windows->chooseSignFromBrowser()) return;
+    std::string& text = app_.search.txtSearch;
+    if (!text.empty() && text.back() != ' ') text += ' ';
+    text += app_.chosenSign.code;
+    refresh();
+    entriesChanged();
 }
 
 std::vector<int> SearchDialog::foundWords() const {

@@ -86,6 +86,8 @@ private:
     // boxes: an empty text empties the list, and a problem is shown above it.
     void updateFound(bool live);
     void entriesChanged();
+    // The sign list's browser: the sign chosen there is added to the signs searched for.
+    void pickSign();
     void showFound(const QModelIndex& index);
 
     App& app_;
@@ -106,6 +108,7 @@ private:
     QPushButton* cmdOk_;
     QPushButton* cmdCancel_;
     QPushButton* cmdFindAll_;
+    QPushButton* cmdPickSign_;
     QLabel* lblFound_;
     QTableView* lstFound_;
     FoundWordsModel* found_;

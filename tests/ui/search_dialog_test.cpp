@@ -68,6 +68,14 @@ struct NoWriter : FileWriter {
 // The main window as far as these windows need it.
 struct MainWindows : Windows {
     SearchTools* tools = nullptr;
+    App* app = nullptr;
+    // The sign the browser hands over next; empty: the browser is closed without a choice.
+    std::string browserSign;
+    bool chooseSignFromBrowser() override {
+        if (browserSign.empty()) return false;
+        app->chosenSign.code = browserSign;
+        return true;
+    }
     void showSearchDialogAndWait() override { tools->showSearchDialogAndWait(); }
     void typewriterTextChanged(TypewriterTarget t) override { tools->typewriterTextChanged(t); }
 };
@@ -130,6 +138,7 @@ private Q_SLOTS:
         mainWindow->show();
         tools = std::make_unique<SearchTools>(*app, mainWindow.get());
         windows.tools = tools.get();
+        windows.app = app.get();
         app->windows = &windows;
     }
 
@@ -391,6 +400,14 @@ private Q_SLOTS:
             QVERIFY(dialogs.shown.empty());
             box->clear();
             QTRY_COMPARE(label->text(), QStringLiteral("Type something to search"));
+            // A sign picked in the sign list joins the typed ones.
+            QVERIFY(child<QPushButton>(d, "cmdPickSign")->isEnabled());
+            QTest::keyClicks(box, "m");
+            windows.browserSign = "D21";
+            QTest::mouseClick(child<QPushButton>(d, "cmdPickSign"), Qt::LeftButton);
+            QCOMPARE(box->text(), QStringLiteral("m D21"));
+            QTRY_COMPARE(indices(), (std::vector<int>{0, 2}));
+            box->clear();
             QTest::keyClicks(box, "m");
             QTRY_COMPARE(indices(), (std::vector<int>{0, 2, 4}));
             d->grab().save(QStringLiteral("/tmp/w21-search.png"));
