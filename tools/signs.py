@@ -22,7 +22,7 @@ MAX_LIST_CODES = 7000
 # ("A i y j a w b p f m n r h H x X z s S q o k g t T d D"). The typewriter's
 # j and o are spellings of yod and q, not sounds with a sign of their own.
 PREAMBLE = [
-    ("A", "G1"), ("i", "M17"), ("y", "Z4"), ("a", "D36"), ("w", "G43"),
+    ("A", "G1"), ("i", "M17"), ("y", "M17a"), ("a", "D36"), ("w", "G43"),
     ("b", "D58"), ("p", "Q3"), ("f", "I9"), ("m", "G17"), ("n", "N35"),
     ("r", "D21"), ("h", "O4"), ("H", "V28"), ("x", "Aa1"), ("X", "F32"),
     ("z", "O34"), ("s", "S29"), ("S", "N37"), ("q", "N29"), ("k", "V31"),
