@@ -47,11 +47,11 @@ MULTILITERALS = [
     # D: parts of the human body
     ("D1", "tp"), ("D2", "Hr"), ("D4", "ir"), ("D10", "wDAt"), ("D19", "fnD"),
     ("D24", "spt"), ("D27", "mnD"), ("D28", "kA"), ("D33", "Xn"), ("D34", "aHA"),
-    ("D45", "Dsr"), ("D50", "Dba"), ("D52", "mt"), ("D53", "bAH"), ("D56", "rd"), ("D60", "wab"),
-    ("D61", "sAH"),
+    ("D45", "Dsr"), ("D50", "Dba"), ("D52", "mt"), ("D53", "bAH"), ("D56", "rd"),
+    ("D60", "wab"), ("D61", "sAH"),
     # E: mammals
-    ("E1", "kA"), ("E9", "iw"), ("E17", "zAb"), ("E20", "stX"), ("E23", "rw"), ("E26", "Abw"),
-    ("E34", "wn"),
+    ("E1", "kA"), ("E9", "iw"), ("E17", "zAb"), ("E20", "stX"), ("E23", "rw"),
+    ("E26", "Abw"), ("E34", "wn"),
     # F: parts of mammals
     ("F4", "HAt"), ("F5", "SsA"), ("F9", "pHty"), ("F12", "wsr"), ("F13", "wp"),
     ("F16", "ab"), ("F18", "bH"), ("F18", "Hw"), ("F20", "ns"), ("F21", "sDm"),
@@ -76,19 +76,19 @@ MULTILITERALS = [
     # M: trees and plants
     ("M1", "iAm"), ("M2", "Hn"), ("M3", "xt"), ("M4", "rnp"), ("M6", "tr"),
     ("M8", "SA"), ("M9", "zSn"), ("M11", "wdn"), ("M12", "xA"), ("M13", "wAD"),
-    ("M14", "wAD"),    ("M16", "HA"), ("M18", "ii"), ("M20", "sxt"), ("M21", "sm"), ("M22a", "nn"),
-    ("M23", "sw"), ("M26", "Sma"), ("M29", "nDm"), ("M30", "bnr"), ("M36", "Dr"),
+    ("M14", "wAD"), ("M16", "HA"), ("M18", "ii"), ("M20", "sxt"), ("M21", "sm"),
+    ("M22a", "nn"), ("M23", "sw"), ("M26", "Sma"), ("M29", "nDm"), ("M30", "bnr"), ("M36", "Dr"),
     ("M40", "is"), ("M44", "spd"),
     # N: sky, earth and water
-    ("N5", "ra"), ("N9", "psD"), ("N11", "iaH"), ("N14", "sbA"), ("N14", "dwA"), ("N15", "dwAt"),
-    ("N16", "tA"), ("N17", "tA"), ("N20", "wDb"), ("N24", "spAt"), ("N25", "xAst"), ("N26", "Dw"),
-    ("N27", "Axt"), ("N28", "xa"), ("N30", "iAt"), ("N31", "wAt"), ("N35a", "mw"),
-    ("N40", "Sm"),
+    ("N5", "ra"), ("N9", "psD"), ("N11", "iaH"), ("N14", "sbA"), ("N14", "dwA"),
+    ("N15", "dwAt"), ("N16", "tA"), ("N17", "tA"), ("N20", "wDb"), ("N24", "spAt"),
+    ("N25", "xAst"), ("N26", "Dw"), ("N27", "Axt"), ("N28", "xa"), ("N30", "iAt"),
+    ("N31", "wAt"), ("N35a", "mw"), ("N40", "Sm"),
     # O: buildings and their parts
     ("O1", "pr"), ("O6", "Hwt"), ("O11", "aH"), ("O15", "wsxt"), ("O18", "kAr"),
-    ("O22", "sH"), ("O25", "txn"), ("O28", "iwn"), ("O29", "aA"), ("O33", "srx"), ("O35", "zb"),
-    ("O36", "inb"), ("O42", "Ssp"), ("O44", "iAt"), ("O47", "nxn"), ("O49", "niwt"), ("O50", "zp"), ("O50", "sp"),
-    ("O51", "Snwt"),
+    ("O22", "sH"), ("O25", "txn"), ("O28", "iwn"), ("O29", "aA"), ("O33", "srx"),
+    ("O35", "zb"), ("O36", "inb"), ("O42", "Ssp"), ("O44", "iAt"), ("O47", "nxn"),
+    ("O49", "niwt"), ("O50", "zp"), ("O50", "sp"), ("O51", "Snwt"),
     # P: ships
     ("P4", "wHa"), ("P5", "TAw"), ("P6", "aHa"), ("P8", "xrw"),
     # Q: furniture
@@ -97,31 +97,34 @@ MULTILITERALS = [
     ("R4", "Htp"), ("R5", "kp"), ("R7", "snTr"), ("R8", "nTr"), ("R11", "Dd"),
     ("R14", "imnt"), ("R15", "iAb"), ("R22", "xm"),
     # S: crowns, dress, staves
-    ("S1", "HDt"), ("S3", "dSrt"), ("S5", "sxmty"), ("S7", "xprS"), ("S8", "Atf"), ("S9", "Swty"),
-    ("S10", "mDH"), ("S11", "wsx"), ("S12", "nbw"), ("S15", "tHn"), ("S18", "mnit"),
+    ("S1", "HDt"), ("S3", "dSrt"), ("S5", "sxmty"), ("S7", "xprS"), ("S8", "Atf"),
+    ("S9", "Swty"), ("S10", "mDH"), ("S11", "wsx"), ("S12", "nbw"), ("S15", "tHn"), ("S18", "mnit"),
     ("S19", "sDAw"), ("S20", "xtm"), ("S22", "sT"), ("S23", "dmD"), ("S24", "Ts"),
-    ("S26", "Sndyt"), ("S27", "mnxt"), ("S30", "sf"), ("S32", "siA"), ("S33", "Tbt"), ("S34", "anx"),
-    ("S35", "Swt"), ("S37", "xw"), ("S38", "HqA"), ("S39", "awt"), ("S40", "wAs"),
+    ("S26", "Sndyt"), ("S27", "mnxt"), ("S30", "sf"), ("S32", "siA"), ("S33", "Tbt"),
+    ("S34", "anx"), ("S35", "Swt"), ("S37", "xw"), ("S38", "HqA"), ("S39", "awt"), ("S40", "wAs"),
     ("S41", "Dam"), ("S42", "sxm"), ("S42", "abA"), ("S42", "xrp"), ("S43", "md"),
     ("S44", "Ams"), ("S45", "nxAxA"),
     # T: warfare, hunting, butchery
-    ("T3", "HD"), ("T9", "pD"), ("T10", "pD"), ("T12", "rwD"), ("T13", "rs"), ("T18", "Sms"),
-    ("T19", "qs"), ("T20", "qs"), ("T21", "wa"), ("T22", "sn"), ("T25", "DbA"), ("T28", "Xr"),
-    ("T29", "nmt"), ("T31", "sSm"), ("T32", "sSm"), ("T34", "nm"), ("T35", "nm"),
+    ("T3", "HD"), ("T9", "pD"), ("T10", "pD"), ("T12", "rwD"), ("T13", "rs"),
+    ("T18", "Sms"), ("T19", "qs"), ("T20", "qs"), ("T21", "wa"), ("T22", "sn"),
+    ("T25", "DbA"), ("T28", "Xr"), ("T29", "nmt"), ("T31", "sSm"), ("T32", "sSm"),
+    ("T34", "nm"), ("T35", "nm"),
     # U: agriculture, crafts and professions
     ("U1", "mA"), ("U2", "mA"), ("U6", "mr"), ("U7", "mr"), ("U13", "hb"),
     ("U13", "Sna"), ("U15", "tm"), ("U16", "biA"), ("U17", "grg"), ("U21", "stp"),
     ("U22", "mnx"), ("U23", "Ab"), ("U24", "Hmt"), ("U25", "Hmt"), ("U26", "wbA"),
-    ("U28", "DA"), ("U29", "DA"),
-    ("U30", "tA"), ("U32", "smn"), ("U33", "ti"), ("U34", "xsf"), ("U35", "xsf"), ("U36", "Hm"), ("U38", "mxAt"),
+    ("U28", "DA"), ("U29", "DA"), ("U30", "tA"), ("U32", "smn"), ("U33", "ti"),
+    ("U34", "xsf"), ("U35", "xsf"), ("U36", "Hm"), ("U38", "mxAt"),
     # V: rope, fibre, baskets, bags
     ("V1", "St"), ("V4", "wA"), ("V5", "snT"), ("V6", "Ss"), ("V7", "Sn"), ("V12", "arq"),
-    ("V15", "iT"), ("V16", "zA"), ("V17", "zA"), ("V20", "mD"), ("V22", "mH"), ("V23", "mH"), ("V24", "wD"), ("V25", "wD"),
-    ("V26", "aD"), ("V29", "wAH"), ("V29", "sk"), ("V30", "nb"), ("V33", "sSr"),
+    ("V15", "iT"), ("V16", "zA"), ("V17", "zA"), ("V20", "mD"), ("V22", "mH"),
+    ("V23", "mH"), ("V24", "wD"), ("V25", "wD"), ("V26", "aD"), ("V29", "wAH"),
+    ("V29", "sk"), ("V30", "nb"), ("V33", "sSr"),
     ("V37", "idr"),
     # W: vessels of stone and earthenware
     ("W2", "bAs"), ("W3", "Hb"), ("W9", "Xnm"), ("W10", "iab"), ("W14", "Hs"),
-    ("W15", "qbH"), ("W16", "qbH"), ("W17", "xnt"), ("W18", "xnt"), ("W19", "mi"), ("W24", "nw"), ("W25", "ini"),
+    ("W15", "qbH"), ("W16", "qbH"), ("W17", "xnt"), ("W18", "xnt"), ("W19", "mi"),
+    ("W24", "nw"), ("W25", "ini"),
     # X: loaves and cakes
     ("X6", "pAt"), ("X8", "di"),
     # Y: writings, games, music
@@ -144,9 +147,9 @@ SECONDARY = [
     ("D37", "di"),   # the arm giving a loaf; the loaf X8 is the usual di
     ("D37", "rdi"),
     ("D38", "mi"),   # the arm with a round loaf; the jug W19 is the usual mi
-    ("D42", "mH"),   # the forearm; the whip V22 is the usual mH
+    ("D42", "mH"),   # the forearm, the cubit; the whip V22 is the usual mH
     ("D43", "xw"),   # the arm with a flail; the fan S37 is the usual xw
-    ("D48", "Ssp"),  # the palm; the bow O42 is the usual Ssp
+    ("D48", "Ssp"),  # the palm; the fence O42 is the usual Ssp
     ("D59", "ab"),   # the foot and arm; the horn F16 is the usual ab
     ("E8", "ib"),    # the kid; the heart F34 is the usual ib
     ("M42", "wn"),   # the flower; the hare E34 is the usual wn
@@ -155,7 +158,7 @@ SECONDARY = [
     ("N36", "mr"),   # the canal; the hoe U6 is the usual mr
     ("N41", "Hm"),   # the well; the club U36 is the usual Hm
     ("U19", "nw"),   # the adze; the pot W24 is the usual nw
-    ("V1", "Sn"),    # the coil of rope; the ring V7 is the usual Sn
+    ("V1", "Sn"),    # the coil of rope; the cord V7 is the usual Sn
 ]
 
 ROWS = UNILITERALS + MULTILITERALS + SECONDARY

@@ -102,6 +102,22 @@ def font_cmap(font) -> dict[int, str]:
     return font.getBestCmap()
 
 
+# Font glyphs with a code that are not hieroglyphs of their own: the arrows the
+# font files under T80 (editorial marks, not signs) and V20u, the hobble V20
+# turned on its side, which a word draws by turning V20 itself.
+NOT_SIGNS = {
+    "T80": "an arrow, an editorial mark rather than a hieroglyph",
+    "T80a": "an arrow, an editorial mark rather than a hieroglyph",
+    "T80b": "an arrow, an editorial mark rather than a hieroglyph",
+    "T80p": "an arrow, an editorial mark rather than a hieroglyph",
+    "T80q": "an arrow, an editorial mark rather than a hieroglyph",
+    "T80r": "an arrow, an editorial mark rather than a hieroglyph",
+    "T80s": "an arrow, an editorial mark rather than a hieroglyph",
+    "T80t": "an arrow, an editorial mark rather than a hieroglyph",
+    "V20u": "V20 turned on its side, not a sign of its own",
+}
+
+
 def extended_signs(font, limit: int = MAX_LIST_CODES):
     """The codes of the Extended library and the font glyph that draws each.
 
@@ -123,6 +139,8 @@ def extended_signs(font, limit: int = MAX_LIST_CODES):
         code = code_from_font_name(glyph)
         if code is None:
             left_out.append((glyph, "oddly suffixed: a lower-case mark, not a variant letter"))
+        elif code in NOT_SIGNS:
+            left_out.append((glyph, NOT_SIGNS[code]))
         elif code in basic_codes:
             left_out.append((glyph, f"{code} is a different sign of the Unicode block"))
         elif code in seen:

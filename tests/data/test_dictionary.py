@@ -1,7 +1,10 @@
 """The starter dictionary: file form, layout strings the program can read, and
 sign placements that the program's own reading-order rules leave alone."""
 
+import os
 import re
+import subprocess
+import tempfile
 import unittest
 
 from shipped import data_path
@@ -204,6 +207,22 @@ class Dictionary(unittest.TestCase):
             with self.subTest(word=w[4]):
                 self.assertEqual(set(w[3].split("-")) - with_row - words.NOT_SOUND_SIGNS,
                                  set())
+
+    @unittest.skipUnless(os.environ.get("NEBKARO_CLI"), "needs the built nebkaro-cli")
+    def test_the_programs_sort_gardiner_keeps_every_word(self):
+        with tempfile.TemporaryDirectory() as tmp:
+            out = os.path.join(tmp, "sorted.nkd")
+            subprocess.run([os.environ["NEBKARO_CLI"], "--home", data_path(), "reading-order",
+                            data_path("Dictionaries", "Words.nkd"), "-o", out],
+                           check=True, capture_output=True)
+            with open(out, encoding="utf-8") as f:
+                fields = nkfile.read_fields(f.read())
+        again = [fields[k:k + 7] for k in range(7, len(fields), 7)]
+        self.assertEqual(len(again), len(self.words))
+        for w, a in zip(self.words, again):
+            with self.subTest(word=w[4]):
+                self.assertEqual(a[3].replace(" ", ""), w[3])
+                self.assertEqual(ENTRY.findall(a[2].replace(" ", "")), ENTRY.findall(w[2]))
 
     def test_program_reading_order_rules_keep_the_order(self):
         for w in self.words:

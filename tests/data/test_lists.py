@@ -125,6 +125,11 @@ class SignLists(unittest.TestCase):
         table, left_out = signs.extended_signs(TTFont(signs.FONT_PATH))
         self.assertEqual(set(extended[extended.index("A1"):]), {c for c, _ in table})
         self.assertGreater(len(extended), 6900)
+        # Marks that are not hieroglyphs stay out, while their neighbours stay in.
+        for code, expected in (("T80", False), ("T80t", False), ("V20u", False),
+                               ("T79", True), ("T81", True), ("V20", True), ("V20v", True)):
+            with self.subTest(code=code):
+                self.assertEqual(code in extended, expected)
 
     def test_extended_limit_drops_two_letter_variants_first(self):
         font = TTFont(signs.FONT_PATH)
