@@ -18,7 +18,7 @@ struct TransTableState {
 // says so under its columns.
 inline constexpr const char* TransTableNote =
     "j draws i\u032F, the weak yod of endings such as mri\u032F.\n"
-    "o draws q, the other way of writing \u1E33 (q).";
+    "o draws q, another way of writing the \u1E33 that q draws.";
 
 // mnuEgypt and mnuLatin.
 void TransTableEgyptological(TransTableState& state);
