@@ -10,6 +10,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QRadioButton>
 #include <QTest>
 
 #include <functional>
@@ -60,6 +61,13 @@ struct Program {
         return QTest::qWaitForWindowActive(window.get());
     }
 };
+
+// Radio buttons take clicks on their circle and caption only.
+inline void choose(QWidget* dialog, const char* option) {
+    auto* b = dialog->findChild<QRadioButton*>(QLatin1String(option));
+    QVERIFY2(b, option);
+    QTest::mouseClick(b, Qt::LeftButton, {}, QPoint(6, b->height() / 2));
+}
 
 inline std::vector<std::string> messageTexts() {
     std::vector<std::string> out;

@@ -27,17 +27,6 @@
 using namespace nebkaro;
 using namespace nebkaro::uitest;
 
-namespace {
-
-// Radio buttons take clicks on their circle and caption only.
-void choose(QWidget* dialog, const char* option) {
-    auto* b = dialog->findChild<QRadioButton*>(QLatin1String(option));
-    QVERIFY2(b, option);
-    QTest::mouseClick(b, Qt::LeftButton, {}, QPoint(6, b->height() / 2));
-}
-
-} // namespace
-
 class MainWindowTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:

@@ -55,13 +55,6 @@ void typeInto(const Program& p, const char* box, const char* text) {
     QTest::keyClicks(e, QLatin1String(text));
 }
 
-// Radio buttons take clicks on their circle and caption only.
-void choose(QWidget* dialog, const char* option) {
-    auto* b = dialog->findChild<QRadioButton*>(QLatin1String(option));
-    QVERIFY2(b, option);
-    QTest::mouseClick(b, Qt::LeftButton, {}, QPoint(6, b->height() / 2));
-}
-
 void sortBy(const char* option) {
     whenModal(QStringLiteral("Sort"), [option](QWidget* d) {
         choose(d, option);
