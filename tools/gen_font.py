@@ -12,6 +12,7 @@ punctuation keep DejaVu's drawings.
     A  ꜣ  aleph (U+A723)          H  ḥ  (U+1E25)
     a  ꜥ  ayin (U+A725)           x  ḫ  (U+1E2B)
     i  ỉ  yod (U+1EC9)            X  ẖ  (U+1E96)
+    I  Ỉ  yod, capital (U+1EC8), for a name typed with a capital
     j  i̯  consonantal yod, i with the inverted breve below (i + U+032F),
           the form used for a weak yod in endings such as mri̯
     q  ḳ  (U+1E33)                S  š  (U+0161)
@@ -20,7 +21,11 @@ punctuation keep DejaVu's drawings.
           in the Latin alphabet
     T  ṯ  (U+1E6F)                D  ḏ  (U+1E0F)
 
-The scholarly characters themselves keep their own drawings too. The font is cut
+The scholarly characters themselves keep their own drawings too, and the
+Egyptological yod ꞽ and Ꞽ (U+A7BD, U+A7BC), which DejaVu lacks, is drawn as a
+dotless i (or a capital I) with the right half ring above (U+0357), the form
+scholars typed before the letter had a code point; a text pasted from a modern
+edition then shows its yod instead of an empty box. The font is cut
 down to the Latin ranges, combining marks and punctuation, which keeps it small.
 
 Needs Debian's fonts-dejavu-core and python3-fonttools. DejaVu's licence
@@ -48,26 +53,35 @@ FAMILY = "Transliteration"
 SCHOLARLY = {
     "A": "\uA723", "a": "\uA725", "i": "\u1EC9", "H": "\u1E25", "x": "\u1E2B",
     "X": "\u1E96", "S": "\u0161", "T": "\u1E6F", "D": "\u1E0F", "q": "\u1E33",
-    "o": "q",
+    "o": "q", "I": "\u1EC8",
 }
 # Letters drawn by a glyph made here: name, base character, combining mark.
-COMPOSED = {"j": ("i.yod", "i", "\u032F")}
+COMPOSED = {
+    "j": ("i.yod", "i", "\u032F"),
+    "\uA7BD": ("uniA7BD", "\u0131", "\u0357"),
+    "\uA7BC": ("uniA7BC", "I", "\u0357"),
+}
 
 KEEP = ([(0x20, 0x7E), (0xA0, 0x36F), (0x1E00, 0x1EFF), (0x2000, 0x206F),
          (0x20AC, 0x20AC), (0xA720, 0xA7FF)])
 
 
 def compose(font: TTFont, name: str, base: str, mark: str) -> None:
-    """A glyph of the base with the mark centred under or over it."""
+    """A glyph of the base with the mark centred under or over it. A mark
+    above is lifted by what the base rises over a dotless i, so that it sits
+    on a capital as it sits on a small letter."""
     cmap = font.getBestCmap()
     glyf, hmtx = font["glyf"], font["hmtx"]
     base_glyph, mark_glyph = cmap[ord(base)], cmap[ord(mark)]
     b, m = glyf[base_glyph], glyf[mark_glyph]
     dx = round((b.xMin + b.xMax) / 2 - (m.xMin + m.xMax) / 2)
+    dy = 0
+    if m.yMin > 0:
+        dy = max(0, b.yMax - glyf[cmap[0x0131]].yMax)
     parts = []
-    for glyph_name, x in ((base_glyph, 0), (mark_glyph, dx)):
+    for glyph_name, x, y in ((base_glyph, 0, 0), (mark_glyph, dx, dy)):
         c = GlyphComponent()
-        c.glyphName, c.x, c.y = glyph_name, x, 0
+        c.glyphName, c.x, c.y = glyph_name, x, y
         c.flags = 0
         parts.append(c)
     parts[0].flags = 0x0200  # the composite takes the base's advance
@@ -87,7 +101,7 @@ def remap(font: TTFont) -> None:
     for table in font["cmap"].tables:
         if table.isUnicode():
             for cp, glyph in targets.items():
-                if cp in table.cmap:
+                if cp in table.cmap or cp > 0x7F:
                     table.cmap[cp] = glyph
 
 

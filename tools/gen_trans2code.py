@@ -10,16 +10,19 @@ records, for the characters 31 to 255 in order.
 
 How the encoding is made
 ------------------------
-The 25 letters of the classic order "A i y a w b p f m n r h H x X z s S q k g t
-T d D" become 25 Latin-1 signs in rising order, from the inverted exclamation
-mark (161) to one half (189). These signs have no case, so upper-casing (the
+The 27 letters of the classic order "A i y j a w b p f m n r h H x X z s S q o
+k g t T d D" become 27 Latin-1 signs in rising order, from the inverted
+exclamation mark (161) to the inverted question mark (191). The typewriter's j
+(the glide i̯) and o (a second q) stand where its own Egyptological keys put
+them, j after y and o after q; without a place of their own they would sort
+before every other letter. These signs have no case, so upper-casing (the
 sort's case-blind mode, which covers ASCII and Latin-1) leaves them alone: the
 order holds with and without "Case sensitive", and h and H stay apart. The
 soft hyphen (173) is skipped because editors may drop it, and the micro sign
 (181) and the two ordinal indicators (170, 186) because some upper-casing turns
 them into other characters.
 
-The 25 signs that stood on those codes move, in order, onto the codes the
+The 27 signs that stood on those codes move, in order, onto the codes the
 letters left free; every other character stays itself. So the encoding is a
 one-to-one mapping of the characters 32..255, and column 1 is its inverse.
 
@@ -49,13 +52,14 @@ import sys
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import nkfile  # noqa: E402
 
-CLASSIC_ORDER = "A i y a w b p f m n r h H x X z s S q k g t T d D".split()
+CLASSIC_ORDER = "A i y j a w b p f m n r h H x X z s S q o k g t T d D".split()
 
 FIRST_ROW, LAST_ROW = 31, 255
 QUOTE = 34
 # Latin-1 codes that upper-casing might change or that editors might lose.
 _AVOID = {170, 173, 181, 186}
-LETTER_CODES = [c for c in range(161, 192) if c not in _AVOID][:len(CLASSIC_ORDER)]
+LETTER_CODES = [c for c in range(161, 192) if c not in _AVOID]
+assert len(LETTER_CODES) == len(CLASSIC_ORDER)
 
 
 def encoding_map() -> dict[int, int]:

@@ -22,7 +22,7 @@ MAX_LIST_CODES = 7000
 # ("A i y j a w b p f m n r h H x X z s S q o k g t T d D"). The typewriter's
 # j and o are spellings of yod and q, not sounds with a sign of their own.
 PREAMBLE = [
-    ("A", "G1"), ("i", "M17"), ("y", "Z4"), ("a", "D36"), ("w", "G43"),
+    ("A", "G1"), ("i", "M17"), ("y", "M17a"), ("a", "D36"), ("w", "G43"),
     ("b", "D58"), ("p", "Q3"), ("f", "I9"), ("m", "G17"), ("n", "N35"),
     ("r", "D21"), ("h", "O4"), ("H", "V28"), ("x", "Aa1"), ("X", "F32"),
     ("z", "O34"), ("s", "S29"), ("S", "N37"), ("q", "N29"), ("k", "V31"),
@@ -102,6 +102,22 @@ def font_cmap(font) -> dict[int, str]:
     return font.getBestCmap()
 
 
+# Font glyphs with a code that are not hieroglyphs of their own: the arrows the
+# font files under T80 (editorial marks, not signs) and V20u, the hobble V20
+# turned on its side, which a word draws by turning V20 itself.
+NOT_SIGNS = {
+    "T80": "an arrow, an editorial mark rather than a hieroglyph",
+    "T80a": "an arrow, an editorial mark rather than a hieroglyph",
+    "T80b": "an arrow, an editorial mark rather than a hieroglyph",
+    "T80p": "an arrow, an editorial mark rather than a hieroglyph",
+    "T80q": "an arrow, an editorial mark rather than a hieroglyph",
+    "T80r": "an arrow, an editorial mark rather than a hieroglyph",
+    "T80s": "an arrow, an editorial mark rather than a hieroglyph",
+    "T80t": "an arrow, an editorial mark rather than a hieroglyph",
+    "V20u": "V20 turned on its side, not a sign of its own",
+}
+
+
 def extended_signs(font, limit: int = MAX_LIST_CODES):
     """The codes of the Extended library and the font glyph that draws each.
 
@@ -123,6 +139,8 @@ def extended_signs(font, limit: int = MAX_LIST_CODES):
         code = code_from_font_name(glyph)
         if code is None:
             left_out.append((glyph, "oddly suffixed: a lower-case mark, not a variant letter"))
+        elif code in NOT_SIGNS:
+            left_out.append((glyph, NOT_SIGNS[code]))
         elif code in basic_codes:
             left_out.append((glyph, f"{code} is a different sign of the Unicode block"))
         elif code in seen:

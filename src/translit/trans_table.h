@@ -14,6 +14,12 @@ struct TransTableState {
     TransTableState();
 };
 
+// Two keys draw something a reader of grammars does not expect from the letter alone; the table
+// says so under its columns.
+inline constexpr const char* TransTableNote =
+    "j draws i\u032F, the weak yod of endings such as mri\u032F.\n"
+    "o draws q, another way of writing the \u1E33 that q draws.";
+
 // mnuEgypt and mnuLatin.
 void TransTableEgyptological(TransTableState& state);
 void TransTableAlphabetical(TransTableState& state);

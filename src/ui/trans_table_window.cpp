@@ -47,6 +47,10 @@ TransTableWindow::TransTableWindow(QWidget* parent) : QWidget(parent, Qt::Tool) 
     grid->addWidget(Label4, 0, 1, Qt::AlignHCenter);
     grid->addWidget(Label2_, 1, 0);
     grid->addWidget(Label1_, 1, 1);
+    auto* lblNote = new QLabel(QString::fromUtf8(TransTableNote), this);
+    lblNote->setObjectName(QStringLiteral("lblNote"));
+    lblNote->setWordWrap(true);
+    grid->addWidget(lblNote, 2, 0, 1, 2);
 
     refresh();
 }

@@ -1,7 +1,10 @@
 """The starter dictionary: file form, layout strings the program can read, and
 sign placements that the program's own reading-order rules leave alone."""
 
+import os
 import re
+import subprocess
+import tempfile
 import unittest
 
 from shipped import data_path
@@ -9,6 +12,8 @@ from shipped import data_path
 import gen_dictionary
 import layout
 import nkfile
+import phonetic
+import words
 
 TWIPS = layout.TWIPS_PER_PIXEL
 MONTHS = ("January February March April May June July August September October "
@@ -114,8 +119,8 @@ class Dictionary(unittest.TestCase):
         self.assertIsNotNone(m, self.header[2])
         self.assertIn(m.group(2), MONTHS)
 
-    def test_at_least_200_words_all_left_basic(self):
-        self.assertGreaterEqual(len(self.words), 200)
+    def test_at_least_600_words_all_left_basic(self):
+        self.assertGreaterEqual(len(self.words), 600)
         for w in self.words:
             with self.subTest(word=w[4]):
                 self.assertEqual(len(w), 7)
@@ -172,6 +177,52 @@ class Dictionary(unittest.TestCase):
                         p, q = boxes[a], boxes[b]
                         overlap = p[0] < q[2] and q[0] < p[2] and p[1] < q[3] and q[1] < p[3]
                         self.assertFalse(overlap, f"signs {a} and {b} overlap")
+
+    def test_no_group_rises_above_the_line(self):
+        # A full-height sign is 39 pixels; a low sign may go under or over
+        # another, but two full-height signs stacked make a word half as tall
+        # again as its neighbours, which scribes avoid.
+        for w in self.words:
+            with self.subTest(word=w[4], layout=w[3]):
+                bottom = max(int(y) // TWIPS + self.size(code)[1]
+                             for code, _, y in ENTRY.findall(w[2]))
+                self.assertLessEqual(bottom, 45)
+
+    def test_comment_names_the_word_class(self):
+        classes = ("noun", "verb", "adjective", "adverb", "preposition", "particle",
+                   "pronoun", "demonstrative", "numeral", "title", "epithet", "formula",
+                   "negation", "auxiliary", "form of")
+        for w in self.words:
+            first_clause = w[6].split(";")[0]
+            with self.subTest(word=w[4], comment=w[6]):
+                self.assertTrue(any(c in first_clause for c in classes))
+
+    def test_every_sound_sign_has_a_phonetic_row(self):
+        # A sign of a starter word is either read as a sound, and then the
+        # composer and Guess must know it, or it is named as a determinative,
+        # stroke or numeral; it cannot be both.
+        with_row = {code for code, _ in phonetic.ROWS}
+        self.assertEqual(words.NOT_SOUND_SIGNS & with_row, set())
+        for w in self.words:
+            with self.subTest(word=w[4]):
+                self.assertEqual(set(w[3].split("-")) - with_row - words.NOT_SOUND_SIGNS,
+                                 set())
+
+    @unittest.skipUnless(os.environ.get("NEBKARO_CLI"), "needs the built nebkaro-cli")
+    def test_the_programs_sort_gardiner_keeps_every_word(self):
+        with tempfile.TemporaryDirectory() as tmp:
+            out = os.path.join(tmp, "sorted.nkd")
+            subprocess.run([os.environ["NEBKARO_CLI"], "--home", data_path(), "reading-order",
+                            data_path("Dictionaries", "Words.nkd"), "-o", out],
+                           check=True, capture_output=True)
+            with open(out, encoding="utf-8") as f:
+                fields = nkfile.read_fields(f.read())
+        again = [fields[k:k + 7] for k in range(7, len(fields), 7)]
+        self.assertEqual(len(again), len(self.words))
+        for w, a in zip(self.words, again):
+            with self.subTest(word=w[4]):
+                self.assertEqual(a[3].replace(" ", ""), w[3])
+                self.assertEqual(ENTRY.findall(a[2].replace(" ", "")), ENTRY.findall(w[2]))
 
     def test_program_reading_order_rules_keep_the_order(self):
         for w in self.words:

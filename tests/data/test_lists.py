@@ -125,6 +125,11 @@ class SignLists(unittest.TestCase):
         table, left_out = signs.extended_signs(TTFont(signs.FONT_PATH))
         self.assertEqual(set(extended[extended.index("A1"):]), {c for c, _ in table})
         self.assertGreater(len(extended), 6900)
+        # Marks that are not hieroglyphs stay out, while their neighbours stay in.
+        for code, expected in (("T80", False), ("T80t", False), ("V20u", False),
+                               ("T79", True), ("T81", True), ("V20", True), ("V20v", True)):
+            with self.subTest(code=code):
+                self.assertEqual(code in extended, expected)
 
     def test_extended_limit_drops_two_letter_variants_first(self):
         font = TTFont(signs.FONT_PATH)
@@ -168,8 +173,18 @@ class PhoneticTable(unittest.TestCase):
         for sound, code in signs.PREAMBLE:
             with self.subTest(sound=sound):
                 self.assertEqual(first[sound], code)
+        # Values a student types, with the sign Gardiner gives first for each; a
+        # rarer sign with the same value must not get ahead of it.
         for value, code in (("ib", "F34"), ("xA", "M12"), ("wn", "E34"), ("mr", "U6"),
-                            ("Hm", "U36"), ("nfr", "F35"), ("anx", "S34")):
+                            ("Hm", "U36"), ("nfr", "F35"), ("anx", "S34"), ("sA", "G39"),
+                            ("mAat", "H6"), ("Sm", "N40"), ("Xr", "T28"), ("ini", "W25"),
+                            ("mwt", "G14"), ("wAD", "M13"), ("sp", "O50"), ("stp", "U21"),
+                            ("rnp", "M4"), ("qd", "Aa28"), ("gs", "Aa13"), ("Sd", "F30"),
+                            ("kp", "R5"), ("qs", "T19"), ("Xn", "D33"), ("pD", "T9"),
+                            ("im", "Aa13"), ("Hp", "Aa5"), ("wDa", "Aa21"), ("xm", "R22"),
+                            ("zb", "O35"), ("imi", "Z11"), ("rdi", "D37"), ("nn", "M22a"),
+                            ("di", "X8"), ("mi", "W19"), ("mH", "V22"), ("HD", "T3"),
+                            ("nw", "W24"), ("Sn", "V7"), ("iw", "E9"), ("Ssp", "O42")):
             with self.subTest(value=value):
                 self.assertEqual(first[value], code)
 
@@ -177,8 +192,11 @@ class PhoneticTable(unittest.TestCase):
         values = {}
         for code, value in self.rows:
             values.setdefault(code, []).append(value)
+        # The first value is the one Guess reads.
         for code, expected in (("F18", ["bH", "Hw"]), ("N14", ["sbA", "dwA"]),
-                               ("V29", ["wAH", "sk"])):
+                               ("V29", ["wAH", "sk"]), ("G39", ["zA", "sA"]),
+                               ("Q1", ["st", "ws"]), ("Y3", ["zS", "sS"]),
+                               ("O50", ["zp", "sp"]), ("S3", ["n", "dSrt"])):
             with self.subTest(code=code):
                 self.assertEqual(values[code], expected)
 

@@ -144,6 +144,14 @@ class ClassicOrder(unittest.TestCase):
                 self.assertNotEqual(a, b)
                 self.assertEqual(a < b, CLASSIC.index(low) < CLASSIC.index(up))
 
+    def test_typewriter_only_letters_sort_beside_their_kin(self):
+        # The typewriter types j and o; a word with them must not jump ahead of
+        # the aleph words.
+        for sequence in (["Ab", "yb", "jb", "ab"], ["qA", "oA", "kA"], ["Abw", "jAw"]):
+            with self.subTest(sequence=sequence):
+                keyed = sorted(reversed(sequence), key=lambda w: encode(w, self.table))
+                self.assertEqual(keyed, sequence)
+
     def test_blank_and_punctuation_sort_before_letters(self):
         # So that "nb" < "nb.t" < "nbt": a shorter word and its punctuated form
         # come before longer words that go on with a letter.
