@@ -50,8 +50,7 @@ SortOrder chosenOrder(const App& app) {
 }
 
 bool editInProgress(const App& app) {
-    const DictionaryStore& s = app.store;
-    return s.newWordPending || s.editPending || s.composeAccepted;
+    return app.wordEdited(app);
 }
 
 constexpr const char* SaveBeforeSorting = "Do you want to save before sorting?";
@@ -92,6 +91,8 @@ void FlipAll(App& app, int mode) {
     }
     store.currentIndex = remembered;
     app.renderWord(app);
+    // The dialog is modal: left on screen it would hold up the program.
+    app.windows->hideProgress();
 }
 
 void SortCommand(App& app) {
@@ -156,6 +157,7 @@ void SortGardinerCommand(App& app) {
         app.dialogs.input("How much % overlap do you want to allow?", "Choose Overlap", "20");
     if (!answer || answer->empty()) return;
     try {
+        app.leaveWord(app);
         SortGardinerAll(app, text::leadingNumber(*answer));
     } catch (const RunError& e) {
         report(app, e);
@@ -168,6 +170,7 @@ void ShuffleCommand(App& app) {
                             "Confirm", Buttons::YesNo, Icon::Exclamation) != Answer::Yes)
         return;
     try {
+        app.leaveWord(app);
         if (app.store.isChanged) {
             const Answer a = app.dialogs.message("Do you want so save the dictionary?", "Confirm",
                                                  Buttons::YesNoCancel, Icon::Question);
@@ -187,6 +190,7 @@ void FlipAllCommand(App& app, int index) {
         Answer::Cancel)
         return;
     try {
+        app.leaveWord(app);
         FlipAll(app, index);
     } catch (const RunError& e) {
         report(app, e);

@@ -25,7 +25,7 @@ void ShuffleDictionary(App& app, std::optional<std::uint64_t> seed = std::nullop
 
 // Flip All without its question, mode 0 Left, 1 Right, 2 Invert: every word is shown and its
 // direction changed (and stored); the progress dialog's Cancel stops after the current word.
-// The word that was current is shown again; the progress dialog stays on screen.
+// The word that was current is shown again, and the progress dialog goes.
 void FlipAll(App& app, int mode);
 
 // The tool-bar button "Sort" (cmdSort).

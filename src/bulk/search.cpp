@@ -178,13 +178,7 @@ void FindCommand(App& app) {
     // dialog is already up, and the waiting Find searches once it is left.
     if (app.search.waiting) return;
     try {
-        const DictionaryStore& s = app.store;
-        if (s.newWordPending || s.editPending || s.composeAccepted) {
-            const Answer a = app.dialogs.message("Do you want to store this word before searching?",
-                                                 "", Buttons::YesNoCancel, Icon::Question);
-            if (a == Answer::Cancel) return;
-            if (a == Answer::Yes) app.storeWord(app);
-        }
+        app.leaveWord(app);
         app.typewriterTarget = TypewriterTarget::SearchText;
         if (!app.search.loaded) SearchDialogLoad(app);
         app.search.visible = true;
@@ -202,13 +196,16 @@ void FindCommand(App& app) {
 
 void FindNextCommand(App& app) {
     try {
+        app.leaveWord(app);
         DictionaryStore& s = app.store;
+        const std::int32_t onShow = s.currentIndex;
         if (s.currentIndex < s.lastIndex)
             ++s.currentIndex;
         else
             app.dialogs.message("No more words to search", "END OF FILE", Buttons::OK,
                                 Icon::Information);
-        FindWord(app, s.currentIndex, s.lastIndex, 1, true);
+        // Nothing found: the word on show stays the word that commands act on.
+        if (FindWord(app, s.currentIndex, s.lastIndex, 1, true) < 0) s.currentIndex = onShow;
     } catch (const RunError& e) {
         reportError(app, e);
     }
@@ -216,13 +213,15 @@ void FindNextCommand(App& app) {
 
 void FindPreviousCommand(App& app) {
     try {
+        app.leaveWord(app);
         DictionaryStore& s = app.store;
+        const std::int32_t onShow = s.currentIndex;
         if (s.currentIndex < 1)
             app.dialogs.message("No more words to search", "END OF FILE", Buttons::OK,
                                 Icon::Information);
         else
             --s.currentIndex;
-        FindWord(app, s.currentIndex, 0, -1, true);
+        if (FindWord(app, s.currentIndex, 0, -1, true) < 0) s.currentIndex = onShow;
     } catch (const RunError& e) {
         reportError(app, e);
     }

@@ -19,16 +19,18 @@ void EncodeTransliteration(App& app, int direction) {
     DictionaryStore& store = app.store;
     app.sortDialog.sortField = SortByTranslit;
     const auto column = static_cast<std::size_t>(direction);
-    std::string out;
+    // Every word is coded before any is changed: a letter the table lacks leaves them all
+    // as they were, never some coded and some not.
+    std::vector<std::string> coded(static_cast<std::size_t>(std::max(store.lastIndex + 1, 0)));
     for (int w = 0; w <= store.lastIndex; ++w) {
-        const std::string& in = store.field(w, FieldTranslit);
-        out.clear();
-        for (const char32_t c : text::toU32(in)) {
+        std::string& out = coded[static_cast<std::size_t>(w)];
+        for (const char32_t c : text::toU32(store.field(w, FieldTranslit))) {
             if (c > 255) throw RunError(SubscriptOutOfRange);
             out += app.lists.Trans2Code[c][column];
         }
-        store.setField(w, FieldTranslit, out);
     }
+    for (int w = 0; w <= store.lastIndex; ++w)
+        store.setField(w, FieldTranslit, std::move(coded[static_cast<std::size_t>(w)]));
 }
 
 std::vector<int> ToolbarOrder(const std::vector<WordRecord>& rows, int last, int field,
@@ -51,10 +53,37 @@ std::vector<int> ToolbarOrder(const std::vector<WordRecord>& rows, int last, int
 
 namespace {
 
-// After a failure in the middle of a sort: what the store holds now counts as changed, and the
+// The classic order sorts coded transliterations; however the sort ends (done, cancelled, an
+// error), the words are decoded again before anything else sees them.
+class ClassicCoding {
+public:
+    ClassicCoding(App& app, bool classic) : app_(app), active_(classic) {
+        if (active_) EncodeTransliteration(app_, 0);
+    }
+    ClassicCoding(const ClassicCoding&) = delete;
+    ClassicCoding& operator=(const ClassicCoding&) = delete;
+    // The normal end: a failure to decode is reported like any other.
+    void decode() {
+        if (!active_) return;
+        active_ = false;
+        EncodeTransliteration(app_, 1);
+    }
+    ~ClassicCoding() {
+        try {
+            decode();
+        } catch (...) { // the error that ended the sort is the one reported
+        }
+    }
+
+private:
+    App& app_;
+    bool active_;
+};
+
+// After a failure: once the words began to move, what the store holds counts as changed; the
 // word view shows the word that is really at the current index.
-void afterFailure(App& app) {
-    app.store.isChanged = true;
+void afterFailure(App& app, bool started) {
+    if (started) app.store.isChanged = true;
     app.renderWord(app);
 }
 
@@ -62,12 +91,11 @@ void afterFailure(App& app) {
 
 void ToolbarSort(App& app, int field, SortOrder order) {
     DictionaryStore& store = app.store;
-    const int chosen = field;
+    bool started = false;
     try {
-        if (chosen == SortByClassic) {
-            EncodeTransliteration(app, 0);
-            field = SortByTranslit;
-        }
+        ClassicCoding coding(app, field == SortByClassic);
+        started = true;
+        if (field == SortByClassic) field = SortByTranslit;
         const int last = store.lastIndex;
         // The passes count down from lastIndex to 0 in the counter; the order they produce is
         // computed at once, so the counter shows the start and the end of the count.
@@ -85,9 +113,9 @@ void ToolbarSort(App& app, int field, SortOrder order) {
             app.windows->showCounter(0);
             app.events.yield();
         }
-        if (chosen == SortByClassic) EncodeTransliteration(app, 1);
+        coding.decode();
     } catch (...) {
-        afterFailure(app);
+        afterFailure(app, started);
         throw;
     }
     store.isChanged = true;
@@ -97,19 +125,18 @@ void ToolbarSort(App& app, int field, SortOrder order) {
 double MenuSort(App& app, int field, SortOrder order, int algorithm) {
     DictionaryStore& store = app.store;
     app.windows->showProgress("Sorting Started");
-    const int chosen = field;
+    bool started = false;
     try {
-        if (chosen == SortByClassic) {
-            EncodeTransliteration(app, 0);
-            field = SortByTranslit;
-        }
+        ClassicCoding coding(app, field == SortByClassic);
+        started = true;
+        if (field == SortByClassic) field = SortByTranslit;
         app.sortCancelled = false;
         const auto t0 = std::chrono::steady_clock::now();
         if (algorithm == 1)
             ExchangeSort(app, WordRows(store), field, store.lastIndex - 1, order);
         else
             CombSort(app, WordRows(store), field, store.lastIndex - 1, order);
-        if (chosen == SortByClassic) EncodeTransliteration(app, 1);
+        coding.decode();
         store.isChanged = true;
         store.currentIndex = 0;
         app.renderWord(app);
@@ -117,7 +144,7 @@ double MenuSort(App& app, int field, SortOrder order, int algorithm) {
         app.sortCancelled = false;
         return std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
     } catch (...) {
-        afterFailure(app);
+        afterFailure(app, started);
         app.windows->hideProgress();
         app.sortCancelled = false;
         throw;

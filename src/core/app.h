@@ -165,6 +165,12 @@ struct App {
     // editing commands; the file commands reach them through these.
     std::function<void(App&)> renderWord = [](App&) {};
     std::function<void(App&)> storeWord = [](App&) {};
+    // Whether the word on show has edits not yet stored, and the question offering to store
+    // them before a command leaves the word (the editing commands install both).
+    std::function<bool(const App&)> wordEdited = [](const App& a) {
+        return a.store.newWordPending || a.store.editPending || a.store.composeAccepted;
+    };
+    std::function<void(App&)> leaveWord = [](App&) {};
     // Main-window commands whose code lives in other parts of the program (search, sorts,
     // printing, the other windows): installed by the program, run by RunCommand.
     std::map<CommandId, std::function<void(App&)>> commandHandlers;

@@ -123,7 +123,8 @@ std::string NkdPath(const std::string& path) {
 }
 
 std::string CaptionText(const App& app) {
-    return "Nebkaro Ver: " + versionText() + "    Dictionary: " + app.store.dictionaryName;
+    return "Nebkaro Ver: " + versionText() +
+           "    Dictionary: " + (app.store.untitled ? "Untitled" : app.store.dictionaryName);
 }
 
 LoadOutcome LoadDictionary(App& app) {
@@ -176,6 +177,7 @@ LoadOutcome LoadDictionary(App& app) {
     }
     store.lastIndex = counter - 1;
     store.currentIndex = 0;
+    if (!app.mergeMode) store.untitled = false;
     app.renderWord(app);
     app.windows->setCaption(CaptionText(app));
     store.isChanged = app.mergeMode;
@@ -184,6 +186,10 @@ LoadOutcome LoadDictionary(App& app) {
 
 bool SaveDictionary(App& app) {
     DictionaryStore& store = app.store;
+    if (store.untitled) {
+        SaveDictionaryDialog(app);
+        return !store.untitled && !store.isChanged;
+    }
     app.storeWord(app);
     store.dictionaryPath = NkdPath(store.dictionaryPath);
     const bool withWords = !app.newDictionaryMode;
@@ -241,13 +247,21 @@ bool ConfirmHeader(App& app, DictionaryHeader& boxes) {
     return true;
 }
 
+bool OfferToSaveChanges(App& app, const std::string& prompt, const std::string& title, Icon icon) {
+    if (!app.store.isChanged && !app.wordEdited(app)) return true;
+    const Answer a = app.dialogs.message(prompt, title, Buttons::YesNoCancel, icon);
+    if (a == Answer::Cancel) return false;
+    return a == Answer::No || SaveDictionary(app);
+}
+
 void OpenDictionaryDialog(App& app) {
     DictionaryStore& store = app.store;
-    if (store.editPending || store.newWordPending) {
-        if (app.dialogs.message("Do you want to save the current Dictionary?", "SAVE?",
-                                Buttons::YesNo, Icon::Question) == Answer::Yes)
-            SaveDictionary(app);
-    }
+    // A merge keeps the dictionary and only leaves the word on show; an open replaces it.
+    if (app.mergeMode)
+        app.leaveWord(app);
+    else if (!OfferToSaveChanges(app, "Do you want to save the current Dictionary?", "SAVE?",
+                                 Icon::Question))
+        return;
     const auto chosen = app.dialogs.openFile(OpenFilter, fs::path(store.dictionaryPath));
     if (!chosen || chosen->empty()) return;
     const std::string oldPath = store.dictionaryPath, oldName = store.dictionaryName;
@@ -286,6 +300,7 @@ void SaveDictionaryDialog(App& app) {
     }
     store.dictionaryPath = chosen->string();
     store.dictionaryName = chosen->filename().string();
+    store.untitled = false;
     SaveDictionary(app);
     app.windows->setCaption(CaptionText(app));
 }
@@ -295,6 +310,10 @@ void SaveAsCommand(App& app) {
 }
 
 void NewDictionaryCommand(App& app) {
+    // The new dictionary empties the store: its changes are saved first or given up knowingly.
+    if (!OfferToSaveChanges(app, "Do you want to save the current Dictionary?", "SAVE?",
+                            Icon::Question))
+        return;
     app.newDictionaryMode = true;
     SaveDictionaryDialog(app);
 }

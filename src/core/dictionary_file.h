@@ -2,6 +2,7 @@
 // The dictionary file: seven quoted, comma-separated fields per word, an optional first line
 // of seven header values; and the Open, Merge, Save, Save As and New Dictionary commands.
 #include "core/dictionary_store.h"
+#include "core/ports.h"
 
 #include <string>
 #include <vector>
@@ -53,8 +54,14 @@ enum class LoadOutcome { Loaded, Failed, NotFound };
 // Reads app.store.dictionaryPath into the store (appending when app.mergeMode). On failure the
 // store is left exactly as it was and the user is told.
 LoadOutcome LoadDictionary(App& app);
-// Stores the word on show, then writes the store to dictionaryPath. True when written.
+// Stores the word on show, then writes the store to dictionaryPath. True when written. An
+// untitled dictionary asks where to save first.
 bool SaveDictionary(App& app);
+
+// Before the dictionary is replaced or closed: when the store changed or the word on show has
+// edits not yet stored, asks prompt (Yes, No and Cancel); Yes saves. True when the command
+// may go on: no changes, No, or Yes and saved.
+bool OfferToSaveChanges(App& app, const std::string& prompt, const std::string& title, Icon icon);
 
 // The dictionary information dialog's confirming button: refuses "R" and "L" as value 0
 // (emptying box 0), otherwise copies the boxes into the header. True when accepted.

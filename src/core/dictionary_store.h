@@ -63,6 +63,9 @@ public:
 
     std::string dictionaryPath;
     std::string dictionaryName = "Words.nkd";
+    // No file holds this dictionary yet (the start-up load failed and none was opened):
+    // Save asks where to save rather than write over the file that failed.
+    bool untitled = false;
     std::string dictionariesFolder;
 
     // Bulk access for loaders and sorts: rows 0..n-1 as a vector (allocating them).

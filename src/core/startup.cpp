@@ -35,6 +35,9 @@ bool StartUp(App& app, const std::string& commandLine) {
     }
     if (app.settings.showAbout) app.windows->showAboutModal();
     app.mergeMode = false;
+    // Until a load succeeds, the store holds no file's words: saving it over the file that
+    // failed would destroy that file.
+    store.untitled = true;
     const LoadOutcome outcome = LoadDictionary(app);
     if (app.endRequested) return false;
     if (outcome == LoadOutcome::Failed &&
@@ -42,6 +45,11 @@ bool StartUp(App& app, const std::string& commandLine) {
                             Buttons::YesNo, Icon::Question) == Answer::Yes) {
         OpenDictionaryDialog(app);
         if (app.endRequested) return false;
+    }
+    if (store.untitled) {
+        // Save proposes the Dictionaries folder; the remembered name stays for the next start.
+        store.dictionaryPath = store.dictionariesFolder;
+        app.windows->setCaption(CaptionText(app));
     }
     try {
         LoadTrans2Code(app.lists, app.home);
@@ -65,7 +73,7 @@ void writeSettings(App& app) {
 
 bool QuitCommand(App& app) {
     const DictionaryStore& store = app.store;
-    if (store.isChanged || store.editPending || store.newWordPending) {
+    if (store.isChanged || app.wordEdited(app)) {
         const Answer a = app.dialogs.message("Do you want to save before quitting?", "Quitting",
                                              Buttons::YesNoCancel, Icon::Exclamation);
         if (a == Answer::Cancel) return false;
@@ -79,9 +87,13 @@ bool QuitCommand(App& app) {
 
 bool CloseMainWindow(App& app) {
     const DictionaryStore& store = app.store;
-    if (store.isChanged || store.composeAccepted || store.newWordPending || store.editPending) {
-        if (app.dialogs.message("Do you want to save before quitting?", "", Buttons::YesNo,
-                                Icon::Question) == Answer::Yes) {
+    if (store.isChanged || app.wordEdited(app)) {
+        // Cancel (and Escape) keeps the window open: closing by the frame is no reason to
+        // lose work.
+        const Answer a = app.dialogs.message("Do you want to save before quitting?", "",
+                                             Buttons::YesNoCancel, Icon::Question);
+        if (a == Answer::Cancel) return false;
+        if (a == Answer::Yes) {
             app.storeWord(app);
             if (!SaveDictionary(app)) return false;
         }

@@ -15,8 +15,8 @@ bool StartUp(App& app, const std::string& commandLine);
 // program is to end (the settings have then been written).
 bool QuitCommand(App& app);
 
-// The window being closed by other means: asks Yes/No, then writes the settings. True when
-// the window is to close; only a save that was asked for and failed keeps it open.
+// The window being closed by other means: asks Yes/No/Cancel, then writes the settings. True
+// when the window is to close; Cancel, or a save that was asked for and failed, keeps it open.
 bool CloseMainWindow(App& app);
 
 } // namespace nebkaro

@@ -71,6 +71,8 @@ struct WordView {
     bool textChanged = false;
     // Pictures that could not be read in the last drawing, for the status bar.
     std::vector<std::string> missingPictures;
+    // Why the signs of the word on show could not be drawn; empty when they were.
+    std::string drawProblem;
 
     // Switches of the window, not kept between runs: the key pressed before the last one (the
     // window sees keys before its controls), the five Hide check boxes (ChkHideEnriched,

@@ -79,35 +79,56 @@ void setBox(WordView& v, std::string& box, const std::string& value) {
 
 void RenderWord(App& app) {
     DictionaryStore& store = app.store;
-    if (store.currentIndex < 0) return;
     WordView& v = app.view;
-    const WordRecord& word = store.row(store.currentIndex);
-    ParseLayout(app);
-    const std::string library = libraryFolder(word[FieldLibrary]);
-    const std::string direction = directionFolder(word[FieldDirection]);
-    v.missingPictures.clear();
-    for (int i = 0; i < GlyphTable::Slots; ++i) {
-        GlyphImage& img = v.mainGlyphPic[static_cast<std::size_t>(i)];
-        const GlyphSlot& s = app.glyphs[i];
-        if (s.used() && !s.code->empty()) {
-            img.picture = app.pictures.picture(library, direction, *s.code);
-            if (!img.picture.ok) v.missingPictures.push_back(img.picture.file.string());
-            img.visible = true;
-        } else {
-            img.visible = false;
-        }
-    }
-    PlaceGlyphGroup(app);
+    // Without a word (none in the dictionary, or an index outside the table) the view is
+    // empty: another word's signs or texts left on show would be taken for this one's.
+    const bool inTable = store.lastIndex >= 0 && store.currentIndex >= 0 &&
+                         store.currentIndex <= DictionaryStore::MaxWordIndex;
+    static const WordRecord none{};
+    const WordRecord& word = inTable ? store.row(store.currentIndex) : none;
+    // The texts come first: whatever the signs do, the boxes hold this word's own texts, so
+    // that Store and Save write back only what belongs to it.
     setBox(v, v.CommentTxt, word[FieldComment]);
     setBox(v, v.MeaningTxt, word[FieldMeaning]);
     setBox(v, v.TransLitTxt, word[FieldTranslit]);
     setBox(v, v.GardinerTxt, word[FieldGardiner]);
     v.RichGardinerlbl = word[FieldLayout];
-    v.txtNumber = std::to_string(store.currentIndex);
+    v.txtNumber = store.currentIndex >= 0 ? std::to_string(store.currentIndex) : std::string();
     v.progressWidth =
         ProgressWidth(v.geometry.progressContainerWidth, store.currentIndex, store.lastIndex);
-    DrawWordImage(app);
-    if (!v.missingPictures.empty())
+    v.missingPictures.clear();
+    v.drawProblem.clear();
+    try {
+        ParseLayoutString(word[FieldLayout], app.glyphs);
+        const std::string library = libraryFolder(word[FieldLibrary]);
+        const std::string direction = directionFolder(word[FieldDirection]);
+        for (int i = 0; i < GlyphTable::Slots; ++i) {
+            GlyphImage& img = v.mainGlyphPic[static_cast<std::size_t>(i)];
+            const GlyphSlot& s = app.glyphs[i];
+            if (s.used() && !s.code->empty()) {
+                img.picture = app.pictures.picture(library, direction, *s.code);
+                if (!img.picture.ok) v.missingPictures.push_back(img.picture.file.string());
+                img.visible = true;
+            } else {
+                img.visible = false;
+            }
+        }
+        PlaceGlyphGroup(app);
+        DrawWordImage(app);
+    } catch (const RunError& e) {
+        // A layout that cannot be drawn leaves an empty picture; the word stays on show with
+        // its texts and its layout as stored, and the status bar says why.
+        app.glyphs.clear();
+        for (GlyphImage& img : v.mainGlyphPic) img.visible = false;
+        v.missingPictures.clear();
+        PlaceGlyphGroup(app);
+        DrawWordImage(app);
+        v.drawProblem = "The signs of word " + std::to_string(store.currentIndex) +
+                        " cannot be drawn (" + e.report() + ")";
+    }
+    if (!v.drawProblem.empty())
+        app.windows->showStatus(v.drawProblem);
+    else if (!v.missingPictures.empty())
         app.windows->showStatus("Missing sign picture: " + v.missingPictures.front());
     app.windows->wordViewChanged();
 }
@@ -116,7 +137,7 @@ void SetDirection(App& app, std::int16_t wanted) {
     DictionaryStore& store = app.store;
     const std::string current = store.field(store.currentIndex, FieldDirection);
     if ((wanted == 0 && current == "L") || (wanted == 1 && current == "R")) return;
-    store.setField(store.currentIndex, FieldDirection, current != "L" ? "L" : "R");
+    // A layout that cannot be read or mirrored fails before the word is touched.
     ParseLayout(app);
     GlyphTable& g = app.glyphs;
     int n = 0;
@@ -137,7 +158,9 @@ void SetDirection(App& app, std::int16_t wanted) {
     }
     if (m < 0)
         for (int i = 0; i < n; ++i) g[i].x -= m;
-    app.view.RichGardinerlbl = MirrorLayoutString(g);
+    std::string mirrored = MirrorLayoutString(g);
+    store.setField(store.currentIndex, FieldDirection, current != "L" ? "L" : "R");
+    app.view.RichGardinerlbl = std::move(mirrored);
     app.storeWord(app);
 }
 

@@ -19,6 +19,8 @@ using C = CommandId;
 
 // A change of direction needs a word to turn; the word is stored by SetDirection.
 void turnWord(App& app, std::int16_t wanted, bool markEdited) {
+    // The word turned is the stored word on show, not a new word that waits to be stored.
+    if (app.store.newWordPending) OfferToStoreWord(app);
     if (!WordOnShow(app)) {
         ReportNoWordOnShow(app);
         return;

@@ -1,7 +1,6 @@
 #include "editing/navigation.h"
 
 #include "core/app.h"
-#include "core/dictionary_file.h"
 #include "core/errors.h"
 #include "core/text.h"
 #include "editing/word_editing.h"
@@ -13,45 +12,20 @@
 
 namespace nebkaro {
 
-namespace {
-
-bool wordPending(const DictionaryStore& store) {
-    return store.newWordPending || store.editPending;
-}
-
-// Moving on: an unfinished word may go into the file, with the whole dictionary. Whatever
-// the answer, the unfinished word is no longer pending.
-void offerSave(App& app) {
-    if (wordPending(app.store) &&
-        app.dialogs.message("Do you want to save the current item?", "SAVE?", Buttons::YesNo,
-                            Icon::Question) == Answer::Yes)
-        SaveDictionary(app);
-    DropPendingWord(app);
-}
-
-// Moving back: an unfinished word may go into the dictionary in memory.
-void offerStore(App& app) {
-    if (wordPending(app.store) &&
-        app.dialogs.message("Do you want to store the current item?", "", Buttons::YesNo,
-                            Icon::Question) == Answer::Yes)
-        Store(app);
-    DropPendingWord(app);
-}
-
-} // namespace
-
 void First(App& app) {
+    OfferToStoreWord(app);
     app.store.currentIndex = 0;
     app.renderWord(app);
 }
 
 void Last(App& app) {
+    OfferToStoreWord(app);
     app.store.currentIndex = app.store.lastIndex;
     app.renderWord(app);
 }
 
 void Next(App& app) {
-    offerSave(app);
+    OfferToStoreWord(app);
     DictionaryStore& store = app.store;
     store.currentIndex += 1;
     if (store.currentIndex > store.lastIndex) store.currentIndex = store.lastIndex;
@@ -59,7 +33,7 @@ void Next(App& app) {
 }
 
 void Previous(App& app) {
-    offerStore(app);
+    OfferToStoreWord(app);
     DictionaryStore& store = app.store;
     store.currentIndex -= 1;
     if (store.currentIndex < 0) store.currentIndex = 0;
@@ -67,21 +41,28 @@ void Previous(App& app) {
 }
 
 bool Go(App& app, const std::string& text) {
+    const DictionaryStore& store = app.store;
     std::int32_t index = 0;
+    bool number = true;
     try {
         index = text::toLong(text);
     } catch (const RunError&) {
+        number = false;
+    }
+    // A number outside the dictionary would leave on screen a word that commands no longer
+    // act on, or show a row that is no word: it is refused like text that is no number.
+    if (!number || index < 0 || index > store.lastIndex) {
         const std::string shown = text::trim(text);
-        const std::string range =
-            app.store.lastIndex >= 0
-                ? "Type a word number from 0 to " + std::to_string(app.store.lastIndex) + "."
-                : "The dictionary has no words.";
-        app.dialogs.message((shown.empty() ? std::string("No word number was typed.")
-                                           : "'" + shown + "' is not a word number.") +
-                                "\r\n" + range,
-                            "Go", Buttons::OK, Icon::Exclamation);
+        const std::string range = store.lastIndex >= 0 ? "Type a word number from 0 to " +
+                                                             std::to_string(store.lastIndex) + "."
+                                                       : "The dictionary has no words.";
+        const std::string what = shown.empty() ? std::string("No word number was typed.")
+                                 : number      ? "There is no word " + shown + "."
+                                               : "'" + shown + "' is not a word number.";
+        app.dialogs.message(what + "\r\n" + range, "Go", Buttons::OK, Icon::Exclamation);
         return false;
     }
+    OfferToStoreWord(app);
     app.store.currentIndex = index;
     app.renderWord(app);
     return true;
@@ -115,7 +96,7 @@ std::uint64_t TimeOfDaySeed() {
 }
 
 void Random(App& app) {
-    offerSave(app);
+    OfferToStoreWord(app);
     const std::uint64_t seed = app.randomSeed ? app.randomSeed() : TimeOfDaySeed();
     DictionaryStore& store = app.store;
     store.currentIndex = RandomIndex(store.lastIndex, RandomDraw(seed));

@@ -1,9 +1,8 @@
 #pragma once
 // Moving through the dictionary: the word on show is app.store.currentIndex, and every move
-// ends by drawing it (app.renderWord). The moves guard an unfinished word differently on
-// purpose: moving on (Next, Random) offers to save the dictionary file, moving back
-// (Previous) offers to store the word in memory, and First, Last and Go ask nothing and leave
-// the pending flags as they are.
+// ends by drawing it (app.renderWord). Every move first offers to store a word with unsaved
+// edits in memory, one question whichever way the move was started, so that nothing typed is
+// dropped unasked; afterwards nothing is pending.
 #include <cstdint>
 #include <string>
 
@@ -15,9 +14,8 @@ void First(App& app);
 void Last(App& app);
 void Next(App& app);
 void Previous(App& app);
-// currentIndex := text as a 32-bit number, without a bounds check: a negative number leaves
-// the old word on screen, a number past the last word shows an empty row. Text that is not a
-// number is reported and changes nothing; false then.
+// currentIndex := text as a 32-bit number. Text that is not a number, or a number outside
+// 0..lastIndex, is reported and changes nothing; false then.
 bool Go(App& app, const std::string& text);
 void Random(App& app);
 

@@ -40,6 +40,8 @@ void Copy(App& app) {
     };
     const bool cutting = app.cutPending;
     EndCut endCut{app.cutPending};
+    // What is copied is the word as stored: edits on show are stored first or given up.
+    OfferToStoreWord(app);
     if (!WordOnShow(app)) {
         ReportNoWordOnShow(app);
         return;
@@ -65,18 +67,35 @@ void Paste(App& app) {
         app.dialogs.message("Nothing to Paste", "", Buttons::OK, Icon::Exclamation);
         return;
     }
-    InsertRow(app);
-    const std::vector<std::string> parts = text::split(item, '|');
-    if (parts[0] != "R" && parts[0] != "L") {
-        // Checked only after the row was opened: the inserted copy stays.
-        app.dialogs.message("Invalid Paste Item", "", Buttons::OK, Icon::Exclamation);
-        return;
-    }
+    OfferToStoreWord(app);
     DictionaryStore& store = app.store;
-    for (int f = 0; f < FieldCount; ++f) {
-        if (static_cast<std::size_t>(f) >= parts.size()) throw RunError(SubscriptOutOfRange);
-        store.setField(store.currentIndex, f, parts[static_cast<std::size_t>(f)]);
+    const std::vector<std::string> parts = text::split(item, '|');
+    const bool valid = parts[0] == "R" || parts[0] == "L";
+    const bool complete = parts.size() >= static_cast<std::size_t>(FieldCount);
+    if (DictionaryHasNoWords(store)) {
+        // An empty dictionary has no word to copy after: a word pasted into it is its first
+        // word, and an invalid one changes nothing.
+        if (!valid) {
+            app.dialogs.message("Invalid Paste Item", "", Buttons::OK, Icon::Exclamation);
+            return;
+        }
+        if (!complete) throw RunError(SubscriptOutOfRange);
+        store.lastIndex = 0;
+        store.currentIndex = 0;
+    } else {
+        InsertRow(app);
+        if (!valid || !complete) {
+            // Checked only after the row was opened: the inserted copy stays, and it is the
+            // word on show that the next command acts on.
+            store.isChanged = true;
+            app.renderWord(app);
+            if (valid) throw RunError(SubscriptOutOfRange); // too few fields
+            app.dialogs.message("Invalid Paste Item", "", Buttons::OK, Icon::Exclamation);
+            return;
+        }
     }
+    for (int f = 0; f < FieldCount; ++f)
+        store.setField(store.currentIndex, f, parts[static_cast<std::size_t>(f)]);
     store.isChanged = true;
     app.renderWord(app);
 }

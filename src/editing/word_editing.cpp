@@ -14,15 +14,6 @@ bool rowInTable(std::int32_t index) {
     return index >= 0 && index <= DictionaryStore::MaxWordIndex;
 }
 
-// New and Edit first offer to store a word that is still unfinished.
-void offerStore(App& app) {
-    const DictionaryStore& store = app.store;
-    if ((store.newWordPending || store.editPending) &&
-        app.dialogs.message("Do you want to store the current item?", "", Buttons::YesNo,
-                            Icon::Question) == Answer::Yes)
-        Store(app);
-}
-
 // The composer decides acceptance; a composer closed by other means than OK has not accepted.
 void runComposer(App& app) {
     app.store.composeAccepted = false;
@@ -69,10 +60,47 @@ std::string storedLibrary(const App& app, const std::string& libraryField) {
 void InstallEditing(App& app) {
     app.storeWord = [](App& a) { Store(a); };
     app.renderWord = [](App& a) { RenderWord(a); };
+    app.wordEdited = [](const App& a) { return WordHasUnsavedEdits(a); };
+    app.leaveWord = [](App& a) { OfferToStoreWord(a); };
+}
+
+bool DictionaryHasNoWords(const DictionaryStore& store) {
+    return store.lastIndex < 0 || (store.isEmpty() && store.field(0, FieldDirection).empty());
 }
 
 bool WordOnShow(const App& app) {
-    return app.store.currentIndex >= 0 && app.store.currentIndex <= app.store.lastIndex;
+    const DictionaryStore& store = app.store;
+    return store.currentIndex >= 0 && store.currentIndex <= store.lastIndex &&
+           !DictionaryHasNoWords(store);
+}
+
+bool WordHasUnsavedEdits(const App& app) {
+    const DictionaryStore& store = app.store;
+    if (store.newWordPending) return true;
+    const WordView& v = app.view;
+    // Boxes typed into on an empty dictionary hold a word to keep as much as any other.
+    if (DictionaryHasNoWords(store))
+        return !(v.GardinerTxt.empty() && v.TransLitTxt.empty() && v.MeaningTxt.empty() &&
+                 v.CommentTxt.empty() && v.RichGardinerlbl.empty());
+    if (store.currentIndex < 0 || store.currentIndex > store.lastIndex) return false;
+    const WordRecord& word = store.row(store.currentIndex);
+    return v.RichGardinerlbl != word[FieldLayout] || v.GardinerTxt != word[FieldGardiner] ||
+           v.TransLitTxt != word[FieldTranslit] || v.MeaningTxt != word[FieldMeaning] ||
+           v.CommentTxt != word[FieldComment];
+}
+
+void OfferToStoreWord(App& app) {
+    if (WordHasUnsavedEdits(app)) {
+        if (app.dialogs.message(StoreWordQuestion, "", Buttons::YesNo, Icon::Question) ==
+            Answer::Yes) {
+            Store(app);
+        } else {
+            DropPendingWord(app);
+            app.store.composeAccepted = false;
+            app.renderWord(app);
+        }
+    }
+    DropPendingWord(app);
 }
 
 void ReportNoWordOnShow(App& app) {
@@ -90,8 +118,12 @@ void DropPendingWord(App& app) {
 bool Store(App& app) {
     DictionaryStore& store = app.store;
     int row = store.currentIndex;
-    if (store.newWordPending) {
-        if (!app.insertPending || !rowInTable(store.currentIndex)) {
+    // Texts typed into the view of an empty dictionary become its first word; an empty view
+    // there is no word at all.
+    const bool firstWord = !store.newWordPending && DictionaryHasNoWords(store);
+    if (firstWord && !WordHasUnsavedEdits(app)) return false;
+    if (store.newWordPending || firstWord) {
+        if (firstWord || !app.insertPending || !rowInTable(store.currentIndex)) {
             try {
                 row = store.takeRowForNewWord();
             } catch (const StoreFull& e) {
@@ -120,7 +152,7 @@ bool Store(App& app) {
 }
 
 void StoreCommand(App& app) {
-    if (!app.store.newWordPending && !rowInTable(app.store.currentIndex)) {
+    if (!app.store.newWordPending && !WordOnShow(app) && !WordHasUnsavedEdits(app)) {
         ReportNoWordOnShow(app);
         return;
     }
@@ -129,7 +161,7 @@ void StoreCommand(App& app) {
 
 void New(App& app, bool insert) {
     DictionaryStore& store = app.store;
-    offerStore(app);
+    OfferToStoreWord(app);
     // Set after the question, so that storing the unfinished word cannot use it.
     if (insert) app.insertPending = true;
     store.newWordPending = true;
@@ -152,11 +184,13 @@ void New(App& app, bool insert) {
 
 void Edit(App& app) {
     DictionaryStore& store = app.store;
-    if (!rowInTable(store.currentIndex)) {
+    // A new word on show is left for the stored one; texts typed into the word on show stay
+    // in its boxes while its signs are recomposed.
+    if (store.newWordPending) OfferToStoreWord(app);
+    if (!WordOnShow(app)) {
         ReportNoWordOnShow(app);
         return;
     }
-    offerStore(app);
     store.newWordPending = false;
     store.editPending = true;
     runComposer(app);
@@ -169,6 +203,8 @@ void Edit(App& app) {
 
 void Delete(App& app) {
     DictionaryStore& store = app.store;
+    // The word to delete must be the one on show, not a new word that waits to be stored.
+    if (store.newWordPending) OfferToStoreWord(app);
     if (!WordOnShow(app)) {
         ReportNoWordOnShow(app);
         return;
@@ -194,6 +230,8 @@ void Delete(App& app) {
 }
 
 void Duplicate(App& app) {
+    // The copy is of the word as stored: edits on show are stored first or given up.
+    OfferToStoreWord(app);
     if (!WordOnShow(app)) {
         ReportNoWordOnShow(app);
         return;
@@ -201,6 +239,7 @@ void Duplicate(App& app) {
     InsertRow(app);
     DictionaryStore& store = app.store;
     store.setRow(store.currentIndex, store.row(store.currentIndex - 1));
+    store.isChanged = true;
     app.renderWord(app);
 }
 

@@ -5,6 +5,7 @@
 namespace nebkaro {
 
 struct App;
+class DictionaryStore;
 
 // Makes Store the program's storeWord and RenderWord its renderWord.
 void InstallEditing(App& app);
@@ -35,7 +36,22 @@ void Duplicate(App& app);
 // An unfinished new word or edit is given up (the guards' common end).
 void DropPendingWord(App& app);
 
-// The word on show is a row of the dictionary: 0 <= currentIndex <= lastIndex.
+// The question every command asks before it leaves a word with unsaved edits.
+inline constexpr const char* StoreWordQuestion = "Do you want to store the current word?";
+// A new word waits to be stored, or the boxes on show differ from the stored word. Decided
+// from the texts themselves: a box changed by the typewriter, Guess or a paste never had the
+// focus, and a box that had it may hold the stored text again.
+bool WordHasUnsavedEdits(const App& app);
+// Before a command leaves the word on show: when it has unsaved edits, asks StoreWordQuestion
+// (Yes and No); Yes stores it in memory, No shows the stored word again. Either way nothing
+// is pending afterwards.
+void OfferToStoreWord(App& app);
+
+// No word at all: a header-only file, the only word deleted, a new dictionary. A one-word
+// dictionary whose word lacks a Gardiner notation still has that word.
+bool DictionaryHasNoWords(const DictionaryStore& store);
+// The word on show is a word of the dictionary: 0 <= currentIndex <= lastIndex, and the
+// dictionary is not empty.
 bool WordOnShow(const App& app);
 // The message given when a command needs a word on show and there is none.
 void ReportNoWordOnShow(App& app);

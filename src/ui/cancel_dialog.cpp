@@ -11,7 +11,8 @@ namespace nebkaro {
 CancelDialog::CancelDialog(App& app, QWidget* parent) : QDialog(parent), app_(app) {
     setObjectName("frmCancelDialog");
     setWindowTitle("Sorting Started");
-    setModal(false);
+    // Modal: while the work runs, its Cancel is the only thing that responds.
+    setModal(true);
     process_ = new QLabel("Sorting Started", this);
     process_->setObjectName("lblProcess");
     auto* hint = new QLabel("Press \"Cancel\" to quit", this);

@@ -1,7 +1,7 @@
 #pragma once
 // frmCancelDialog: the progress dialog of the long operations (menu sort, Flip All). It is
-// shown modeless; its Cancel sets App::sortCancelled, which the running loop sees after its
-// next pause, and hides the dialog.
+// shown modal without blocking the work that shows it: the work yields to it, and its Cancel
+// sets App::sortCancelled, which the running loop sees after its next pause, and hides it.
 #include <QDialog>
 
 #include <string>

@@ -29,6 +29,7 @@
 #include <QCloseEvent>
 #include <QDesktopServices>
 #include <QDir>
+#include <QFile>
 #include <QFocusEvent>
 #include <QFrame>
 #include <QHBoxLayout>
@@ -41,6 +42,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QShortcut>
+#include <QShortcutEvent>
 #include <QStatusBar>
 #include <QTemporaryFile>
 #include <QToolButton>
@@ -189,6 +191,7 @@ MainWindow::MainWindow(App& app, Options options)
 
 MainWindow::~MainWindow() {
     qApp->removeEventFilter(this);
+    for (const QString& f : paintFiles_) QFile::remove(f);
     for (CommandId id : installed_) InstallCommandHandler(app_, id, nullptr);
     lookup_.reset();
     if (app_.windows == this) app_.windows = previousWindows_;
@@ -445,6 +448,9 @@ void MainWindow::buildShortcuts() {
         sc->setContext(area ? Qt::WidgetShortcut : Qt::WindowShortcut);
         const CommandId id = s.command;
         connect(sc, &QShortcut::activated, this, [this, id] {
+            // A modal window (the composer, a dialog) holds the program: a key that reaches
+            // this window behind it must not change the dictionary.
+            if (QApplication::activeModalWidget()) return;
             if (CommandAvailable(app_, id)) runCommand(id);
         });
     }
@@ -598,8 +604,9 @@ void MainWindow::wordViewChanged() {
     progress_->setVisible(v.progressWidth > 0);
 
     counter_->clear();
-    // The line naming a missing picture goes with the word that had it.
-    if (!v.missingPictures.empty()) {
+    // The line naming a missing picture, or why the signs could not be drawn, goes with the
+    // word that had it.
+    if (!v.missingPictures.empty() || !v.drawProblem.empty()) {
         pictureMessage_ = statusBar()->currentMessage();
     } else if (!pictureMessage_.isEmpty()) {
         if (statusBar()->currentMessage() == pictureMessage_) statusBar()->clearMessage();
@@ -745,7 +752,15 @@ void MainWindow::showStatus(const std::string& text) {
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     const QEvent::Type type = event->type();
-    if (type == QEvent::KeyPress) {
+    if (type == QEvent::Shortcut) {
+        // A shortcut takes its key before the window sees it; the window still counts it as
+        // the key pressed last, so that only Ctrl directly followed by G or M toggles a box.
+        auto* sc = qobject_cast<QShortcut*>(watched);
+        auto* w = sc ? qobject_cast<QWidget*>(sc->parent()) : nullptr;
+        const QKeySequence keys = static_cast<QShortcutEvent*>(event)->key();
+        if (w && w->window() == this && !keys.isEmpty())
+            WindowKeyDown(app_.view, keyCode(keys[keys.count() - 1].key()));
+    } else if (type == QEvent::KeyPress) {
         // The window sees every key before its controls do, once per key: at the widget that
         // has the focus (or the window itself when none has).
         auto* w = qobject_cast<QWidget*>(watched);
@@ -861,7 +876,7 @@ void MainWindow::saveImage() {
 
 void MainWindow::pasteToPaint() {
     // The desktop's own picture program opens a PNG of the word; the file stays in the
-    // temporary folder for that program to read.
+    // temporary folder while that program may read it, and goes when this program ends.
     QTemporaryFile file(QDir::tempPath() + QStringLiteral("/nebkaro-word-XXXXXX.png"));
     file.setAutoRemove(false);
     bool opened = false;
@@ -869,7 +884,10 @@ void MainWindow::pasteToPaint() {
         file.write(WordPicturePng(app_.view.TemPic));
         file.close();
         opened = QDesktopServices::openUrl(QUrl::fromLocalFile(file.fileName()));
-        if (!opened) file.remove();
+        if (opened)
+            paintFiles_.push_back(file.fileName());
+        else
+            file.remove();
     }
     if (!opened) app_.dialogs.message("Not yet implemented", "", Buttons::OK, Icon::Exclamation);
 }

@@ -9,6 +9,7 @@
 #include <QMainWindow>
 #include <QPixmap>
 #include <QPointer>
+#include <QStringList>
 
 #include <array>
 #include <memory>
@@ -160,6 +161,7 @@ private:
     // Print 1 collects words on a page until Form Feed; the options of the last print.
     Printing printing_;
     QString pictureMessage_; // the status line naming a missing picture, while it stands
+    QStringList paintFiles_; // pictures handed to the desktop's picture program
     bool shown_ = false;
     // The text box that has the focus within the window (0..3 as boxes_), -1 for none.
     int focusedBox_ = -1;

@@ -10,6 +10,7 @@
 #include <QPrinterInfo>
 #include <QProgressDialog>
 
+#include <algorithm>
 #include <system_error>
 
 namespace nebkaro {
@@ -48,6 +49,12 @@ void Printing::setDefaults(App& app) {
 void Printing::printDictionaryDialog(App& app, QWidget* parent, RangeKind range) {
     PrintOptions initial = options_;
     initial.range = {range, 0, 0};
+    // Print Multiple offers the words from the one on show to the last.
+    if (range == RangeKind::Words) {
+        const DictionaryStore& store = app.store;
+        const int last = std::max(store.lastIndex, 0);
+        initial.range = {range, std::clamp(store.currentIndex, 0, last), last};
+    }
     PrintOptionsDialog dialog(app, initial, parent);
     if (dialog.exec() != QDialog::Accepted || !dialog.document()) return;
     options_ = dialog.options();

@@ -298,7 +298,13 @@ void QtClipboard::setImagePng(const std::vector<std::uint8_t>& png) {
 }
 
 void QtEventPump::yield() {
-    QCoreApplication::processEvents();
+    // Long work yields so that the windows repaint and the progress dialog's Cancel can be
+    // pressed. That dialog is modal; without it no input is taken at all, so that no other
+    // command can run in the middle of the work (an Open during a sort, say).
+    const QWidget* modal = QApplication::activeModalWidget();
+    const bool progress = modal && modal->objectName() == QLatin1String("frmCancelDialog");
+    QCoreApplication::processEvents(progress ? QEventLoop::AllEvents
+                                             : QEventLoop::ExcludeUserInputEvents);
 }
 
 } // namespace nebkaro

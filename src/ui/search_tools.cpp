@@ -29,7 +29,9 @@ QRect screenOf(const QWidget* w) {
 SearchTools::SearchTools(App& app, QWidget* mainWindow)
     : QObject(mainWindow), app_(app), main_(mainWindow) {}
 
-SearchTools::~SearchTools() = default;
+SearchTools::~SearchTools() {
+    delete typewriter_.data();
+}
 
 SearchDialog* SearchTools::searchDialog() const {
     return search_;
@@ -70,7 +72,10 @@ void SearchTools::typewriterTextChanged(TypewriterTarget target) {
 
 TypewriterWindow* SearchTools::ensureTypewriter() {
     if (!typewriter_) {
-        typewriter_ = new TypewriterWindow(app_, main_);
+        // A window of its own, not the main window's: the composer holds the main window
+        // while it is open, and the typewriter must still type into the composer's code line
+        // and the sign browser's box then.
+        typewriter_ = new TypewriterWindow(app_, nullptr);
         connect(typewriter_, &TypewriterWindow::typed, this, [this](TypewriterTarget t) {
             typewriterTextChanged(t);
             Q_EMIT typed(t);

@@ -1,6 +1,8 @@
 #include "bulk/search.h"
 #include "bulk/search_dialog.h"
 #include "core/errors.h"
+#include "display/render.h"
+#include "editing/word_editing.h"
 #include "fakes.h"
 
 #include <gtest/gtest.h>
@@ -301,13 +303,16 @@ TEST_F(SearchTest, FindPreviousOnTheFirstWordReportsTheEndAndTestsItAgain) {
     EXPECT_EQ(rendered, (std::vector<int>{0, 0}));
 }
 
-TEST_F(SearchTest, AMissAfterMovingKeepsTheMove) {
-    words(FieldMeaning, {"sun", "moon", "star"});
-    find(FieldMeaning, "sun");
-    FindNextCommand(t.app);
-    EXPECT_EQ(messages(), std::vector<std::string>{"Not Found!"});
-    EXPECT_EQ(t.app.store.currentIndex, 1); // moved by one, not shown
-    EXPECT_EQ(rendered, std::vector<int>{0});
+// A miss returns to the word on show, which stays the word that commands act on.
+TEST_F(SearchTest, AMissGoesBackToTheWordOnShow) {
+    words(FieldMeaning, {"sun", "moon", "star", "comet"});
+    find(FieldMeaning, "star");
+    for (const auto& findAgain : {FindNextCommand, FindPreviousCommand}) {
+        t.app.store.currentIndex = 2;
+        findAgain(t.app);
+        EXPECT_EQ(messages().back(), "Not Found!");
+        EXPECT_EQ(t.app.store.currentIndex, 2);
+    }
 }
 
 TEST_F(SearchTest, ProgressAfterEachMissButNotInWildcardSearches) {
@@ -325,33 +330,22 @@ TEST_F(SearchTest, ProgressAfterEachMissButNotInWildcardSearches) {
     EXPECT_EQ(windows.progress, std::vector<float>{0.0f});
 }
 
-TEST_F(SearchTest, FindAsksToStoreAnUnfinishedWordFirst) {
-    words(FieldMeaning, {"sun"});
-    int stored = 0;
-    t.app.storeWord = [&](App&) { ++stored; };
-    for (bool DictionaryStore::*flag :
-         {&DictionaryStore::newWordPending, &DictionaryStore::editPending,
-          &DictionaryStore::composeAccepted}) {
-        t.app.store.*flag = true;
-        t.dialogs.answers = {Answer::Cancel};
+TEST_F(SearchTest, FindAsksToStoreAnEditedWordFirst) {
+    InstallEditing(t.app);
+    words(FieldMeaning, {"sun", "moon"});
+    t.app.store.currentIndex = 1;
+    for (const Answer a : {Answer::No, Answer::Yes}) {
+        RenderWord(t.app);
+        t.app.view.MeaningTxt = "moonlight";
+        t.dialogs.answers = {a};
         find(FieldMeaning, "sun");
-        EXPECT_EQ(windows.dialogShown, 0);
-        t.app.store.*flag = false;
+        const Prompt& q = t.dialogs.prompts.front();
+        EXPECT_EQ(q.text, StoreWordQuestion);
+        EXPECT_EQ(q.buttons, Buttons::YesNo);
+        EXPECT_EQ(t.app.store.field(1, FieldMeaning), a == Answer::Yes ? "moonlight" : "moon");
+        t.dialogs.prompts.clear();
+        t.app.store.currentIndex = 1;
     }
-    const Prompt& q = t.dialogs.prompts.back();
-    EXPECT_EQ(q.text, "Do you want to store this word before searching?");
-    EXPECT_EQ(q.title, "");
-    EXPECT_EQ(q.buttons, Buttons::YesNoCancel);
-    EXPECT_EQ(q.icon, Icon::Question);
-
-    t.app.store.editPending = true;
-    t.dialogs.answers = {Answer::No};
-    find(FieldMeaning, "sun");
-    EXPECT_EQ(stored, 0);
-    EXPECT_EQ(windows.dialogShown, 1);
-    t.dialogs.answers = {Answer::Yes};
-    find(FieldMeaning, "sun");
-    EXPECT_EQ(stored, 1);
     EXPECT_EQ(windows.dialogShown, 2);
 }
 

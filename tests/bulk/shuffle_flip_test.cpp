@@ -143,8 +143,7 @@ TEST(FlipAllWords, FlipsEveryWordAndComesBackToTheCurrentOne) {
         EXPECT_EQ(t.app.store.currentIndex, 1);
         EXPECT_EQ(t.app.view.txtNumber, "1");
         EXPECT_EQ(t.app.store.editPending, c.editPending);
-        // The progress dialog stays on screen until its Cancel is pressed.
-        EXPECT_EQ(t.windows.progress, (std::vector<std::string>{"show:Flipping Started"}));
+        EXPECT_EQ(t.windows.progress, (std::vector<std::string>{"show:Flipping Started", "hide"}));
     }
 }
 
@@ -175,7 +174,8 @@ TEST(FlipAllWords, AWordWithoutSignsIsReportedAndTheCurrentWordComesBack) {
     t.setWords(words);
     t.dialogs.answers = {Answer::OK};
     FlipAllCommand(t.app, 1);
-    EXPECT_EQ(t.column(FieldDirection), (std::vector<std::string>{"R", "R", "L"}));
+    // The word that failed is left whole: its direction did not change without its signs.
+    EXPECT_EQ(t.column(FieldDirection), (std::vector<std::string>{"R", "L", "L"}));
     EXPECT_EQ(t.dialogs.prompts.back().text, "5  Invalid procedure call or argument");
     EXPECT_EQ(t.app.store.currentIndex, 0);
 }

@@ -217,20 +217,26 @@ TEST_F(DictionaryFileTest, CancelledDialogsChangeNothing) {
     EXPECT_EQ(t.app.store.field(0, FieldMeaning), "reed");
 }
 
-TEST_F(DictionaryFileTest, OpenAsksToSaveOnlyForPendingEdits) {
+TEST_F(DictionaryFileTest, OpenAsksToSaveChangesAndCancelKeepsTheDictionary) {
     ASSERT_EQ(load("a.nkd", kWord1), LoadOutcome::Loaded);
     auto other = dir.write("b.nkd", kWord2);
-    t.app.store.isChanged = true; // alone it does not ask
+    t.app.store.isChanged = true;
+    t.dialogs.answers = {Answer::Cancel};
+    OpenCommand(t.app);
+    ASSERT_EQ(t.dialogs.prompts.size(), 1u); // no file dialog after Cancel
+    EXPECT_EQ(t.dialogs.prompts[0].text, "Do you want to save the current Dictionary?");
+    EXPECT_EQ(t.dialogs.prompts[0].title, "SAVE?");
+    EXPECT_EQ(t.dialogs.prompts[0].buttons, Buttons::YesNoCancel);
+    EXPECT_EQ(t.app.store.field(0, FieldMeaning), "reed");
+    t.dialogs.answers = {Answer::No};
     t.dialogs.files = {other};
     OpenCommand(t.app);
-    EXPECT_TRUE(t.dialogs.messages().empty());
-    t.app.store.editPending = true;
-    t.dialogs.answers = {Answer::No};
+    EXPECT_NE(t.app.store.field(0, FieldMeaning), "reed");
+    // Nothing changed: nothing is asked.
+    t.dialogs.prompts.clear();
     t.dialogs.files = {dir.path() / "a.nkd"};
     OpenCommand(t.app);
-    ASSERT_EQ(t.dialogs.messages().size(), 1u);
-    EXPECT_EQ(t.dialogs.prompts[1].title, "SAVE?");
-    EXPECT_EQ(t.dialogs.prompts[0].title, OpenFilter);
+    EXPECT_TRUE(t.dialogs.messages().empty());
 }
 
 TEST_F(DictionaryFileTest, FailedWritesReportAndKeepTheDictionaryChanged) {

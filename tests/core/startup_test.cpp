@@ -108,14 +108,15 @@ TEST_F(StartUpTest, QuitAsksOnlyWithUnsavedWorkAndCancelWritesNoSettings) {
     EXPECT_EQ(t2.dialogs.prompts[0].buttons, Buttons::YesNoCancel);
 }
 
-TEST_F(StartUpTest, ClosingTheWindowAlsoAsksForComposedWork) {
-    // ComposeAccepted counts when the window is closed, not on Quit.
-    t.app.store.composeAccepted = true;
-    EXPECT_TRUE(QuitCommand(t.app));
-    EXPECT_TRUE(t.dialogs.prompts.empty());
-    t.dialogs.answers = {Answer::No};
+TEST_F(StartUpTest, ClosingTheWindowOffersCancelAndCancelKeepsItOpen) {
+    const auto settings = home.path() / "System" / "Settings.nks";
+    t.app.store.composeAccepted = true; // composed work counts, as every edit does
+    t.dialogs.answers = {Answer::Cancel, Answer::No};
+    EXPECT_FALSE(CloseMainWindow(t.app));
+    EXPECT_FALSE(std::filesystem::exists(settings));
     EXPECT_TRUE(CloseMainWindow(t.app));
-    ASSERT_EQ(t.dialogs.prompts.size(), 1u);
-    EXPECT_EQ(t.dialogs.prompts[0].buttons, Buttons::YesNo);
+    ASSERT_EQ(t.dialogs.prompts.size(), 2u);
+    EXPECT_EQ(t.dialogs.prompts[0].buttons, Buttons::YesNoCancel);
     EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Question);
+    EXPECT_TRUE(std::filesystem::exists(settings));
 }

@@ -74,13 +74,40 @@ TEST_F(RenderTest, WindowWidthFollowsWideWordsAndSnapsBackForNarrowOnes) {
     for (const auto& img : t.app.view.mainGlyphPic) EXPECT_FALSE(img.visible);
 }
 
-TEST_F(RenderTest, NegativeCurrentIndexDrawsNothing) {
-    word(0, "L", "A1(0,0) ");
-    RenderWord(t.app);
-    t.app.view.MeaningTxt = "kept";
-    t.app.store.currentIndex = -1;
-    RenderWord(t.app);
-    EXPECT_EQ(t.app.view.MeaningTxt, "kept");
+// Without a word to show (the only word deleted, a header-only file) the view is empty:
+// another word left on show would be taken for the word commands act on.
+TEST_F(RenderTest, NothingToShowEmptiesTheView) {
+    // The only word deleted; a header-only file.
+    for (const auto& [last, current] : {std::pair{-1, -1}, std::pair{-1, 0}}) {
+        word(0, "L", "A1(0,0) ");
+        t.app.store.currentIndex = 0;
+        RenderWord(t.app);
+        t.app.store.lastIndex = last;
+        t.app.store.currentIndex = current;
+        RenderWord(t.app);
+        EXPECT_EQ(t.app.view.MeaningTxt, "");
+        EXPECT_EQ(t.app.view.RichGardinerlbl, "");
+        EXPECT_FALSE(t.app.view.mainGlyphPic[0].visible);
+    }
+}
+
+// A layout that cannot be drawn leaves an empty picture under the word's own texts, and the
+// status bar says why; the previous word's signs and texts are never left on show.
+TEST_F(RenderTest, AWordThatCannotBeDrawnShowsItsOwnTexts) {
+    for (const char* layout : {"A1(0,0", "A1(0 0) ", "A1(x,0) ", "A1(40000,0) "}) {
+        SCOPED_TRACE(layout);
+        word(0, "L", "A1(0,0) ");
+        t.app.store.lastIndex = 1;
+        t.app.store.currentIndex = 0;
+        RenderWord(t.app);
+        word(1, "L", layout);
+        t.app.store.currentIndex = 1;
+        RenderWord(t.app);
+        EXPECT_EQ(t.app.view.RichGardinerlbl, layout);
+        EXPECT_EQ(t.app.view.txtNumber, "1");
+        EXPECT_FALSE(t.app.view.mainGlyphPic[0].visible);
+        EXPECT_NE(t.app.view.drawProblem.find("word 1"), std::string::npos);
+    }
 }
 
 TEST_F(RenderTest, MissingPicturesAreEmptySquaresAndNamed) {

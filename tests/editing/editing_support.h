@@ -59,6 +59,12 @@ struct EditingTest : ::testing::Test {
         RenderWord(app);
     }
 
+    // The word at index on show, as every move leaves it.
+    void show(int index) {
+        app.store.currentIndex = index;
+        RenderWord(app);
+    }
+
     std::string translit(int row) const { return app.store.field(row, FieldTranslit); }
     std::vector<std::string> prompts() const { return t.dialogs.messages(); }
 };

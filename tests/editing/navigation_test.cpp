@@ -13,18 +13,11 @@ namespace {
 struct Move {
     const char* name;
     std::function<void(App&)> run;
-    // The question asked when a word is unfinished; empty when the move asks nothing.
-    const char* question;
-    const char* title;
 };
 
 const Move moves[] = {
-    {"First", First, "", ""},
-    {"Last", Last, "", ""},
-    {"Go", [](App& a) { Go(a, "1"); }, "", ""},
-    {"Next", Next, "Do you want to save the current item?", "SAVE?"},
-    {"Random", Random, "Do you want to save the current item?", "SAVE?"},
-    {"Previous", Previous, "Do you want to store the current item?", ""},
+    {"First", First}, {"Last", Last},     {"Go", [](App& a) { Go(a, "1"); }},
+    {"Next", Next},   {"Random", Random}, {"Previous", Previous},
 };
 
 struct NavigationTest : EditingTest {
@@ -37,75 +30,57 @@ struct NavigationTest : EditingTest {
 
 } // namespace
 
-TEST_F(NavigationTest, OnlyNextRandomAndPreviousAskAndClearTheFlags) {
-    // Nothing unfinished: no move asks.
-    for (const Move& m : moves) m.run(app);
-    EXPECT_TRUE(t.dialogs.prompts.empty());
+// Whether a word is edited is read from its boxes, not from flags or focus: a box typed
+// into, a box the typewriter or Guess changed, a new word waiting. Every move asks the same
+// question then; Yes stores in memory, No shows the stored word again.
+TEST_F(NavigationTest, EveryMoveOffAnEditedWordAsksToStoreIt) {
+    struct Edit {
+        const char* name;
+        std::function<void(App&)> make;
+        bool asks;
+    } edits[] = {
+        {"nothing changed", [](App&) {}, false},
+        {"edit flag with the stored text", [](App& a) { a.store.editPending = true; }, false},
+        {"text typed", [](App& a) { a.view.MeaningTxt = "typed"; }, true},
+        {"layout recomposed", [](App& a) { a.view.RichGardinerlbl = "A1(0,0) "; }, true},
+        {"new word waiting", [](App& a) { a.store.newWordPending = true; }, true},
+    };
     for (const Move& m : moves) {
-        for (const bool newWord : {false, true}) {
-            SCOPED_TRACE(std::string(m.name) + (newWord ? " with a new word" : " with an edit"));
-            t.dialogs.prompts.clear();
-            app.store.currentIndex = 1;
-            app.store.newWordPending = newWord;
-            app.store.editPending = !newWord;
-            if (*m.question) t.dialogs.answers.push_back(Answer::No);
-            m.run(app);
-            if (*m.question) {
-                ASSERT_EQ(t.dialogs.prompts.size(), 1u);
-                const Prompt& p = t.dialogs.prompts[0];
-                EXPECT_EQ(p.text, m.question);
-                EXPECT_EQ(p.title, m.title);
-                EXPECT_EQ(p.buttons, Buttons::YesNo);
-                EXPECT_EQ(p.icon, Icon::Question);
+        for (const Edit& e : edits) {
+            for (const Answer answer : {Answer::Yes, Answer::No}) {
+                SCOPED_TRACE(std::string(m.name) + ", " + e.name);
+                words(4);
+                app.store.currentIndex = 2;
+                RenderWord(app);
+                t.dialogs.prompts.clear();
+                e.make(app);
+                if (e.asks) t.dialogs.answers.push_back(answer);
+                m.run(app);
+                ASSERT_EQ(t.dialogs.prompts.size(), e.asks ? 1u : 0u);
+                if (e.asks) {
+                    const Prompt& p = t.dialogs.prompts[0];
+                    EXPECT_EQ(p.text, StoreWordQuestion);
+                    EXPECT_EQ(p.buttons, Buttons::YesNo);
+                    EXPECT_EQ(p.icon, Icon::Question);
+                    EXPECT_EQ(app.store.isChanged, answer == Answer::Yes);
+                }
                 EXPECT_FALSE(app.store.newWordPending || app.store.editPending);
-            } else {
-                EXPECT_TRUE(t.dialogs.prompts.empty());
-                EXPECT_EQ(app.store.newWordPending, newWord);
-                EXPECT_EQ(app.store.editPending, !newWord);
+                EXPECT_FALSE(std::filesystem::exists(app.store.dictionaryPath));
+                EXPECT_EQ(app.view.TransLitTxt, translit(app.store.currentIndex));
             }
         }
     }
 }
 
-TEST_F(NavigationTest, NextAnsweredYesSavesTheUnfinishedWordToTheFile) {
-    app.store.currentIndex = 1;
-    app.view.TransLitTxt = "changed";
-    app.store.editPending = true;
+TEST_F(NavigationTest, YesStoresTheEditIntoTheWordItWasMadeOn) {
+    app.store.currentIndex = 2;
+    RenderWord(app);
+    app.view.MeaningTxt = "changed";
     t.dialogs.answers.push_back(Answer::Yes);
     Next(app);
-    EXPECT_EQ(translit(1), "changed");
-    EXPECT_FALSE(app.store.isChanged);
-    EXPECT_NE(readFile(app.store.dictionaryPath).find("\"changed\""), std::string::npos);
-    EXPECT_EQ(app.store.currentIndex, 2);
-    EXPECT_EQ(app.view.TransLitTxt, "w2");
-}
-
-TEST_F(NavigationTest, PreviousAnsweredYesStoresInMemoryOnly) {
-    app.store.currentIndex = 2;
-    app.view.MeaningTxt = "changed";
-    app.store.editPending = true;
-    t.dialogs.answers.push_back(Answer::Yes);
-    Previous(app);
     EXPECT_EQ(app.store.field(2, FieldMeaning), "changed");
-    EXPECT_TRUE(app.store.isChanged);
-    EXPECT_FALSE(std::filesystem::exists(app.store.dictionaryPath));
-    EXPECT_EQ(app.store.currentIndex, 1);
-}
-
-TEST_F(NavigationTest, AnsweringNoDropsTheUnfinishedWord) {
-    for (const Move& m : moves) {
-        if (!*m.question) continue;
-        SCOPED_TRACE(m.name);
-        app.store.currentIndex = 1;
-        RenderWord(app);
-        app.view.TransLitTxt = "typed";
-        app.store.editPending = true;
-        t.dialogs.answers.push_back(Answer::No);
-        m.run(app);
-        EXPECT_EQ(translit(1), "w1");
-        EXPECT_FALSE(app.store.isChanged);
-        EXPECT_EQ(app.view.TransLitTxt, translit(app.store.currentIndex));
-    }
+    EXPECT_EQ(app.store.currentIndex, 3);
+    EXPECT_EQ(app.store.lastIndex, 3);
 }
 
 TEST_F(NavigationTest, MovesStayWithinTheDictionary) {
@@ -124,35 +99,17 @@ TEST_F(NavigationTest, MovesStayWithinTheDictionary) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
-        app.store.currentIndex = c.from;
+        show(c.from);
         c.run(app);
         EXPECT_EQ(app.store.currentIndex, c.expected);
         EXPECT_EQ(app.view.txtNumber, std::to_string(c.expected));
     }
 }
 
-TEST_F(NavigationTest, GoMinusOneLeavesTheOldWordAndNextThenShowsWordZero) {
-    Go(app, "2");
-    EXPECT_EQ(app.view.TransLitTxt, "w2");
-    Go(app, "-1");
-    EXPECT_EQ(app.store.currentIndex, -1);
-    EXPECT_EQ(app.view.TransLitTxt, "w2");
-    Next(app);
-    EXPECT_EQ(app.store.currentIndex, 0);
-    EXPECT_EQ(app.view.TransLitTxt, "w0");
-}
-
-TEST_F(NavigationTest, GoPastTheLastWordShowsAnEmptyRow) {
-    Go(app, " 7 ");
-    EXPECT_EQ(app.store.currentIndex, 7);
-    EXPECT_EQ(app.view.TransLitTxt, "");
-    EXPECT_EQ(app.view.txtNumber, "7");
-}
-
-TEST_F(NavigationTest, GoWithTextThatIsNoNumberIsReportedAndChangesNothing) {
+TEST_F(NavigationTest, GoRefusesWhatIsNoWordOfTheDictionary) {
     app.store.currentIndex = 2;
     RenderWord(app);
-    for (const char* typed : {"abc", "", "  ", "3x", "99999999999"}) {
+    for (const char* typed : {"abc", "", "  ", "3x", "99999999999", "-1", "4", "100000"}) {
         SCOPED_TRACE(typed);
         t.dialogs.prompts.clear();
         EXPECT_FALSE(Go(app, typed));
@@ -162,6 +119,8 @@ TEST_F(NavigationTest, GoWithTextThatIsNoNumberIsReportedAndChangesNothing) {
         EXPECT_EQ(app.store.currentIndex, 2);
         EXPECT_EQ(app.view.TransLitTxt, "w2");
     }
+    EXPECT_TRUE(Go(app, " 3 "));
+    EXPECT_EQ(app.view.TransLitTxt, "w3");
 }
 
 TEST_F(NavigationTest, RandomNeverReachesTheLastWord) {

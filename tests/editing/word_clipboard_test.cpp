@@ -7,7 +7,7 @@ using namespace nebkaro::testing;
 
 TEST_F(EditingTest, CopyThenPasteLeavesTwoEqualWordsTheSecondCurrent) {
     words(3);
-    app.store.currentIndex = 1;
+    show(1);
     Copy(app);
     EXPECT_EQ(t.clipboard.content, "L|B|N35(0,0) |N35|w1|meaning 1|");
     Paste(app);
@@ -31,7 +31,7 @@ TEST_F(EditingTest, CutDeletesWithoutAsking) {
     };
     for (const Case& c : cases) {
         words(4);
-        app.store.currentIndex = c.from;
+        show(c.from);
         Cut(app);
         EXPECT_TRUE(t.dialogs.prompts.empty());
         EXPECT_EQ(t.clipboard.content, "L|B|N35(0,0) |N35|w" + std::to_string(c.from) +
@@ -63,7 +63,7 @@ TEST_F(EditingTest, PastingNothingChangesNothing) {
 
 TEST_F(EditingTest, AnInvalidItemIsRefusedAfterTheRowWasInserted) {
     words(3);
-    app.store.currentIndex = 1;
+    show(1);
     for (const char* text : {"hello", "r|B|x|x|x|x|x", "|L|B"}) {
         SCOPED_TRACE(text);
         t.dialogs.prompts.clear();
@@ -75,8 +75,9 @@ TEST_F(EditingTest, AnInvalidItemIsRefusedAfterTheRowWasInserted) {
         EXPECT_EQ(app.store.lastIndex, last + 1);
         EXPECT_EQ(app.store.currentIndex, current + 1);
         EXPECT_EQ(app.store.row(current + 1), app.store.row(current));
+        EXPECT_EQ(app.view.txtNumber, std::to_string(current + 1)); // the copy is on show
     }
-    EXPECT_FALSE(app.store.isChanged);
+    EXPECT_TRUE(app.store.isChanged); // the copy is part of the dictionary now
 }
 
 TEST_F(EditingTest, PastedItemsFillTheNewRow) {
@@ -104,9 +105,10 @@ TEST_F(EditingTest, AShortItemFailsPartWayThroughAndIsReported) {
     ASSERT_EQ(t.dialogs.prompts.size(), 1u);
     EXPECT_EQ(t.dialogs.prompts[0].text, "9  Subscript out of range");
     EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Critical);
-    // The row was inserted and its first three fields pasted before the failure.
+    // The row was inserted, as a whole copy of the word before it, and it is on show.
     EXPECT_EQ(app.store.lastIndex, 2);
-    EXPECT_EQ(app.store.row(1), (WordRecord{"R", "E", "A1(0,0) ", "N35", "w0", "meaning 0", ""}));
+    EXPECT_EQ(app.store.row(1), app.store.row(0));
+    EXPECT_EQ(app.view.txtNumber, "1");
 }
 
 TEST_F(EditingTest, PastingIntoAnEmptiedDictionaryMakesWordZero) {
@@ -121,7 +123,7 @@ TEST_F(EditingTest, PastingIntoAnEmptiedDictionaryMakesWordZero) {
 
 TEST_F(EditingTest, PastingAfterGoingPastTheEndAddsAfterTheLastWord) {
     words(2);
-    app.store.currentIndex = 40;
+    show(40);
     t.clipboard.content = "L|B|||new|||";
     Paste(app);
     EXPECT_EQ(app.store.lastIndex, 2);

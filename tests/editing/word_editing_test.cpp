@@ -41,6 +41,7 @@ TEST_F(EditingTest, NewThenStorePutsTheWordIntoTheNextRow) {
 TEST_F(EditingTest, NewShowsTheComposedWordCentredWithEmptyTexts) {
     words(3);
     app.view.CommentTxt = "old comment";
+    t.dialogs.answers.push_back(Answer::No); // not to be stored
     New(app);
     const WordView& v = app.view;
     EXPECT_EQ(v.GardinerTxt, "A1-G17");
@@ -107,7 +108,7 @@ TEST_F(EditingTest, NewOffersToStoreAnUnfinishedWordFirst) {
     t.dialogs.answers.push_back(Answer::Yes);
     New(app);
     ASSERT_EQ(prompts().size(), 1u);
-    EXPECT_EQ(prompts()[0], "Do you want to store the current item?");
+    EXPECT_EQ(prompts()[0], StoreWordQuestion);
     EXPECT_EQ(app.store.field(0, FieldMeaning), "edited");
     EXPECT_TRUE(composer.openedForNew);
 }
@@ -133,7 +134,7 @@ TEST_F(EditingTest, AnExistingWordKeepsItsDirectionAndLibraryUnlessExtendedWasCh
 
 TEST_F(EditingTest, EditReplacesOnlyTheSignsAndKeepsTheTexts) {
     words(3);
-    app.store.currentIndex = 1;
+    show(1);
     RenderWord(app);
     Edit(app);
     EXPECT_TRUE(composer.openedForEdit);
@@ -160,7 +161,7 @@ TEST_F(EditingTest, EditCancelledLeavesTheWordBeingEdited) {
 
 TEST_F(EditingTest, DeleteAsksThenMovesTheLaterWordsUp) {
     words(4);
-    app.store.currentIndex = 1;
+    show(1);
     t.dialogs.answers = {Answer::No, Answer::Yes};
     Delete(app);
     EXPECT_EQ(app.store.lastIndex, 3);
@@ -229,12 +230,29 @@ TEST_F(EditingTest, CommandsThatNeedAWordOnShowSaySoWhenThereIsNone) {
     EXPECT_FALSE(app.store.isChanged);
     EXPECT_FALSE(app.cutPending);
     EXPECT_EQ(composer.runs, 0);
+    // A dictionary without words (a header-only file, the last word deleted) has none on
+    // show either, and an empty view stores nothing.
+    for (const int last : {-1, 0}) {
+        SCOPED_TRACE("lastIndex " + std::to_string(last));
+        app.store.clear();
+        app.store.lastIndex = last;
+        app.store.currentIndex = 0;
+        RenderWord(app);
+        for (const Case& c : cases) {
+            t.dialogs.prompts.clear();
+            c.run(app);
+            EXPECT_EQ(t.dialogs.prompts.size(), 1u) << c.name;
+        }
+        EXPECT_EQ(app.store.lastIndex, last);
+        EXPECT_FALSE(app.store.isChanged);
+    }
 }
 
 TEST_F(EditingTest, DuplicateShowsACopyAfterTheWord) {
     words(3);
-    app.store.currentIndex = 1;
+    show(1);
     Duplicate(app);
+    EXPECT_TRUE(app.store.isChanged);
     EXPECT_EQ(app.store.lastIndex, 3);
     EXPECT_EQ(app.store.currentIndex, 2);
     EXPECT_EQ(app.store.row(2), app.store.row(1));
@@ -257,7 +275,7 @@ TEST_F(EditingTest, AFullDictionaryRefusesANewWordAndChangesNothing) {
 
 TEST_F(EditingTest, InsertStoresIntoTheCurrentRow) {
     words(3);
-    app.store.currentIndex = 1;
+    show(1);
     Insert(app);
     EXPECT_TRUE(app.insertPending);
     Store(app);

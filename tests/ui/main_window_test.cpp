@@ -1,11 +1,6 @@
 // The main window driven by its controls' names, every message box answered from a script.
-#include "core/app.h"
-#include "core/files.h"
 #include "editing/commands.h"
-#include "editing/word_editing.h"
-#include "program_folder.h"
-#include "ui/main_window.h"
-#include "ui/qt_ports.h"
+#include "main_program.h"
 
 #include <QAction>
 #include <QApplication>
@@ -31,58 +26,6 @@
 
 using namespace nebkaro;
 using namespace nebkaro::uitest;
-
-namespace {
-
-// One program: its folder, the Qt ports, the App and the main window.
-struct Program {
-    ProgramFolder folder;
-    QtDialogs dialogs;
-    QtClipboard clipboard;
-    QtEventPump events;
-    FolderSignPictures pictures{folder.path()};
-    AtomicFileWriter writer;
-    App app{dialogs, clipboard, events, pictures, writer};
-    std::unique_ptr<MainWindow> window;
-
-    Program() {
-        app.home = folder.path();
-        InstallEditing(app);
-        window = std::make_unique<MainWindow>(app);
-    }
-    template <typename T = QWidget> T* find(const char* name) const {
-        return window->findChild<T*>(QLatin1String(name));
-    }
-    QAction* action(const char* name) const { return find<QAction>(name); }
-    void click(const char* name) const {
-        auto* b = find<QAbstractButton>(name);
-        QVERIFY2(b, name);
-        QVERIFY2(b->isEnabled(), name);
-        QTest::mouseClick(b, Qt::LeftButton);
-    }
-    bool startAndShow(const std::string& commandLine = {}) {
-        if (!window->startUp(commandLine)) return false;
-        window->show();
-        window->activateWindow();
-        return QTest::qWaitForWindowActive(window.get());
-    }
-};
-
-// Radio buttons take clicks on their circle and caption only.
-void choose(QWidget* dialog, const char* option) {
-    auto* b = dialog->findChild<QRadioButton*>(QLatin1String(option));
-    QVERIFY2(b, option);
-    QTest::mouseClick(b, Qt::LeftButton, {}, QPoint(6, b->height() / 2));
-}
-
-std::vector<std::string> messageTexts() {
-    std::vector<std::string> out;
-    for (const auto& p : QtDialogs::prompts())
-        if (p.kind == "message") out.push_back(p.text);
-    return out;
-}
-
-} // namespace
 
 class MainWindowTest : public QObject {
     Q_OBJECT
@@ -374,14 +317,14 @@ private Q_SLOTS:
         QCOMPARE(p.folder.read("Dictionaries/Words.nkd"), words);
     }
 
-    void closingTheWindowAsksYesOrNoAndWritesSettings() {
+    void closingTheWindowAsksAndWritesSettings() {
         Program p;
         p.folder.settings(false, false);
         QVERIFY(p.startAndShow());
-        p.app.store.composeAccepted = true; // closing asks about this too, quitting does not
+        QTest::keyClicks(p.find<QLineEdit>("MeaningTxt"), "!"); // an edit not yet stored
         QtDialogs::pushAnswer(Answer::No);
         QVERIFY(p.window->close());
-        QCOMPARE(QtDialogs::prompts().back().buttons, Buttons::YesNo);
+        QCOMPARE(QtDialogs::prompts().back().buttons, Buttons::YesNoCancel);
         QCOMPARE(QtDialogs::prompts().back().icon, Icon::Question);
         QCOMPARE(QtDialogs::prompts().back().title, std::string());
         QVERIFY(p.app.endRequested);
@@ -439,8 +382,8 @@ private Q_SLOTS:
         QCOMPARE(QGuiApplication::clipboard()->text(),
                  QString::fromUcs4(U"\U00013216\U00013430\U00013216"));
         QVERIFY(QtDialogs::prompts().empty());
-        p.app.store.setField(1, FieldLayout, "N35(0,0) - Q99(0,150) ");
         p.click("cmdLast");
+        p.app.store.setField(1, FieldLayout, "N35(0,0) - Q99(0,150) ");
         p.click("cmdPrev");
         copy->trigger();
         QCOMPARE(messageTexts().size(), std::size_t(1));

@@ -146,7 +146,7 @@ private slots:
         QCOMPARE(child<QLabel>(d, "Label1")->text(), QString("Press \"Cancel\" to quit"));
         d.showWith("Flipping Started");
         QVERIFY(d.isVisible());
-        QVERIFY(!d.isModal());
+        QVERIFY(d.isModal()); // while the work runs, only its Cancel responds
         QCOMPARE(child<QLabel>(d, "lblProcess")->text(), QString("Flipping Started"));
         QVERIFY(!f.app.sortCancelled);
         child<QPushButton>(d, "CancelButton")->click();
