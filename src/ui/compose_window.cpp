@@ -1,6 +1,7 @@
 #include "ui/compose_window.h"
 
 #include "core/errors.h"
+#include "ui/screen_fit.h"
 #include "ui/sign_pixmap.h"
 
 #include <QAction>
@@ -279,6 +280,7 @@ void ComposeWindow::refresh() {
 
 bool ComposeWindow::run() {
     show();
+    fitOnScreen(this);
     raise();
     activateWindow();
     QEventLoop loop;
