@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QFile>
 #include <QTimer>
 
 #include <QCheckBox>
@@ -19,6 +20,7 @@
 #include <QSignalSpy>
 #include <QStatusBar>
 #include <QTest>
+#include <QTextBrowser>
 #include <QToolButton>
 #include <functional>
 
@@ -269,9 +271,14 @@ private Q_SLOTS:
         popup->close();
     }
 
-    void resizingNeverGoesBelow6960Twips() {
+    void resizingNeverGoesBelow6960TwipsAndAWidthGivenByHandStays() {
         Program p;
         p.folder.settings(false, false);
+        p.folder.write("Dictionaries/Words.nkd",
+                       "\"Test words\",\"Tester\",\"1 May 2024\",\"\",\"\",\"\",\"\"\r\n"
+                       "\"L\",\"B\",\"A1(0,0) - G17(330,0) \",\"A1-G17\",\"im\",\"who\",\"\"\r\n"
+                       "\"L\",\"B\",\"G43(0,0) \",\"G43\",\"w\",\"chick\",\"\"\r\n"
+                       "\"L\",\"B\",\"N35(0,0) - N35(13500,0) \",\"N35-N35\",\"nn\",\"\",\"\"\r\n");
         QVERIFY(p.startAndShow());
         p.window->resize(300, p.window->height());
         QTRY_COMPARE(p.window->width(), 464);
@@ -287,6 +294,14 @@ private Q_SLOTS:
         auto* a1 = p.find<QLabel>("mainGlyphPic0");
         auto* g17 = p.find<QLabel>("mainGlyphPic1");
         QVERIFY(qAbs((a1->x() + g17->geometry().right() + 1) / 2 - area.center().x()) <= 1);
+        // The next word keeps the width given by hand; a wider word widens the window, and
+        // the next narrow word brings back the width given by hand.
+        p.click("cmdNext");
+        QCOMPARE(p.window->width(), 700);
+        p.click("cmdNext");
+        QVERIFY(p.window->width() > 900);
+        p.click("cmdFirst");
+        QCOMPARE(p.window->width(), 700);
     }
 
     void quitAnsweredCancelStaysAndWritesNoSettings() {
@@ -503,6 +518,22 @@ private Q_SLOTS:
         QVERIFY(p.app.view.textChanged);
     }
 
+    // F1: the shipped page, with every key and the plain-letter code.
+    void f1OpensTheHelpPage() {
+        Program p;
+        p.folder.settings(false, false);
+        QFile page(QStringLiteral(NEBKARO_DATA_DIR "/Help/index.html"));
+        QVERIFY(page.open(QIODevice::ReadOnly));
+        p.folder.write("Help/index.html", page.readAll());
+        QVERIFY(p.startAndShow());
+        QTest::keyClick(p.window.get(), Qt::Key_F1);
+        auto* help = p.find<QWidget>("Help");
+        QVERIFY(help && help->isVisible());
+        const QString text = help->findChild<QTextBrowser*>("txtHelp")->toPlainText();
+        for (const char* part : {"Composing a word", "Ctrl+Shift+S", "Shift+F3", "i\xcc\xaf"})
+            QVERIFY2(text.contains(QString::fromUtf8(part)), part);
+    }
+
     void wordsCollectedForPrintingAreNotDroppedUnaskedOnTheWayOut() {
         Program p;
         p.folder.settings(false, false);
@@ -557,6 +588,17 @@ private Q_SLOTS:
             QCOMPARE(a->text(), QLatin1String(caption));
         }
         QCOMPARE(p.find<QMenu>("mnuChangeAllDir")->title(), QStringLiteral("Flip All"));
+        // Menu items show their keys, and a key still runs its command once.
+        const std::pair<const char*, const char*> keys[] = {
+            {"mnuOpen", "Ctrl+O"}, {"mnuSaveAs", "Ctrl+Shift+S"}, {"mnuNew", "Ctrl+N"},
+            {"mnuFindNext", "F3"}, {"mnuPaste", "Ctrl+V"},        {"mnuHelp", "F1"},
+        };
+        for (auto [name, key] : keys)
+            QCOMPARE(p.action(name)->shortcut(), QKeySequence(QLatin1String(key)));
+        int finds = 0;
+        InstallCommandHandler(p.app, CommandId::Find, [&finds](App&) { ++finds; });
+        QTest::keyClick(p.window.get(), Qt::Key_F, Qt::ControlModifier);
+        QCOMPARE(finds, 1);
         // A command whose code is not part of the program yet is offered but disabled.
         for (const auto& [a, id] : std::vector<std::pair<QAction*, CommandId>>{
                  {p.action("mnuOptions"), CommandId::Options},
