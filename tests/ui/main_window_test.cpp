@@ -1,6 +1,7 @@
 // The main window driven by its controls' names, every message box answered from a script.
 #include "editing/commands.h"
 #include "main_program.h"
+#include "ui/screen_fit.h"
 
 #include <QAction>
 #include <QApplication>
@@ -17,6 +18,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QStatusBar>
 #include <QTest>
@@ -532,6 +534,130 @@ private Q_SLOTS:
         const QString text = help->findChild<QTextBrowser*>("txtHelp")->toPlainText();
         for (const char* part : {"Composing a word", "Ctrl+Shift+S", "Shift+F3", "i\xcc\xaf"})
             QVERIFY2(text.contains(QString::fromUtf8(part)), part);
+    }
+
+    // Every window, from every place that opens it, with the main window in a corner of the
+    // screen: each lies wholly inside the screen's free room. With NEBKARO_SCREENSHOTS naming
+    // a folder, the screen is saved as each window shows.
+    void everyWindowOpensInsideTheScreen() {
+        Program p;
+        p.folder.settings(false, false);
+        QVERIFY(p.startAndShow());
+        const QRect room = screenRoom(p.window.get());
+        QStringList outside;
+        QString corner;
+        auto top = [](const char* name) -> QWidget* {
+            for (QWidget* w : QApplication::topLevelWidgets())
+                if (w->objectName() == QLatin1String(name) && w->isVisible()) return w;
+            return nullptr;
+        };
+        auto check = [&](QWidget* w, const char* place) {
+            QCoreApplication::processEvents(); // the fitting after show
+            const QString where = corner + QLatin1Char(' ') + QLatin1String(place);
+            if (!w)
+                outside << where + QStringLiteral(": not shown");
+            else if (!room.contains(w->frameGeometry()))
+                outside << where + QStringLiteral(": %1,%2 %3x%4")
+                                       .arg(w->frameGeometry().x())
+                                       .arg(w->frameGeometry().y())
+                                       .arg(w->frameGeometry().width())
+                                       .arg(w->frameGeometry().height());
+            const QString dir = qEnvironmentVariable("NEBKARO_SCREENSHOTS");
+            if (!dir.isEmpty())
+                QGuiApplication::primaryScreen()->grabWindow(0).save(
+                    dir + QLatin1Char('/') + QString(where).replace(QLatin1Char(' '), '-') +
+                    QStringLiteral(".png"));
+        };
+        auto closeTop = [&](const char* name) {
+            if (QWidget* w = top(name)) w->close();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        };
+        for (const QPoint at : {room.topLeft(), room.bottomRight()}) {
+            corner =
+                at == room.topLeft() ? QStringLiteral("top-left") : QStringLiteral("bottom-right");
+            const QSize frame = p.window->frameGeometry().size();
+            p.window->move(std::clamp(at.x() - (at == room.topLeft() ? 0 : frame.width() - 1),
+                                      room.left(), room.right()),
+                           std::clamp(at.y() - (at == room.topLeft() ? 0 : frame.height() - 1),
+                                      room.top(), room.bottom()));
+            QCoreApplication::processEvents();
+            check(p.window.get(), "main window");
+
+            p.action("mnuTypewriter")->trigger();
+            check(top("frmTypewriter"), "typewriter from Tools");
+            closeTop("frmTypewriter");
+            p.click("cmdTool15");
+            check(top("frmTypewriter"), "typewriter from the tool bar");
+            closeTop("frmTypewriter");
+            p.action("mnuTransTable")->trigger();
+            check(top("frmTransTable"), "transliteration table from Tools");
+            closeTop("frmTransTable");
+            p.click("cmdTransTable");
+            check(top("frmTransTable"), "transliteration table from its button");
+            closeTop("frmTransTable");
+            p.action("mnuHelp")->trigger();
+            check(top("Help"), "help");
+            closeTop("Help");
+            p.click("cmdAbout");
+            check(top("About"), "about");
+            closeTop("About");
+
+            whenShown(QStringLiteral("Search"), [&](QWidget* search) {
+                check(search, "search");
+                choose(search, "optTranslit"); // the field the typewriter types for
+                QTest::mouseClick(search->findChild<QPushButton*>("cmdTypewriter"), Qt::LeftButton);
+                check(top("frmTypewriter"), "typewriter from the search");
+                closeTop("frmTypewriter");
+                QTest::mouseClick(search->findChild<QPushButton*>("cmdCancel"), Qt::LeftButton);
+            });
+            p.click("cmdSearch");
+
+            whenShown(QStringLiteral("Compose"), [&](QWidget* compose) {
+                check(compose, "composer");
+                whenShown(QStringLiteral("Lookup"), [&](QWidget* lookup) {
+                    check(lookup, "sign browser from the composer");
+                    QTest::mouseClick(lookup->findChild<QPushButton*>("cmdTypewriter"),
+                                      Qt::LeftButton);
+                    check(top("frmTypewriter"), "typewriter from the sign browser");
+                    closeTop("frmTypewriter");
+                    lookup->close();
+                });
+                auto* slot = compose->findChild<QWidget*>("GlyphPic0");
+                QTest::mouseDClick(slot, Qt::LeftButton);
+                QTest::mouseClick(compose->findChild<QPushButton*>("cmdCancel"), Qt::LeftButton);
+            });
+            p.click("NewCmd");
+
+            const std::pair<const char*, const char*> modal[] = {
+                {"Sort", "cmdSort"},
+                {"Preferences", "cmdPreferences"},
+                {"frmPrintOptions", "mnuPrintMultiple"},
+                {"frmHeader", "mnuAboutDictionary"},
+            };
+            for (const auto& [name, from] : modal) {
+                whenModal(QLatin1String(name), [&, name = name](QWidget* d) {
+                    check(d, name);
+                    d->close();
+                });
+                QtDialogs::pushAnswer(Answer::No); // a question to save first, if asked
+                if (QAction* a = p.action(from))
+                    a->trigger();
+                else
+                    p.click(from);
+                QtDialogs::reset();
+            }
+
+            QtDialogs::setMode(QtDialogs::Mode::Interactive);
+            QTimer::singleShot(0, [&] {
+                QWidget* box = QApplication::activeModalWidget();
+                check(box, "message box");
+                box->close();
+            });
+            p.app.dialogs.message("The word number must be between 0 and 2", "Phonetic Not Found",
+                                  Buttons::OK, Icon::Exclamation);
+            QtDialogs::setMode(QtDialogs::Mode::Scripted);
+        }
+        QVERIFY2(outside.isEmpty(), qPrintable(outside.join(QLatin1String("; "))));
     }
 
     void wordsCollectedForPrintingAreNotDroppedUnaskedOnTheWayOut() {
