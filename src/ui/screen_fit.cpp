@@ -29,13 +29,13 @@ QMargins frameOf(const QWidget* w) {
     if (frame != inner)
         return {inner.left() - frame.left(), inner.top() - frame.top(),
                 frame.right() - inner.right(), frame.bottom() - inner.bottom()};
-    if (!w->isVisible() && QGuiApplication::platformName() != QLatin1String("offscreen"))
-        return {4, 30, 4, 4};
+    if (QGuiApplication::platformName() != QLatin1String("offscreen")) return {4, 30, 4, 4};
     return {};
 }
 
 // Fits each window as it is shown. The fitting waits for the event loop: whoever showed the
-// window places it right after show(), and the fitting must come after that placement.
+// window places it right after show(), and the fitting must come after that placement. It is
+// done again a moment later, once the window manager has framed and placed the window.
 class ShowWatch : public QObject {
 public:
     using QObject::QObject;
@@ -44,7 +44,12 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::Show && watched->isWidgetType()) {
             auto* w = static_cast<QWidget*>(watched);
-            if (fitsOnShow(w)) QTimer::singleShot(0, w, [w] { fitOnScreen(w); });
+            if (fitsOnShow(w)) {
+                QTimer::singleShot(0, w, [w] { fitOnScreen(w); });
+                QTimer::singleShot(200, w, [w] {
+                    if (w->isVisible()) fitOnScreen(w);
+                });
+            }
         }
         return false;
     }

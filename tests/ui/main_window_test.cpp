@@ -542,6 +542,9 @@ private Q_SLOTS:
     void everyWindowOpensInsideTheScreen() {
         Program p;
         p.folder.settings(false, false);
+        QFile page(QStringLiteral(NEBKARO_DATA_DIR "/Help/index.html"));
+        QVERIFY(page.open(QIODevice::ReadOnly));
+        p.folder.write("Help/index.html", page.readAll());
         QVERIFY(p.startAndShow());
         const QRect room = screenRoom(p.window.get());
         QStringList outside;
@@ -552,7 +555,9 @@ private Q_SLOTS:
             return nullptr;
         };
         auto check = [&](QWidget* w, const char* place) {
-            QCoreApplication::processEvents(); // the fitting after show
+            // The fitting after show, and after the window manager framed the window.
+            static_cast<void>(
+                QTest::qWaitFor([&] { return !w || room.contains(w->frameGeometry()); }, 1000));
             const QString where = corner + QLatin1Char(' ') + QLatin1String(place);
             if (!w)
                 outside << where + QStringLiteral(": not shown");
@@ -563,10 +568,12 @@ private Q_SLOTS:
                                        .arg(w->frameGeometry().width())
                                        .arg(w->frameGeometry().height());
             const QString dir = qEnvironmentVariable("NEBKARO_SCREENSHOTS");
-            if (!dir.isEmpty())
+            if (!dir.isEmpty()) {
+                QTest::qWait(300); // drawn
                 QGuiApplication::primaryScreen()->grabWindow(0).save(
                     dir + QLatin1Char('/') + QString(where).replace(QLatin1Char(' '), '-') +
                     QStringLiteral(".png"));
+            }
         };
         auto closeTop = [&](const char* name) {
             if (QWidget* w = top(name)) w->close();
@@ -614,6 +621,12 @@ private Q_SLOTS:
 
             whenShown(QStringLiteral("Compose"), [&](QWidget* compose) {
                 check(compose, "composer");
+                // Eighteen signs widen it.
+                QTest::keyClicks(compose->findChild<QLineEdit*>("txtMdC"),
+                                 QStringLiteral("A1 G17 G43 N35 A1 G17 G43 N35 A1 G17 G43 N35 A1 "
+                                                "G17 G43 N35 A1 G17"));
+                QTest::mouseClick(compose->findChild<QPushButton*>("cmdGet"), Qt::LeftButton);
+                check(compose, "composer with eighteen signs");
                 whenShown(QStringLiteral("Lookup"), [&](QWidget* lookup) {
                     check(lookup, "sign browser from the composer");
                     QTest::mouseClick(lookup->findChild<QPushButton*>("cmdTypewriter"),
