@@ -458,6 +458,7 @@ void MainWindow::buildShortcuts() {
             area ? static_cast<QWidget*>(dispArea_) : static_cast<QWidget*>(this));
         sc->setContext(area ? Qt::WidgetShortcut : Qt::WindowShortcut);
         const CommandId id = s.command;
+        shortcuts_.emplace_back(sc, id);
         connect(sc, &QShortcut::activated, this, [this, id] {
             // A modal window (the composer, a dialog) holds the program: a key that reaches
             // this window behind it must not change the dictionary.
@@ -776,6 +777,20 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
         const QKeySequence keys = static_cast<QShortcutEvent*>(event)->key();
         if (w && w->window() == this && !keys.isEmpty())
             WindowKeyDown(app_.view, keyCode(keys[keys.count() - 1].key()));
+        // While the menu bar has the focus, a menu item's keys and the window's shortcut are
+        // both in reach and Qt calls the key ambiguous: it still runs its command, once.
+        if (static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
+            std::optional<CommandId> id;
+            for (const auto& [a, c] : actions_)
+                if (a == watched) id = c;
+            for (const auto& [k, c] : shortcuts_)
+                if (k == watched) id = c;
+            if (id) {
+                if (!QApplication::activeModalWidget() && CommandAvailable(app_, *id))
+                    runCommand(*id);
+                return true;
+            }
+        }
     } else if (type == QEvent::KeyPress) {
         // The window sees every key before its controls do, once per key: at the widget that
         // has the focus (or the window itself when none has).

@@ -26,6 +26,7 @@ class QLabel;
 class QLineEdit;
 class QMenu;
 class QPushButton;
+class QShortcut;
 
 namespace nebkaro {
 
@@ -146,6 +147,7 @@ private:
     QAction* showBorders_ = nullptr;
     std::set<CommandId> installed_; // handlers this window put into App::commandHandlers
     std::vector<std::pair<QAction*, CommandId>> actions_;
+    std::vector<std::pair<QShortcut*, CommandId>> shortcuts_;
     std::vector<std::pair<QAbstractButton*, CommandId>> buttons_;
     std::vector<std::pair<QWidget*, QRect>> fixed_; // controls placed by the design, in twips
     QHash<QString, QPixmap> pixmaps_;

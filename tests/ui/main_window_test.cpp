@@ -738,6 +738,10 @@ private Q_SLOTS:
         InstallCommandHandler(p.app, CommandId::Find, [&finds](App&) { ++finds; });
         QTest::keyClick(p.window.get(), Qt::Key_F, Qt::ControlModifier);
         QCOMPARE(finds, 1);
+        // With the menu bar in the focus (Alt, or Escape out of a menu) as well.
+        p.window->menuBar()->setFocus();
+        QTest::keyClick(p.window->menuBar(), Qt::Key_F, Qt::ControlModifier);
+        QCOMPARE(finds, 2);
         // A command whose code is not part of the program yet is offered but disabled.
         for (const auto& [a, id] : std::vector<std::pair<QAction*, CommandId>>{
                  {p.action("mnuOptions"), CommandId::Options},
