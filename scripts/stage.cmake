@@ -1,11 +1,11 @@
 # Copies the shipped program folder into DST without overwriting what a user already changed
 # there; the sign-picture libraries are linked, not copied.
-foreach(sub System Lists Dictionaries Images Fonts)
+foreach(sub System Lists Dictionaries Images Fonts Help)
   if(EXISTS ${SRC}/${sub})
     file(GLOB_RECURSE files RELATIVE ${SRC}/${sub} ${SRC}/${sub}/*)
     file(MAKE_DIRECTORY ${DST}/${sub})
     foreach(f ${files})
-      if(NOT EXISTS ${DST}/${sub}/${f} OR sub STREQUAL "Lists" OR sub STREQUAL "Fonts")
+      if(NOT EXISTS ${DST}/${sub}/${f} OR sub STREQUAL "Lists" OR sub STREQUAL "Fonts" OR sub STREQUAL "Help")
         get_filename_component(dir ${DST}/${sub}/${f} DIRECTORY)
         file(MAKE_DIRECTORY ${dir})
         file(COPY_FILE ${SRC}/${sub}/${f} ${DST}/${sub}/${f} ONLY_IF_DIFFERENT)

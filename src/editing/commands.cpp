@@ -7,8 +7,10 @@
 #include "editing/navigation.h"
 #include "editing/word_clipboard.h"
 #include "editing/word_editing.h"
+#include "translit/unicode_translit.h"
 
 #include <algorithm>
+#include <cctype>
 #include <stdexcept>
 
 namespace nebkaro {
@@ -120,55 +122,60 @@ bool runBuiltIn(App& app, CommandId id) {
 
 const std::vector<CommandInfo>& commandTable() {
     static const std::vector<CommandInfo> table = {
-        {C::NewDictionary, "NewDictionary", true},
-        {C::OpenDictionary, "OpenDictionary", true},
-        {C::MergeDictionary, "MergeDictionary", true},
-        {C::SaveDictionary, "SaveDictionary", true},
-        {C::SaveDictionaryAs, "SaveDictionaryAs", true},
-        {C::PrintDictionary, "PrintDictionary", false},
-        {C::PrintWord, "PrintWord", false},
-        {C::FormFeed, "FormFeed", false},
-        {C::PrintMultiple, "PrintMultiple", false},
-        {C::Quit, "Quit", true},
-        {C::First, "First", true},
-        {C::Previous, "Previous", true},
-        {C::Next, "Next", true},
-        {C::Last, "Last", true},
-        {C::Go, "Go", true},
-        {C::RandomWord, "RandomWord", true},
-        {C::NewWord, "NewWord", true},
-        {C::InsertWord, "InsertWord", true},
-        {C::EditWord, "EditWord", true},
-        {C::StoreWord, "StoreWord", true},
-        {C::DeleteWord, "DeleteWord", true},
-        {C::DuplicateWord, "DuplicateWord", true},
-        {C::CutWord, "CutWord", true},
-        {C::CopyWord, "CopyWord", true},
-        {C::PasteWord, "PasteWord", true},
-        {C::FlipWord, "FlipWord", true},
-        {C::DirectionLeft, "DirectionLeft", true},
-        {C::DirectionRight, "DirectionRight", true},
-        {C::DirectionInvert, "DirectionInvert", true},
-        {C::ShowBorders, "ShowBorders", false},
-        {C::CopyWordImage, "CopyWordImage", false},
-        {C::SaveWordImage, "SaveWordImage", false},
-        {C::PasteImageToPaint, "PasteImageToPaint", false},
-        {C::Find, "Find", false},
-        {C::FindNext, "FindNext", false},
-        {C::FindPrevious, "FindPrevious", false},
-        {C::SortButton, "SortButton", false},
-        {C::SortMenu, "SortMenu", false},
-        {C::SortGardiner, "SortGardiner", false},
-        {C::Shuffle, "Shuffle", false},
-        {C::FlipAllLeft, "FlipAllLeft", false},
-        {C::FlipAllRight, "FlipAllRight", false},
-        {C::FlipAllInvert, "FlipAllInvert", false},
-        {C::Typewriter, "Typewriter", false},
-        {C::TransTable, "TransTable", false},
-        {C::TransGuess, "TransGuess", false},
-        {C::Options, "Options", false},
-        {C::AboutProgram, "AboutProgram", false},
-        {C::AboutDictionary, "AboutDictionary", true},
+        {C::NewDictionary, "NewDictionary", true, "Start a new, empty dictionary"},
+        {C::OpenDictionary, "OpenDictionary", true, "Open a dictionary file"},
+        {C::MergeDictionary, "MergeDictionary", true,
+         "Add the words of another dictionary file to this one"},
+        {C::SaveDictionary, "SaveDictionary", true, "Save the dictionary"},
+        {C::SaveDictionaryAs, "SaveDictionaryAs", true, "Save the dictionary under another name"},
+        {C::PrintDictionary, "PrintDictionary", false,
+         "Print the dictionary, or some of its words"},
+        {C::PrintWord, "PrintWord", false, "Put the word on show on the page being collected"},
+        {C::FormFeed, "FormFeed", false, "Print the page of collected words"},
+        {C::PrintMultiple, "PrintMultiple", false, "Print several words, chosen by their numbers"},
+        {C::Quit, "Quit", true, "End the program"},
+        {C::First, "First", true, "Go to the first word"},
+        {C::Previous, "Previous", true, "Go to the previous word"},
+        {C::Next, "Next", true, "Go to the next word"},
+        {C::Last, "Last", true, "Go to the last word"},
+        {C::Go, "Go", true, "Go to the word whose number is typed beside the button"},
+        {C::RandomWord, "RandomWord", true, "Show a word chosen at random"},
+        {C::NewWord, "NewWord", true, "Compose a new word after the last one"},
+        {C::InsertWord, "InsertWord", true, "Compose a new word before the word on show"},
+        {C::EditWord, "EditWord", true, "Change the signs of the word on show in the composer"},
+        {C::StoreWord, "StoreWord", true, "Keep the edited texts of the word in the dictionary"},
+        {C::DeleteWord, "DeleteWord", true, "Delete the word on show"},
+        {C::DuplicateWord, "DuplicateWord", true, "Add a copy of the word on show"},
+        {C::CutWord, "CutWord", true, "Copy the word on show and delete it"},
+        {C::CopyWord, "CopyWord", true, "Copy the word on show"},
+        {C::PasteWord, "PasteWord", true, "Insert the copied word before the word on show"},
+        {C::FlipWord, "FlipWord", true, "Turn the signs of the word to face the other way"},
+        {C::DirectionLeft, "DirectionLeft", true, "Make the signs of the word face left"},
+        {C::DirectionRight, "DirectionRight", true, "Make the signs of the word face right"},
+        {C::DirectionInvert, "DirectionInvert", true,
+         "Turn the signs of the word to face the other way"},
+        {C::ShowBorders, "ShowBorders", false, "Frame every sign of the word"},
+        {C::CopyWordImage, "CopyWordImage", false, "Copy the picture of the word"},
+        {C::SaveWordImage, "SaveWordImage", false, "Save the picture of the word as a file"},
+        {C::PasteImageToPaint, "PasteImageToPaint", false,
+         "Open the picture of the word in the desktop's picture program"},
+        {C::Find, "Find", false, "Find words by their texts or signs"},
+        {C::FindNext, "FindNext", false, "Find the next word that matches"},
+        {C::FindPrevious, "FindPrevious", false, "Find the previous word that matches"},
+        {C::SortButton, "SortButton", false, "Sort the dictionary"},
+        {C::SortMenu, "SortMenu", false, "Sort the dictionary, with progress and Cancel"},
+        {C::SortGardiner, "SortGardiner", false, "Sort the dictionary by Gardiner's notation"},
+        {C::Shuffle, "Shuffle", false, "Put the words in a random order"},
+        {C::FlipAllLeft, "FlipAllLeft", false, "Make the signs of every word face left"},
+        {C::FlipAllRight, "FlipAllRight", false, "Make the signs of every word face right"},
+        {C::FlipAllInvert, "FlipAllInvert", false, "Turn the signs of every word"},
+        {C::Typewriter, "Typewriter", false, "Type transliteration letters by clicking"},
+        {C::TransTable, "TransTable", false, "Show the transliteration letters and their codes"},
+        {C::TransGuess, "TransGuess", false, "Guess the transliteration from the signs"},
+        {C::Options, "Options", false, "Change the settings"},
+        {C::AboutProgram, "AboutProgram", false, "About the program"},
+        {C::AboutDictionary, "AboutDictionary", true, "The information about the dictionary"},
+        {C::Help, "Help", false, "This page"},
     };
     return table;
 }
@@ -372,6 +379,7 @@ std::vector<MenuItem> buildMenuBar() {
              {
                  item("mnuAboutProgram", "Program", C::AboutProgram),
                  item("mnuAboutDictionary", "Dictionary", C::AboutDictionary),
+                 item("mnuHelp", "&Help", C::Help, true),
              }),
     };
 }
@@ -447,8 +455,124 @@ const std::vector<Shortcut>& Shortcuts() {
         {"Ctrl+X", C::CutWord, S::DisplayArea},
         {"Ctrl+V", C::PasteWord, S::DisplayArea},
         {"Del", C::DeleteWord, S::DisplayArea},
+        {"F1", C::Help, S::Window},
     };
     return shortcuts;
+}
+
+std::vector<Shortcut> ShortcutsOf(CommandId id) {
+    std::vector<Shortcut> out;
+    for (const Shortcut& s : Shortcuts())
+        if (s.command == id) out.push_back(s);
+    return out;
+}
+
+namespace {
+
+std::string escapeHtml(std::string_view text) {
+    std::string out;
+    for (char c : text) {
+        switch (c) {
+        case '<':
+            out += "&lt;";
+            break;
+        case '>':
+            out += "&gt;";
+            break;
+        case '&':
+            out += "&amp;";
+            break;
+        case '"':
+            out += "&quot;";
+            break;
+        default:
+            out += c;
+        }
+    }
+    return out;
+}
+
+// A menu caption as it reads: the access-letter marks dropped, "&&" kept as one "&".
+std::string readable(std::string_view caption) {
+    std::string out;
+    for (std::size_t i = 0; i < caption.size(); ++i) {
+        if (caption[i] == '&' && i + 1 < caption.size()) ++i;
+        out += caption[i];
+    }
+    return out;
+}
+
+void menuPaths(const MenuItem& m, const std::string& above, CommandId id,
+               std::vector<std::string>& out) {
+    const std::string path =
+        above.empty() ? readable(m.caption) : above + " > " + readable(m.caption);
+    if (m.command && *m.command == id) out.push_back(path);
+    for (const MenuItem& c : m.children) menuPaths(c, path, id, out);
+}
+
+std::string joined(const std::vector<std::string>& parts) {
+    std::string out;
+    for (const std::string& p : parts) out += (out.empty() ? "" : "<br>") + escapeHtml(p);
+    return out;
+}
+
+void replaceBlock(std::string& page, std::string_view name, const std::string& body) {
+    const std::string open = "<!-- " + std::string(name) + " -->";
+    const std::string close = "<!-- /" + std::string(name) + " -->";
+    const std::size_t from = page.find(open);
+    const std::size_t to = from == std::string::npos ? from : page.find(close, from);
+    if (to == std::string::npos) {
+        page += "\n" + open + "\n" + body + close + "\n";
+        return;
+    }
+    page.replace(from + open.size(), to - from - open.size(), "\n" + body);
+}
+
+} // namespace
+
+std::string CommandListHtml() {
+    std::string html = "<table class=\"commands\">\n"
+                       "<tr><th>Command</th><th>Menu</th><th>Button</th><th>Tool bar</th>"
+                       "<th>Keys</th></tr>\n";
+    for (const CommandInfo& c : AllCommands()) {
+        std::vector<std::string> menus, buttons, tools, keys;
+        for (const MenuItem& top : MenuBar()) menuPaths(top, "", c.id, menus);
+        for (const MenuItem& item : PopupMenu().children)
+            if (item.command == c.id) menus.push_back("Right click on the word > " + item.caption);
+        for (const ViewButton& b : WordViewButtons())
+            if (b.command == c.id) buttons.emplace_back(b.caption);
+        for (const ToolButton& t : ToolBar())
+            if (t.command == c.id) tools.emplace_back(t.toolTip);
+        for (const Shortcut& s : ShortcutsOf(c.id))
+            keys.push_back(std::string(s.keys) + (s.scope == ShortcutScope::DisplayArea
+                                                      ? " (on the word's picture)"
+                                                      : ""));
+        html += "<tr><td>" + escapeHtml(c.help) + "</td><td>" + joined(menus) + "</td><td>" +
+                joined(buttons) + "</td><td>" + joined(tools) + "</td><td>" + joined(keys) +
+                "</td></tr>\n";
+    }
+    return html + "</table>\n";
+}
+
+std::string LetterCodeHtml() {
+    std::string html = "<table class=\"letters\">\n"
+                       "<tr><th>Type</th><th>to write</th></tr>\n";
+    // Every plain letter the font draws as another letter.
+    for (char c = 'A'; c <= 'z'; ++c) {
+        if (!std::isalpha(static_cast<unsigned char>(c))) continue;
+        const std::string scholarly = ScholarlyFromPlain(std::string(1, c));
+        if (scholarly == std::string(1, c)) continue;
+        html += std::string("<tr><td><code>") + c + "</code></td><td class=\"scholarly\">" +
+                escapeHtml(scholarly) + "</td></tr>\n";
+    }
+    return html + "</table>\n";
+}
+
+std::string HelpPage(std::string_view page) {
+    std::string out(page);
+    replaceBlock(out, "commands", CommandListHtml());
+    replaceBlock(out, "letters", LetterCodeHtml());
+    return out;
 }
 
 } // namespace nebkaro

@@ -71,6 +71,7 @@ enum class CommandId : int {
     Options,
     AboutProgram,
     AboutDictionary,
+    Help,
 };
 
 // Every command, in the order above, with a name for messages and logs.
@@ -80,6 +81,8 @@ struct CommandInfo {
     // Run by the logic of this library; the others run the handler the program installs in
     // App::commandHandlers (see InstallCommandHandler).
     bool builtIn;
+    // What it does, in a few words, for the help page.
+    std::string_view help;
 };
 const std::vector<CommandInfo>& AllCommands();
 const CommandInfo& Info(CommandId id);
@@ -145,5 +148,16 @@ struct Shortcut {
     ShortcutScope scope;
 };
 const std::vector<Shortcut>& Shortcuts();
+// The keys of a command, in the table's order (none for most).
+std::vector<Shortcut> ShortcutsOf(CommandId id);
+
+// The help page's generated parts: every command with its menu items, buttons and keys, and
+// the plain letters that the Transliteration font draws as scholarly letters. HelpPage takes
+// the shipped page and puts them afresh between its markers "<!-- commands -->" ...
+// "<!-- /commands -->" and "<!-- letters -->" ... "<!-- /letters -->"; a page without the
+// markers gets them appended.
+std::string CommandListHtml();
+std::string LetterCodeHtml();
+std::string HelpPage(std::string_view page);
 
 } // namespace nebkaro

@@ -1,6 +1,7 @@
 #include "ui/compose_window.h"
 
 #include "core/errors.h"
+#include "ui/screen_fit.h"
 #include "ui/sign_pixmap.h"
 
 #include <QAction>
@@ -17,6 +18,9 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
+
+#include <cmath>
 
 #include <functional>
 
@@ -90,9 +94,16 @@ ComposeWindow::ComposeWindow(App& app, QWidget* parent)
     connect(mnuExtended_, &QAction::triggered, this,
             [this] { command([&] { model_.mnuExtended(); }); });
 
-    canvas_ = new QWidget(this);
-    canvas_->setMinimumSize(px(ComposeGeometry::MinWidth), px(ComposeGeometry::DesignHeight));
-    setCentralWidget(canvas_);
+    // The canvas scrolls when the signs need more room than the screen leaves the window.
+    scroll_ = new QScrollArea(this);
+    scroll_->setObjectName("scrCanvas");
+    scroll_->setFrameShape(QFrame::NoFrame);
+    scroll_->setWidgetResizable(false);
+    canvas_ = new QWidget;
+    canvas_->resize(px(ComposeGeometry::MinWidth), px(ComposeGeometry::DesignHeight));
+    scroll_->setWidget(canvas_);
+    scroll_->viewport()->installEventFilter(this);
+    setCentralWidget(scroll_);
 
     lblMdC_ = new QLabel("MdC:", canvas_);
     lblMdC_->setObjectName("lblMdC");
@@ -107,10 +118,15 @@ ComposeWindow::ComposeWindow(App& app, QWidget* parent)
     cmdArrange_->setObjectName("cmdArrange");
     cmdArrange_->setToolTip("Place the signs in groups: \":\" stacks, \"*\" sets side by side, "
                             "\"-\" starts a new group");
-    connect(cmdGet_, &QPushButton::clicked, this, [this] { command([&] { model_.Get(); }); });
+    connect(cmdGet_, &QPushButton::clicked, this, [this] {
+        command([&] { model_.Get(); });
+        growForSigns();
+    });
     connect(txtMdC_, &QLineEdit::returnPressed, cmdGet_, &QPushButton::click);
-    connect(cmdArrange_, &QPushButton::clicked, this,
-            [this] { command([&] { model_.Arrange(); }); });
+    connect(cmdArrange_, &QPushButton::clicked, this, [this] {
+        command([&] { model_.Arrange(); });
+        growForSigns();
+    });
 
     frame1_ = new QGroupBox("Library", canvas_);
     frame1_->setObjectName("Frame1");
@@ -204,7 +220,9 @@ ComposeWindow::ComposeWindow(App& app, QWidget* parent)
 ComposeWindow::~ComposeWindow() = default;
 
 void ComposeWindow::load() {
+    canvasNeed_ = {};
     command([&] { model_.Load(); });
+    growForSigns();
 }
 
 template <typename F> void ComposeWindow::command(F&& f) {
@@ -279,6 +297,7 @@ void ComposeWindow::refresh() {
 
 bool ComposeWindow::run() {
     show();
+    fitOnScreen(this);
     raise();
     activateWindow();
     QEventLoop loop;
@@ -289,8 +308,62 @@ bool ComposeWindow::run() {
 
 void ComposeWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
+    sizeCanvas();
+}
+
+bool ComposeWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == scroll_->viewport() && event->type() == QEvent::Resize) sizeCanvas();
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void ComposeWindow::sizeCanvas() {
+    const QSize room = scroll_->viewport()->size().expandedTo(canvasNeed_);
+    if (canvas_->size() != room) canvas_->resize(room);
     model_.Resize(twips(canvas_->width()), twips(canvas_->height()));
     placeControls();
+}
+
+void ComposeWindow::growForSigns() {
+    double left = 0, top = 0, right = 0, bottom = 0;
+    bool any = false;
+    for (int k = 0; k <= model_.LastGlyph && k < Composer::Slots; ++k) {
+        const CanvasImage& im = model_.GlyphPic[static_cast<std::size_t>(k)];
+        if (!im.visible || !im.hasPicture) continue;
+        left = any ? std::min(left, im.left) : im.left;
+        top = any ? std::min(top, im.top) : im.top;
+        right = std::max(any ? right : im.left + im.width, im.left + im.width);
+        bottom = std::max(any ? bottom : im.top + im.height, im.top + im.height);
+        any = true;
+    }
+    if (!any) return;
+    // The room kept between the signs and the frame, and what lies around the frame.
+    constexpr int Margin = 240;
+    const ComposeGeometry before = model_.geometry;
+    const Rect& f = before.ComposeShp;
+    const bool wide = left < f.left || right > f.left + f.width;
+    const bool tall = top < f.top || bottom > f.top + f.height;
+    if (!wide && !tall) return;
+    const int width = wide ? static_cast<int>(std::ceil(right - left)) + 2 * Margin +
+                                 (before.windowWidth - f.width)
+                           : before.windowWidth;
+    const int height = tall ? static_cast<int>(std::ceil(bottom - top)) + 2 * Margin +
+                                  (before.windowHeight - f.height)
+                            : before.windowHeight;
+    model_.Resize(std::max(width, before.windowWidth), std::max(height, before.windowHeight));
+    const Rect& g = model_.geometry.ComposeShp;
+    const double dx = wide ? g.left + (g.width - (right - left)) / 2 - left : 0;
+    const double dy = tall ? g.top + (g.height - (bottom - top)) / 2 - top : 0;
+    for (int k = 0; k <= model_.LastGlyph && k < Composer::Slots; ++k) {
+        const CanvasImage& im = model_.GlyphPic[static_cast<std::size_t>(k)];
+        if (im.visible && im.hasPicture) model_.MoveImage(k, im.left + dx, im.top + dy);
+    }
+    canvasNeed_ = QSize(px(model_.geometry.windowWidth), px(model_.geometry.windowHeight));
+    // The window grows by what the canvas gained; the screen's room bounds it.
+    const QSize gain = canvasNeed_ - scroll_->viewport()->size();
+    resize(size() + gain.expandedTo(QSize(0, 0)));
+    if (isVisible()) fitOnScreen(this);
+    sizeCanvas();
+    refresh();
 }
 
 void ComposeWindow::changeEvent(QEvent* event) {

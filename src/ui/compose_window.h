@@ -17,6 +17,7 @@ class QLineEdit;
 class QRadioButton;
 class QPushButton;
 class QGroupBox;
+class QScrollArea;
 
 namespace nebkaro::ui {
 
@@ -52,11 +53,19 @@ private:
     void refresh();
     void placeControls();
     void readText();
+    // The canvas is as large as the room the window gives it, or as the signs need.
+    void sizeCanvas();
+    // Signs laid out past the frame's edges widen (or heighten) the canvas, and stand centred
+    // on the larger frame; the window grows with it as far as the screen lets it.
+    void growForSigns();
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
     App& app_;
     Composer model_;
     bool choosing_ = false;
+    QScrollArea* scroll_;
     QWidget* canvas_;
+    QSize canvasNeed_; // pixels the signs need, beyond the window's own room
     QLabel* lblMdC_;
     QLineEdit* txtMdC_;
     QPushButton* cmdGet_;

@@ -1,6 +1,7 @@
 #include "ui/lookup_window.h"
 
 #include "core/errors.h"
+#include "ui/screen_fit.h"
 #include "ui/sign_pixmap.h"
 
 #include <QCheckBox>
@@ -244,6 +245,7 @@ LookupWindow* LookupHost::window() {
 void LookupHost::show() {
     LookupWindow* w = window();
     w->show();
+    fitOnScreen(w);
     w->raise();
     w->activateWindow();
 }

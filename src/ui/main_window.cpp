@@ -18,8 +18,10 @@
 #include "ui/compose_window.h"
 #include "ui/exchange_commands.h"
 #include "ui/header_dialog.h"
+#include "ui/help_window.h"
 #include "ui/lookup_window.h"
 #include "ui/preferences_dialog.h"
+#include "ui/screen_fit.h"
 #include "ui/search_tools.h"
 #include "ui/sort_dialog.h"
 
@@ -183,8 +185,10 @@ MainWindow::MainWindow(App& app, Options options)
     statusBar()->setObjectName(QStringLiteral("StatusBar"));
     setMinimumWidth(px(MainGeometry::MinWidth));
     surface_->setFixedHeight(px(SurfaceHeight));
-    resize(px(app_.view.windowWidth), sizeHint().height());
+    requestedWidth_ = px(app_.view.windowWidth);
+    resize(requestedWidth_, sizeHint().height());
     qApp->installEventFilter(this);
+    keepWindowsOnScreen(this);
     refreshAvailability();
     layoutControls();
 }
@@ -396,6 +400,13 @@ QAction* MainWindow::commandAction(const MenuItem& item, QMenu* menu) {
         const CommandId id = *item.command;
         connect(a, &QAction::triggered, this, [this, id] { runCommand(id); });
         actions_.emplace_back(a, id);
+        // The menu shows the command's keys. The window's shortcuts handle the keys; the
+        // action's own shortcut acts only inside its open menu, so a key never runs twice.
+        QList<QKeySequence> keys;
+        for (const Shortcut& s : ShortcutsOf(id))
+            keys << QKeySequence(QString::fromLatin1(s.keys.data(), qsizetype(s.keys.size())));
+        a->setShortcuts(keys);
+        a->setShortcutContext(Qt::WidgetShortcut);
         if (id == CommandId::ShowBorders) showBorders_ = a;
     }
     if (item.separatorBefore && !menu->isEmpty()) menu->addSeparator();
@@ -447,6 +458,7 @@ void MainWindow::buildShortcuts() {
             area ? static_cast<QWidget*>(dispArea_) : static_cast<QWidget*>(this));
         sc->setContext(area ? Qt::WidgetShortcut : Qt::WindowShortcut);
         const CommandId id = s.command;
+        shortcuts_.emplace_back(sc, id);
         connect(sc, &QShortcut::activated, this, [this, id] {
             // A modal window (the composer, a dialog) holds the program: a key that reaches
             // this window behind it must not change the dictionary.
@@ -479,6 +491,7 @@ void MainWindow::installHandlers() {
         {CommandId::Typewriter, [this](App&) { tools_->showTypewriterBesideMain(); }},
         {CommandId::TransTable, [this](App&) { tools_->showTransTable(); }},
         {CommandId::TransGuess, TransGuess},
+        {CommandId::Help, [this](App&) { showHelp(); }},
         {CommandId::PrintDictionary, [this](App& a) { printing_.printDictionaryDialog(a, this); }},
         {CommandId::PrintMultiple, [this](App& a) { printing_.printMultipleDialog(a, this); }},
         {CommandId::PrintWord, [this](App& a) { printing_.addCurrentWordToPage(a, this); }},
@@ -565,10 +578,14 @@ void MainWindow::refreshAvailability() {
 
 void MainWindow::wordViewChanged() {
     WordView& v = app_.view;
-    // The renderer may ask for another width (a wide word, or back to 6960 twips); the
-    // display always follows the width the window really has.
-    const int wanted = px(v.windowWidth);
-    if (wanted != width() && !isMaximized() && !isFullScreen()) resize(wanted, height());
+    // The renderer may ask for another width (a wide word, or back to 6960 twips); a width
+    // the user gave the window by hand is kept, growing only for a wider word. The display
+    // always follows the width the window really has.
+    const int wanted = std::max(px(v.windowWidth), userWidth_);
+    if (wanted != width() && !isMaximized() && !isFullScreen()) {
+        requestedWidth_ = wanted;
+        resize(wanted, height());
+    }
     ResizeWordView(v, width() * TwipsPerPixel);
 
     auto setText = [](QLineEdit* e, const std::string& s) {
@@ -760,6 +777,20 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
         const QKeySequence keys = static_cast<QShortcutEvent*>(event)->key();
         if (w && w->window() == this && !keys.isEmpty())
             WindowKeyDown(app_.view, keyCode(keys[keys.count() - 1].key()));
+        // While the menu bar has the focus, a menu item's keys and the window's shortcut are
+        // both in reach and Qt calls the key ambiguous: it still runs its command, once.
+        if (static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
+            std::optional<CommandId> id;
+            for (const auto& [a, c] : actions_)
+                if (a == watched) id = c;
+            for (const auto& [k, c] : shortcuts_)
+                if (k == watched) id = c;
+            if (id) {
+                if (!QApplication::activeModalWidget() && CommandAvailable(app_, *id))
+                    runCommand(*id);
+                return true;
+            }
+        }
     } else if (type == QEvent::KeyPress) {
         // The window sees every key before its controls do, once per key: at the widget that
         // has the focus (or the window itself when none has).
@@ -818,6 +849,8 @@ void MainWindow::surfaceDoubleClick() {
 void MainWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
     if (isMinimized()) return;
+    // A width this window did not ask for is the user's (or the screen's, when it is narrow).
+    if (!isMaximized() && !isFullScreen() && width() != requestedWidth_) userWidth_ = width();
     ResizeWordView(app_.view, width() * TwipsPerPixel);
     layoutControls();
 }
@@ -920,6 +953,14 @@ void MainWindow::copyAsUnicode() {
 void MainWindow::showPreferences() {
     PreferencesDialog dialog(app_, this);
     dialog.exec();
+}
+
+void MainWindow::showHelp() {
+    if (!help_) help_ = new HelpWindow(app_.home, this);
+    help_->show();
+    fitOnScreen(help_);
+    help_->raise();
+    help_->activateWindow();
 }
 
 void MainWindow::showAbout() {

@@ -26,6 +26,7 @@ class QLabel;
 class QLineEdit;
 class QMenu;
 class QPushButton;
+class QShortcut;
 
 namespace nebkaro {
 
@@ -33,6 +34,7 @@ enum class CommandId : int;
 struct MenuItem;
 class AboutDialog;
 class ExchangeCommands;
+class HelpWindow;
 class CancelDialog;
 class SearchTools;
 class SortDialog;
@@ -118,6 +120,7 @@ private:
     void copyAsUnicode();
     void showPreferences();
     void showAbout();
+    void showHelp();
 
     // Runs fn at a command's boundary: a failure is reported and the program goes on.
     template <typename Fn> void guarded(Fn fn);
@@ -144,10 +147,12 @@ private:
     QAction* showBorders_ = nullptr;
     std::set<CommandId> installed_; // handlers this window put into App::commandHandlers
     std::vector<std::pair<QAction*, CommandId>> actions_;
+    std::vector<std::pair<QShortcut*, CommandId>> shortcuts_;
     std::vector<std::pair<QAbstractButton*, CommandId>> buttons_;
     std::vector<std::pair<QWidget*, QRect>> fixed_; // controls placed by the design, in twips
     QHash<QString, QPixmap> pixmaps_;
     QPointer<AboutDialog> about_;
+    QPointer<HelpWindow> help_;
     // Kept once made: the Sort dialog's choices live on between sorts.
     SortDialog* sort_ = nullptr;
     CancelDialog* progressDialog_ = nullptr;
@@ -163,6 +168,10 @@ private:
     QString pictureMessage_; // the status line naming a missing picture, while it stands
     QStringList paintFiles_; // pictures handed to the desktop's picture program
     bool shown_ = false;
+    // The width last asked for by the program, and the width the user gave the window by hand
+    // (0 until then): the window is never narrower than that.
+    int requestedWidth_ = -1;
+    int userWidth_ = 0;
     // The text box that has the focus within the window (0..3 as boxes_), -1 for none.
     int focusedBox_ = -1;
 };

@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QFileDialog>
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QImage>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -77,6 +79,17 @@ QString suffixOf(const QString& nameFilter) {
 
 } // namespace
 
+void widenForTitle(QMessageBox& box) {
+    // The title bar's font is the desktop's, usually bold; its buttons and the window icon
+    // take about 160 pixels beside the title.
+    QFont font = box.font();
+    font.setBold(true);
+    const int wanted = QFontMetrics(font).horizontalAdvance(box.windowTitle()) + 160;
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
+        grid->addItem(new QSpacerItem(wanted, 0, QSizePolicy::Minimum, QSizePolicy::Fixed),
+                      grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 QStringList qtNameFilters(const std::string& filter) {
     const QStringList parts = QString::fromStdString(filter).split(QLatin1Char('|'));
     QStringList out;
@@ -150,6 +163,7 @@ Answer QtDialogs::message(const std::string& text, const std::string& title, But
     box.setDefaultButton(buttons == Buttons::YesNo || buttons == Buttons::YesNoCancel
                              ? QMessageBox::Yes
                              : QMessageBox::Ok);
+    widenForTitle(box);
     switch (box.exec()) {
     case QMessageBox::Ok:
         return Answer::OK;

@@ -12,6 +12,8 @@
 #include <QString>
 #include <QStringList>
 
+class QMessageBox;
+
 #include <deque>
 #include <optional>
 #include <string>
@@ -22,6 +24,10 @@ namespace nebkaro {
 // "Name (*.x)|*.x|Other (*.y;*.z)|*.y;*.z" as Qt's name filters: "Name (*.x)",
 // "Other (*.y *.z)". Descriptions are trimmed; "*.*" is every file.
 QStringList qtNameFilters(const std::string& filter);
+
+// Makes a message box at least as wide as its title needs on the title bar: a short text
+// under a long title would otherwise leave the title cut ("Phon… ound").
+void widenForTitle(QMessageBox& box);
 
 class QtDialogs : public Dialogs {
 public:

@@ -9,21 +9,16 @@
 #include "ui/trans_table_window.h"
 #include "ui/typewriter_window.h"
 
+#include "ui/screen_fit.h"
+
 #include <QEventLoop>
-#include <QGuiApplication>
 #include <QLineEdit>
-#include <QScreen>
 #include <QWidget>
 
 namespace nebkaro {
 
 namespace {
 constexpr int TwipsPerPixel = 15;
-
-QRect screenOf(const QWidget* w) {
-    const QScreen* s = w->screen() ? w->screen() : QGuiApplication::primaryScreen();
-    return s ? s->geometry() : QRect(0, 0, 1920, 1080);
-}
 } // namespace
 
 SearchTools::SearchTools(App& app, QWidget* mainWindow)
@@ -56,6 +51,7 @@ void SearchTools::showSearchDialogAndWait() {
     SearchDialog* d = ensureSearchDialog();
     d->refresh();
     d->show();
+    fitOnScreen(d);
     d->raise();
     d->activateWindow();
     if (auto* box = d->findChild<QLineEdit*>(QStringLiteral("txtSearch"))) box->setFocus();
@@ -98,6 +94,7 @@ void SearchTools::showTypewriterBesideMain() {
     } catch (const RunError& e) {
         app_.dialogs.message(e.report(), "", Buttons::OK, Icon::Critical);
     }
+    fitOnScreen(t);
 }
 
 void SearchTools::showTypewriterBeside(QWidget* caller) {
@@ -106,11 +103,12 @@ void SearchTools::showTypewriterBeside(QWidget* caller) {
     t->show();
     t->raise();
     const QRect c = caller->frameGeometry();
-    const QRect screen = screenOf(caller);
+    const QRect screen = screenRoom(caller);
     const int left = TypewriterLeftBeside(c.x() * TwipsPerPixel, c.width() * TwipsPerPixel,
                                           t->frameGeometry().width() * TwipsPerPixel,
                                           (screen.x() + screen.width()) * TwipsPerPixel);
     t->move(left / TwipsPerPixel, c.y());
+    fitOnScreen(t);
 }
 
 void SearchTools::showTransTable() {
@@ -121,6 +119,7 @@ void SearchTools::showTransTable() {
     const int top = TransTableTop(m.y() * TwipsPerPixel, m.height() * TwipsPerPixel,
                                   table_->frameGeometry().height() * TwipsPerPixel);
     table_->move(m.x(), top / TwipsPerPixel);
+    fitOnScreen(table_);
 }
 
 } // namespace nebkaro

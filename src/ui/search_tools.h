@@ -1,6 +1,7 @@
 #pragma once
 // The Search dialog, the typewriter and the transliteration table as the main window uses them:
-// each is created on first use and placed as the program has always placed it.
+// each is created on first use and placed as the program has always placed it, then brought
+// wholly onto the screen (fitOnScreen) where that placement would leave part of it off.
 //
 // The main window's Windows port hands these on:
 //   showSearchDialogAndWait()      -> SearchTools::showSearchDialogAndWait()

@@ -1,6 +1,8 @@
 #include "editing/commands.h"
 #include "editing_support.h"
 
+#include <filesystem>
+#include <fstream>
 #include <set>
 
 using namespace nebkaro;
@@ -198,4 +200,28 @@ TEST_F(EditingTest, OnlyTheLeftDirectionItemMarksTheWordEdited) {
         EXPECT_EQ(app.view.mainGlyphPic[0].picture.file.parent_path().filename(),
                   c.direction == std::string("L") ? "Left" : "Right");
     }
+}
+
+// The shipped help page carries the lists the program would make from its tables, so that
+// it can be read offline and never tells of keys the program does not have.
+TEST(CommandTables, TheShippedHelpPageListsEveryCommandKeyAndLetter) {
+    const std::filesystem::path file = std::filesystem::path(NEBKARO_DATA_DIR) / "Help/index.html";
+    std::ifstream in(file, std::ios::binary);
+    ASSERT_TRUE(in) << file;
+    const std::string page((std::istreambuf_iterator<char>(in)), {});
+    const std::string fresh = HelpPage(page);
+    if (fresh != page) {
+        const auto made = std::filesystem::temp_directory_path() / "nebkaro-help-index.html";
+        std::ofstream(made, std::ios::binary) << fresh;
+        FAIL() << "the help page is out of date: copy " << made << " over " << file;
+    }
+    for (const Shortcut& s : Shortcuts()) EXPECT_NE(page.find(s.keys), std::string::npos) << s.keys;
+    for (const char* row :
+         {"<code>j</code></td><td class=\"scholarly\">i\xcc\xaf<",
+          "<code>o</code></td><td class=\"scholarly\">q<",
+          "<code>T</code></td><td class=\"scholarly\">\xe1\xb9\xaf<",
+          "<td>Save the dictionary under another name</td><td>File &gt; Save As</td><td>Save "
+          "As</td><td></td><td>Ctrl+Shift+S</td>",
+          "<td>This page</td><td>About &gt; Help</td><td></td><td></td><td>F1</td>"})
+        EXPECT_NE(page.find(row), std::string::npos) << row;
 }

@@ -11,6 +11,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
+#include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -268,6 +269,32 @@ private slots:
         QCOMPARE(app_->composedGardiner, std::string("A1-N35-G17-X1"));
         QCOMPARE(child<QLabel>(&w, "RichGardinerLbl")->text(),
                  QString::fromStdString(app_->layoutText));
+    }
+
+    // Eighteen signs, wider together than the frame: the canvas grows so that every sign
+    // stands inside the frame, each can be grabbed, and the word is the one typed.
+    void eighteenTypedSignsAreAllReachableAndGrabbable() {
+        ui::ComposeWindow w(*app_);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QString line;
+        for (int k = 0; k < 6; ++k) line += "G1 G17 N35 ";
+        QTest::keyClicks(child<QLineEdit>(&w, "txtMdC"), line);
+        QTest::mouseClick(child<QPushButton>(&w, "cmdGet"), Qt::LeftButton);
+        const QRect frame = child<QFrame>(&w, "ComposeShp")->geometry();
+        for (int k = 0; k < 18; ++k) {
+            auto* pic = child<QLabel>(&w, QString("GlyphPic%1").arg(k));
+            QVERIFY(pic->isVisible());
+            QVERIFY2(frame.contains(pic->geometry()), qPrintable(pic->objectName()));
+        }
+        for (int k : {0, 17}) {
+            auto* pic = child<QLabel>(&w, QString("GlyphPic%1").arg(k));
+            const QPoint before = pic->pos();
+            drag(pic, QPoint(0, 20));
+            QCOMPARE(pic->pos(), before + QPoint(0, 20));
+        }
+        QTest::mouseClick(child<QPushButton>(&w, "OkCmd"), Qt::LeftButton);
+        QCOMPARE(QString::fromStdString(app_->composedGardiner), line.trimmed().replace(' ', '-'));
     }
 
     void runWaitsUntilOkOrCancel() {

@@ -9,12 +9,15 @@
 #include "ui/preferences_dialog.h"
 #include "ui/qt_ports.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
+#include <QTimer>
 
 using namespace nebkaro;
 using namespace nebkaro::uitest;
@@ -97,6 +100,27 @@ private Q_SLOTS:
         QCOMPARE(d.openFile("F|*.f", "/x"), std::optional<std::filesystem::path>());
         QCOMPARE(d.input("?", "", ""), std::optional<std::string>());
         QVERIFY(QtDialogs::prompts().empty());
+    }
+
+    // A one-word text under a long title: the box is wide enough for the whole title.
+    void messageBoxesAreWideEnoughForTheirTitles() {
+        QtDialogs::setMode(QtDialogs::Mode::Interactive);
+        QtDialogs dialogs;
+        for (const char* title : {"Phonetic Not Found", "Sorted", "Not Found", ""}) {
+            int width = 0, wanted = 0;
+            QTimer::singleShot(0, [&] {
+                auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                QVERIFY(box);
+                QFont bold = box->font();
+                bold.setBold(true);
+                wanted = QFontMetrics(bold).horizontalAdvance(box->windowTitle()) + 100;
+                width = box->width();
+                box->button(QMessageBox::Ok)->click();
+            });
+            QCOMPARE(dialogs.message("X1", title, Buttons::OK, Icon::Exclamation), Answer::OK);
+            QVERIFY2(width >= wanted, title);
+        }
+        QtDialogs::setMode(QtDialogs::Mode::Scripted);
     }
 
     void headerDialogShowsTheBoxesAndSetsHasHeaderFromThem() {

@@ -1,10 +1,12 @@
 // The main window driven by its controls' names, every message box answered from a script.
 #include "editing/commands.h"
 #include "main_program.h"
+#include "ui/screen_fit.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QFile>
 #include <QTimer>
 
 #include <QCheckBox>
@@ -16,9 +18,11 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QStatusBar>
 #include <QTest>
+#include <QTextBrowser>
 #include <QToolButton>
 #include <functional>
 
@@ -269,9 +273,14 @@ private Q_SLOTS:
         popup->close();
     }
 
-    void resizingNeverGoesBelow6960Twips() {
+    void resizingNeverGoesBelow6960TwipsAndAWidthGivenByHandStays() {
         Program p;
         p.folder.settings(false, false);
+        p.folder.write("Dictionaries/Words.nkd",
+                       "\"Test words\",\"Tester\",\"1 May 2024\",\"\",\"\",\"\",\"\"\r\n"
+                       "\"L\",\"B\",\"A1(0,0) - G17(330,0) \",\"A1-G17\",\"im\",\"who\",\"\"\r\n"
+                       "\"L\",\"B\",\"G43(0,0) \",\"G43\",\"w\",\"chick\",\"\"\r\n"
+                       "\"L\",\"B\",\"N35(0,0) - N35(13500,0) \",\"N35-N35\",\"nn\",\"\",\"\"\r\n");
         QVERIFY(p.startAndShow());
         p.window->resize(300, p.window->height());
         QTRY_COMPARE(p.window->width(), 464);
@@ -287,6 +296,14 @@ private Q_SLOTS:
         auto* a1 = p.find<QLabel>("mainGlyphPic0");
         auto* g17 = p.find<QLabel>("mainGlyphPic1");
         QVERIFY(qAbs((a1->x() + g17->geometry().right() + 1) / 2 - area.center().x()) <= 1);
+        // The next word keeps the width given by hand; a wider word widens the window, and
+        // the next narrow word brings back the width given by hand.
+        p.click("cmdNext");
+        QCOMPARE(p.window->width(), 700);
+        p.click("cmdNext");
+        QVERIFY(p.window->width() > 900);
+        p.click("cmdFirst");
+        QCOMPARE(p.window->width(), 700);
     }
 
     void quitAnsweredCancelStaysAndWritesNoSettings() {
@@ -503,6 +520,159 @@ private Q_SLOTS:
         QVERIFY(p.app.view.textChanged);
     }
 
+    // F1: the shipped page, with every key and the plain-letter code.
+    void f1OpensTheHelpPage() {
+        Program p;
+        p.folder.settings(false, false);
+        QFile page(QStringLiteral(NEBKARO_DATA_DIR "/Help/index.html"));
+        QVERIFY(page.open(QIODevice::ReadOnly));
+        p.folder.write("Help/index.html", page.readAll());
+        QVERIFY(p.startAndShow());
+        QTest::keyClick(p.window.get(), Qt::Key_F1);
+        auto* help = p.find<QWidget>("Help");
+        QVERIFY(help && help->isVisible());
+        const QString text = help->findChild<QTextBrowser*>("txtHelp")->toPlainText();
+        for (const char* part : {"Composing a word", "Ctrl+Shift+S", "Shift+F3", "i\xcc\xaf"})
+            QVERIFY2(text.contains(QString::fromUtf8(part)), part);
+    }
+
+    // Every window, from every place that opens it, with the main window in a corner of the
+    // screen: each lies wholly inside the screen's free room. With NEBKARO_SCREENSHOTS naming
+    // a folder, the screen is saved as each window shows.
+    void everyWindowOpensInsideTheScreen() {
+        Program p;
+        p.folder.settings(false, false);
+        QFile page(QStringLiteral(NEBKARO_DATA_DIR "/Help/index.html"));
+        QVERIFY(page.open(QIODevice::ReadOnly));
+        p.folder.write("Help/index.html", page.readAll());
+        QVERIFY(p.startAndShow());
+        const QRect room = screenRoom(p.window.get());
+        QStringList outside;
+        QString corner;
+        auto top = [](const char* name) -> QWidget* {
+            for (QWidget* w : QApplication::topLevelWidgets())
+                if (w->objectName() == QLatin1String(name) && w->isVisible()) return w;
+            return nullptr;
+        };
+        auto check = [&](QWidget* w, const char* place) {
+            // The fitting after show, and after the window manager framed the window.
+            static_cast<void>(
+                QTest::qWaitFor([&] { return !w || room.contains(w->frameGeometry()); }, 1000));
+            const QString where = corner + QLatin1Char(' ') + QLatin1String(place);
+            if (!w)
+                outside << where + QStringLiteral(": not shown");
+            else if (!room.contains(w->frameGeometry()))
+                outside << where + QStringLiteral(": %1,%2 %3x%4")
+                                       .arg(w->frameGeometry().x())
+                                       .arg(w->frameGeometry().y())
+                                       .arg(w->frameGeometry().width())
+                                       .arg(w->frameGeometry().height());
+            const QString dir = qEnvironmentVariable("NEBKARO_SCREENSHOTS");
+            if (!dir.isEmpty()) {
+                QTest::qWait(300); // drawn
+                QGuiApplication::primaryScreen()->grabWindow(0).save(
+                    dir + QLatin1Char('/') + QString(where).replace(QLatin1Char(' '), '-') +
+                    QStringLiteral(".png"));
+            }
+        };
+        auto closeTop = [&](const char* name) {
+            if (QWidget* w = top(name)) w->close();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        };
+        for (const QPoint at : {room.topLeft(), room.bottomRight()}) {
+            corner =
+                at == room.topLeft() ? QStringLiteral("top-left") : QStringLiteral("bottom-right");
+            const QSize frame = p.window->frameGeometry().size();
+            p.window->move(std::clamp(at.x() - (at == room.topLeft() ? 0 : frame.width() - 1),
+                                      room.left(), room.right()),
+                           std::clamp(at.y() - (at == room.topLeft() ? 0 : frame.height() - 1),
+                                      room.top(), room.bottom()));
+            QCoreApplication::processEvents();
+            check(p.window.get(), "main window");
+
+            p.action("mnuTypewriter")->trigger();
+            check(top("frmTypewriter"), "typewriter from Tools");
+            closeTop("frmTypewriter");
+            p.click("cmdTool15");
+            check(top("frmTypewriter"), "typewriter from the tool bar");
+            closeTop("frmTypewriter");
+            p.action("mnuTransTable")->trigger();
+            check(top("frmTransTable"), "transliteration table from Tools");
+            closeTop("frmTransTable");
+            p.click("cmdTransTable");
+            check(top("frmTransTable"), "transliteration table from its button");
+            closeTop("frmTransTable");
+            p.action("mnuHelp")->trigger();
+            check(top("Help"), "help");
+            closeTop("Help");
+            p.click("cmdAbout");
+            check(top("About"), "about");
+            closeTop("About");
+
+            whenShown(QStringLiteral("Search"), [&](QWidget* search) {
+                check(search, "search");
+                choose(search, "optTranslit"); // the field the typewriter types for
+                QTest::mouseClick(search->findChild<QPushButton*>("cmdTypewriter"), Qt::LeftButton);
+                check(top("frmTypewriter"), "typewriter from the search");
+                closeTop("frmTypewriter");
+                QTest::mouseClick(search->findChild<QPushButton*>("cmdCancel"), Qt::LeftButton);
+            });
+            p.click("cmdSearch");
+
+            whenShown(QStringLiteral("Compose"), [&](QWidget* compose) {
+                check(compose, "composer");
+                // Eighteen signs widen it.
+                QTest::keyClicks(compose->findChild<QLineEdit*>("txtMdC"),
+                                 QStringLiteral("A1 G17 G43 N35 A1 G17 G43 N35 A1 G17 G43 N35 A1 "
+                                                "G17 G43 N35 A1 G17"));
+                QTest::mouseClick(compose->findChild<QPushButton*>("cmdGet"), Qt::LeftButton);
+                check(compose, "composer with eighteen signs");
+                whenShown(QStringLiteral("Lookup"), [&](QWidget* lookup) {
+                    check(lookup, "sign browser from the composer");
+                    QTest::mouseClick(lookup->findChild<QPushButton*>("cmdTypewriter"),
+                                      Qt::LeftButton);
+                    check(top("frmTypewriter"), "typewriter from the sign browser");
+                    closeTop("frmTypewriter");
+                    lookup->close();
+                });
+                auto* slot = compose->findChild<QWidget*>("GlyphPic0");
+                QTest::mouseDClick(slot, Qt::LeftButton);
+                QTest::mouseClick(compose->findChild<QPushButton*>("cmdCancel"), Qt::LeftButton);
+            });
+            p.click("NewCmd");
+
+            const std::pair<const char*, const char*> modal[] = {
+                {"Sort", "cmdSort"},
+                {"Preferences", "cmdPreferences"},
+                {"frmPrintOptions", "mnuPrintMultiple"},
+                {"frmHeader", "mnuAboutDictionary"},
+            };
+            for (const auto& [name, from] : modal) {
+                whenModal(QLatin1String(name), [&, name = name](QWidget* d) {
+                    check(d, name);
+                    d->close();
+                });
+                QtDialogs::pushAnswer(Answer::No); // a question to save first, if asked
+                if (QAction* a = p.action(from))
+                    a->trigger();
+                else
+                    p.click(from);
+                QtDialogs::reset();
+            }
+
+            QtDialogs::setMode(QtDialogs::Mode::Interactive);
+            QTimer::singleShot(0, [&] {
+                QWidget* box = QApplication::activeModalWidget();
+                check(box, "message box");
+                box->close();
+            });
+            p.app.dialogs.message("The word number must be between 0 and 2", "Phonetic Not Found",
+                                  Buttons::OK, Icon::Exclamation);
+            QtDialogs::setMode(QtDialogs::Mode::Scripted);
+        }
+        QVERIFY2(outside.isEmpty(), qPrintable(outside.join(QLatin1String("; "))));
+    }
+
     void wordsCollectedForPrintingAreNotDroppedUnaskedOnTheWayOut() {
         Program p;
         p.folder.settings(false, false);
@@ -557,6 +727,21 @@ private Q_SLOTS:
             QCOMPARE(a->text(), QLatin1String(caption));
         }
         QCOMPARE(p.find<QMenu>("mnuChangeAllDir")->title(), QStringLiteral("Flip All"));
+        // Menu items show their keys, and a key still runs its command once.
+        const std::pair<const char*, const char*> keys[] = {
+            {"mnuOpen", "Ctrl+O"}, {"mnuSaveAs", "Ctrl+Shift+S"}, {"mnuNew", "Ctrl+N"},
+            {"mnuFindNext", "F3"}, {"mnuPaste", "Ctrl+V"},        {"mnuHelp", "F1"},
+        };
+        for (auto [name, key] : keys)
+            QCOMPARE(p.action(name)->shortcut(), QKeySequence(QLatin1String(key)));
+        int finds = 0;
+        InstallCommandHandler(p.app, CommandId::Find, [&finds](App&) { ++finds; });
+        QTest::keyClick(p.window.get(), Qt::Key_F, Qt::ControlModifier);
+        QCOMPARE(finds, 1);
+        // With the menu bar in the focus (Alt, or Escape out of a menu) as well.
+        p.window->menuBar()->setFocus();
+        QTest::keyClick(p.window->menuBar(), Qt::Key_F, Qt::ControlModifier);
+        QCOMPARE(finds, 2);
         // A command whose code is not part of the program yet is offered but disabled.
         for (const auto& [a, id] : std::vector<std::pair<QAction*, CommandId>>{
                  {p.action("mnuOptions"), CommandId::Options},

@@ -6,6 +6,7 @@
 #include "core/quiet_ports.h"
 #include "core/sign_lists.h"
 #include "translit/typewriter.h"
+#include "ui/screen_fit.h"
 #include "ui/search_dialog.h"
 #include "ui/search_tools.h"
 #include "ui/trans_table_window.h"
@@ -19,6 +20,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTableView>
 #include <QTimer>
 #include <QtTest>
@@ -268,10 +271,14 @@ private Q_SLOTS:
             QVERIFY(t && t->isVisible());
             QCOMPARE(t->objectName(), QStringLiteral("frmTypewriter"));
             QCOMPARE(t->windowTitle(), QStringLiteral("Typewriter - Egyptological"));
-            // Beside the dialog, on whichever side the screen has room for.
+            // Beside the dialog, on whichever side the screen has room for; inside the screen
+            // when neither side has room.
             const QRect dr = d->frameGeometry();
             const QRect tr = t->frameGeometry();
-            QVERIFY(tr.x() == dr.x() + dr.width() || tr.x() == dr.x() - tr.width());
+            const QRect screen = screenRoom(d);
+            QVERIFY(screen.contains(tr));
+            if (dr.right() + tr.width() <= screen.right() || dr.x() - tr.width() >= screen.x())
+                QVERIFY(tr.x() == dr.x() + dr.width() || tr.x() == dr.x() - tr.width());
             QCOMPARE(t->findChildren<QPushButton*>(QRegularExpression("^btnKey\\d+$")).size(), 42);
             QCOMPARE(t->key(0)->text(), QStringLiteral("1"));
             QCOMPARE(t->key(41)->text(), QStringLiteral("D"));
@@ -303,7 +310,9 @@ private Q_SLOTS:
         TypewriterWindow* t = tools->typewriter();
         QVERIFY(t && t->isVisible());
         const QRect m = mainWindow->frameGeometry();
-        QCOMPARE(t->frameGeometry().x(), m.x() + m.width());
+        const QRect screen = screenRoom(mainWindow.get());
+        QCOMPARE(t->frameGeometry().x(),
+                 std::min(m.x() + m.width(), screen.right() + 1 - t->frameGeometry().width()));
         // Room on the left: directly to its left.
         mainWindow->move(t->frameGeometry().width() + 50, 100);
         tools->showTypewriterBesideMain();
@@ -326,10 +335,18 @@ private Q_SLOTS:
         QCOMPARE(child<QLabel>(w, "Label2")->text(), child<QLabel>(w, "Label1")->text());
         child<QAction>(w, "mnuEgypt")->trigger();
         QCOMPARE(w->windowTitle(), QStringLiteral("Transliteration Table: Egyptological order"));
-        // Above the main window when there is room, else below it.
+        // Above the main window when there is room, else below it, as far as the screen lets
+        // it: a table taller than the screen is shortened and scrolls.
         const QRect m = mainWindow->frameGeometry();
         const QRect r = w->frameGeometry();
-        QVERIFY(r.y() == m.y() - r.height() || r.y() == m.y() + m.height());
+        const QRect screen = screenRoom(w);
+        QVERIFY(screen.contains(r));
+        if (m.y() - r.height() >= screen.y())
+            QCOMPARE(r.y(), m.y() - r.height());
+        else if (m.bottom() + r.height() <= screen.bottom())
+            QCOMPARE(r.y(), m.y() + m.height());
+        if (child<QWidget>(w, "scrTable")->height() < child<QWidget>(w, "Label2")->height())
+            QTRY_VERIFY(child<QScrollArea>(w, "scrTable")->verticalScrollBar()->isVisible());
     }
 
     void findAllListsWhatFindWouldFind() {
