@@ -134,9 +134,9 @@ const std::vector<Subcommand>& subcommands() {
         {"compose", "compose [--library basic|extended] [--direction left|right] LINE",
          "Composes LINE (codes such as A1 or phonetic values such as n, separated by -, blank,\n"
          "* or :) as Get then OK in the composer do, and prints the layout string and the\n"
-         "Gardiner notation on two lines. Messages the composer would show go to stderr. When\n"
-         "the composer would not accept the result (fewer than two signs placed), nothing is\n"
-         "printed and the exit status is 1.\n",
+         "Gardiner notation on two lines. Signs are laid out in the reading order of the\n"
+         "direction (right to left for right). Messages the composer would show go to stderr.\n"
+         "When no sign was placed, nothing is printed and the exit status is 1.\n",
          cmdCompose},
         {"export", "export FILE --format tsv|html|mdc|apkg [--time MS] -o OUT",
          "Writes every word for other tools. tsv: UTF-8 tab-separated hieroglyphs in Unicode,\n"

@@ -10,6 +10,7 @@
 #include "display/render.h"
 #include "editing/word_editing.h"
 #include "translit/guess.h"
+#include "translit/unicode_translit.h"
 
 #include <iostream>
 #include <map>
@@ -54,7 +55,10 @@ int cmdSearch(const fs::path& home, const std::vector<std::string>& argv) {
     if (it == fields.end())
         throw Usage("--field takes meaning|translit|gardiner|comment, not '" + fieldName + "'");
     if (a.flag("--exact") && a.flag("--word")) throw Usage("--exact and --word exclude each other");
-    const std::string& textValue = a.positional()[1];
+    // Transliterations are stored in plain letters; scholarly ones are read as the search
+    // box reads them.
+    const std::string textValue =
+        it->second == FieldTranslit ? PlainFromScholarly(a.positional()[1]) : a.positional()[1];
     if (textValue.empty()) throw Usage("You must write something in the search box");
     ConsoleApp c(home);
     loadDictionary(c, a.positional()[0], false);
