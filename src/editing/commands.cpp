@@ -7,6 +7,7 @@
 #include "editing/navigation.h"
 #include "editing/word_clipboard.h"
 #include "editing/word_editing.h"
+#include "translit/unicode_translit.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -32,6 +33,18 @@ void turnWord(App& app, std::int16_t wanted, bool markEdited) {
 }
 
 // The commands this library runs itself; false for the others.
+// The transliteration box as other programs and printed grammars write it: nTr aA gives
+// nṯr ꜥꜣ.
+void copyTranslitUnicode(App& app) {
+    if (app.view.TransLitTxt.empty()) {
+        app.dialogs.message("The word on show has no transliteration to copy.",
+                            "Copy transliteration as Unicode", Buttons::OK, Icon::Exclamation);
+        return;
+    }
+    app.clipboard.clear();
+    app.clipboard.setText(ScholarlyFromPlain(app.view.TransLitTxt));
+}
+
 bool runBuiltIn(App& app, CommandId id) {
     switch (id) {
     case C::NewDictionary:
@@ -113,6 +126,9 @@ bool runBuiltIn(App& app, CommandId id) {
     case C::AboutDictionary:
         app.windows->showHeaderDialog(app.store.header);
         return true;
+    case C::CopyTranslitUnicode:
+        copyTranslitUnicode(app);
+        return true;
     default:
         return false;
     }
@@ -153,6 +169,7 @@ const std::vector<CommandInfo>& commandTable() {
         {C::CopyWordImage, "CopyWordImage", false},
         {C::SaveWordImage, "SaveWordImage", false},
         {C::PasteImageToPaint, "PasteImageToPaint", false},
+        {C::CopyTranslitUnicode, "CopyTranslitUnicode", true},
         {C::Find, "Find", false},
         {C::FindNext, "FindNext", false},
         {C::FindPrevious, "FindPrevious", false},
@@ -348,6 +365,8 @@ std::vector<MenuItem> buildMenuBar() {
                  item("mnuCopyGlyphImage", "Copy Glyph Image", C::CopyWordImage, true),
                  item("mnuSaveGlyphImage", "Save &Glyph Image", C::SaveWordImage),
                  item("mnuCopyToPaint", "Paste Glyph Image to MS Paint", C::PasteImageToPaint),
+                 item("mnuCopyTranslitUnicode", "Copy transliteration as Unicode",
+                      C::CopyTranslitUnicode),
                  item("mnuFind", "&Find", C::Find, true),
                  item("mnuFindNext", "Find Ne&xt", C::FindNext),
                  item("mnuFindPrevious", "Find Previous", C::FindPrevious),
@@ -392,6 +411,8 @@ const MenuItem& PopupMenu() {
                  item("mnuFieldFlip", "Flip", C::DirectionInvert),
                  item("mnuFieldCopyImage", "Copy Image", C::CopyWordImage),
                  item("mnuFieldSaveImage", "Save Image", C::SaveWordImage),
+                 item("mnuFieldCopyTranslitUnicode", "Copy transliteration as Unicode",
+                      C::CopyTranslitUnicode),
              });
     return popup;
 }

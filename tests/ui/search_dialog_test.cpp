@@ -230,6 +230,19 @@ private Q_SLOTS:
         QCOMPARE(app->search.option, int(FieldTranslit));
     }
 
+    void scholarlyLettersAreSearchedAsThePlainOnesCaseSensitively() {
+        whileFindWaits([](SearchDialog* d) {
+            auto* caseSensitive = child<QCheckBox>(d, "chkCase");
+            QVERIFY(!caseSensitive->isChecked());
+            child<QRadioButton>(d, "optTranslit")->click();
+            QVERIFY(caseSensitive->isChecked()); // t and T are different letters
+            QTest::keyClicks(child<QLineEdit>(d, "txtSearch"), QStringLiteral("nṯrj"));
+            QCOMPARE(child<QLineEdit>(d, "txtSearch")->text(), QStringLiteral("nTrj"));
+            QTest::mouseClick(child<QPushButton>(d, "cmdOk"), Qt::LeftButton);
+        });
+        QCOMPARE(rendered, std::vector<int>{2});
+    }
+
     void exactMatchAndExactWordExcludeEachOther() {
         SearchDialogLoad(*app);
         SearchDialog d(*app, mainWindow.get());

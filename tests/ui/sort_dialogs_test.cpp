@@ -112,13 +112,14 @@ private slots:
         QCOMPARE(f.app.sortDialog.sortField, -1);
     }
 
-    void okWithNothingChosenGivesMinusOne() {
+    void okAtOnceSortsByMeaning() {
         Fixture f;
         SortDialog d(f.app);
         d.show();
+        QVERIFY(child<QRadioButton>(d, "optMeaning")->isChecked());
         child<QCheckBox>(d, "chkCase")->click();
         child<QPushButton>(d, "cmdOk")->click();
-        QCOMPARE(f.app.sortDialog.sortField, -1);
+        QCOMPARE(f.app.sortDialog.sortField, 5);
         QVERIFY(f.app.sortDialog.caseSensitive);
     }
 
@@ -146,6 +147,7 @@ private slots:
         QCOMPARE(child<QLabel>(d, "Label1")->text(), QString("Press \"Cancel\" to quit"));
         d.showWith("Flipping Started");
         QVERIFY(d.isVisible());
+        QCOMPARE(d.windowTitle(), QString("Flipping Started"));
         QVERIFY(d.isModal()); // while the work runs, only its Cancel responds
         QCOMPARE(child<QLabel>(d, "lblProcess")->text(), QString("Flipping Started"));
         QVERIFY(!f.app.sortCancelled);
