@@ -543,6 +543,16 @@ private Q_SLOTS:
             QVERIFY(qAbs(p.find<QFrame>("shpProgress")->width() - full / 15) <= 1);
         }
 
+        // A word number outside the dictionary is refused with the range.
+        auto* number = p.find<QLineEdit>("txtNumber");
+        number->setFocus();
+        number->selectAll();
+        QTest::keyClicks(number, QString::number(words + 5));
+        QTest::keyClick(number, Qt::Key_Return);
+        QVERIFY(messageTexts().back().find("Type a word number from 0 to " +
+                                           std::to_string(p.app.store.lastIndex)) !=
+                std::string::npos);
+
         // Flip All's progress box says what it does and goes when the work ends.
         QtDialogs::pushAnswer(Answer::OK); // It may take a while
         p.action("mnuAllFlip2")->trigger();
