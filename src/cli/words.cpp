@@ -41,8 +41,9 @@ int searchBySigns(const fs::path& home, const Args& a) {
 } // namespace
 
 int cmdSearch(const fs::path& home, const std::vector<std::string>& argv) {
-    Args a(argv, {"--field"},
-           {"--exact", "--word", "--case", "--ignore-variants", "--all", "--signs"});
+    Args a(
+        argv, {"--field"},
+        {"--exact", "--word", "--case", "--ignore-case", "--ignore-variants", "--all", "--signs"});
     if (a.positional().size() != 2)
         throw Usage("search takes FILE --field FIELD TEXT, or FILE --signs SIGNS");
     if (a.flag("--signs")) return searchBySigns(home, a);
@@ -62,9 +63,15 @@ int cmdSearch(const fs::path& home, const std::vector<std::string>& argv) {
     if (textValue.empty()) throw Usage("You must write something in the search box");
     ConsoleApp c(home);
     loadDictionary(c, a.positional()[0], false);
+    if (a.flag("--case") && a.flag("--ignore-case"))
+        throw Usage("--case and --ignore-case exclude each other");
+    // As in the Search dialog, a transliteration search starts case-sensitive: h and H are
+    // different letters.
+    const bool caseSensitive =
+        a.flag("--case") || (it->second == FieldTranslit && !a.flag("--ignore-case"));
     const SearchCriteria criteria =
         PrepareCriteria(textValue, a.flag("--exact") ? 1 : 0, a.flag("--word") ? 1 : 0,
-                        a.flag("--case") ? 1 : 0, a.flag("--ignore-variants"));
+                        caseSensitive ? 1 : 0, a.flag("--ignore-variants"));
     std::vector<int> found;
     if (c.app.store.lastIndex >= 0) {
         if (a.flag("--all")) {

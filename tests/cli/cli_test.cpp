@@ -210,6 +210,9 @@ TEST_F(CliTest, SearchPrintsMatchesAndExitsOneWhenNone) {
         {"--field meaning --exact --case REED", 1, ""},
         {"--field gardiner --all 'G17*'", 0, "1\n"},
         {"--field translit nothing", 1, ""},
+        {"--field translit MN", 1, ""}, // case counts in transliterations
+        {"--field translit --ignore-case MN", 0, "1\n"},
+        {"--field translit 'ỉ'", 0, "0\n"}, // scholarly letters are the plain ones
         {"--signs --all 'N35 m'", 0, "1\n"},
         {"--signs 'a1 g17'", 1, ""},
         {"--signs --all n", 0, "1\n"},
