@@ -82,7 +82,8 @@ std::optional<bool> simpleGardinerGreater(std::string_view a, std::string_view b
         const bool hasX = nextPart(sa, pa, x);
         const bool hasY = nextPart(sb, pb, y);
         if (!hasX && !hasY) break;
-        if (!hasX || !hasY || x.empty() || y.empty()) return std::nullopt;
+        if (!hasX || !hasY) return hasX; // the shorter notation sorts first
+        if (x.empty() || y.empty()) return std::nullopt;
         if (x[0] != y[0]) return x > y;
         int nx = 0, ny = 0;
         std::string_view fx, fy;

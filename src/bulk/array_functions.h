@@ -63,15 +63,6 @@ template <class Table> void SwapElements(Table& table, int i, int j) {
 // which leaves fewer stragglers for the final passes.
 int NextCombGap(int gap);
 
-// A Gardiner-order comparison that failed, with the two notations it was comparing (as the
-// sort saw them), so that a report can name them. It is the RunError the comparison raised.
-class GardinerOrderError : public RunError {
-public:
-    GardinerOrderError(const RunError& e, std::string first, std::string second)
-        : RunError(e.number(), e.description()), a(std::move(first)), b(std::move(second)) {}
-    std::string a, b;
-};
-
 namespace detail {
 
 template <class Table> const auto& cell(const Table& table, int i, int column) {
@@ -105,12 +96,12 @@ template <class Table> auto makeKeys(const Table& table, int column, int last, b
 // The Gardiner-code order of two notations that start with the same character, worked out
 // without allocating for the everyday notations (ASCII codes such as "A1", "N35a" joined by
 // "-", ":" or "*", at most four digits, short); nullopt for anything else, which the full
-// comparison then decides (including its errors).
+// comparison then decides.
 std::optional<bool> simpleGardinerGreater(std::string_view a, std::string_view b);
 
 // a > b, or for Gardiner notations a after b in Gardiner order. The notation comparison may
 // rewrite its arguments, so it works on copies (kept in the scratch strings to save
-// allocations); a failure of that comparison (RunError) goes to the caller.
+// allocations).
 struct Greater {
     bool gardiner = false;
     bool reverse = false;
@@ -127,11 +118,7 @@ struct Greater {
                 if (const auto simple = simpleGardinerGreater(a, b)) return *simple;
                 sa.assign(a);
                 sb.assign(b);
-                try {
-                    return GardinerGreater(sa, sb);
-                } catch (const RunError& e) {
-                    throw GardinerOrderError(e, std::string(a), std::string(b));
-                }
+                return GardinerGreater(sa, sb);
             }
         }
         return a > b;
@@ -152,7 +139,6 @@ template <class Table> void checkRange(const Table& table, int last) {
 // of fewer than two entries makes one pass with gap 1 and compares nothing. For column 3 of a
 // table of rows the Gardiner-code order decides. After every pass the window system gets to
 // breathe, and a Cancel (app.sortCancelled) stops the sort at once, leaving it partly sorted.
-// A failure of the Gardiner comparison leaves the rows as the last exchange left them.
 template <class Table>
 void CombSort(App& app, Table& table, int column, std::optional<int> upper, SortOrder order) {
     static_assert(ArrayRank<Table>::value == 1 || ArrayRank<Table>::value == 2);

@@ -98,20 +98,16 @@ void FlipAll(App& app, int mode) {
 void SortCommand(App& app) {
     DictionaryStore& store = app.store;
     try {
-        if (editInProgress(app)) {
+        // One question covers both the word being edited and the dictionary's changes.
+        const bool editing = editInProgress(app);
+        if (editing || store.isChanged) {
             const Answer a =
                 app.dialogs.message(SaveBeforeSorting, "", Buttons::YesNoCancel, Icon::None);
             if (a == Answer::Cancel) return;
             if (a == Answer::Yes) {
-                app.storeWord(app);
+                if (editing) app.storeWord(app);
                 SaveDictionary(app);
             }
-        }
-        if (store.isChanged) {
-            const Answer a =
-                app.dialogs.message(SaveBeforeSorting, "", Buttons::YesNoCancel, Icon::None);
-            if (a == Answer::Cancel) return;
-            if (a == Answer::Yes) SaveDictionary(app);
         }
         const int field = ShowSortDialog(app);
         if (field == SortNone) return;

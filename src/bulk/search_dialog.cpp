@@ -1,6 +1,7 @@
 #include "bulk/search_dialog.h"
 
 #include "core/app.h"
+#include "translit/unicode_translit.h"
 
 #include <algorithm>
 
@@ -28,16 +29,25 @@ void SearchTextFocused(App& app) {
 void SearchChooseOption(App& app, int field) {
     if (!isSearchField(field)) return;
     SearchDialogState& d = app.search;
+    // Case carries meaning in plain-letter transliteration (h and H, s and S, t and T), so
+    // that field starts case-sensitive and the others start as they were before it.
+    if (field == FieldTranslit && d.option != FieldTranslit) d.chkCase = 1;
+    if (field != FieldTranslit && d.option == FieldTranslit) d.chkCase = 0;
     d.option = field;
     if (field == FieldTranslit) {
         d.transliterationFont = true;
         d.cmdTypewriterEnabled = true;
+        d.txtSearch = PlainFromScholarly(d.txtSearch);
         return;
     }
     d.transliterationFont = false;
     // Signs may be named by their phonetic values, which the typewriter types.
     d.cmdTypewriterEnabled = field == FieldLayout;
     d.chkIgnoreVariantsEnabled = field == FieldGardiner || field == FieldLayout;
+}
+
+void SearchTextChanged(App& app, const std::string& text) {
+    app.search.txtSearch = app.search.option == FieldTranslit ? PlainFromScholarly(text) : text;
 }
 
 void SearchSetExact(App& app, int value) {

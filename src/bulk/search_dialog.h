@@ -2,6 +2,8 @@
 // The Search dialog's behaviour on its model (App::search): loading, the option buttons and
 // check boxes, OK and Cancel, and its width rule. The Qt window forwards its events here and
 // shows the result.
+#include <string>
+
 namespace nebkaro {
 
 struct App;
@@ -14,8 +16,14 @@ void SearchTextFocused(App& app);
 // One of the four option buttons, by the field it searches (5, 4, 3 or 6). Meaning and
 // Comment use the dialog's font and disable the typewriter and Ignore Variants; Gardiner's
 // notation does the same and then enables Ignore Variants; Transliteration uses the
-// Transliteration font and enables the typewriter, leaving Ignore Variants as it was.
+// Transliteration font and enables the typewriter, leaving Ignore Variants as it was, checks
+// Case sensitive (leaving it for another field unchecks it) and turns scholarly letters
+// already in the search text into plain ones.
 void SearchChooseOption(App& app, int field);
+// The search text was typed, pasted or typewritten. For the Transliteration field scholarly
+// letters become the plain ones the words are stored in; the window shows txtSearch again
+// when it differs from what was typed.
+void SearchTextChanged(App& app, const std::string& text);
 // "Exact match" and "Exact word" exclude each other: checking one clears the other.
 void SearchSetExact(App& app, int value);
 void SearchSetExactWord(App& app, int value);

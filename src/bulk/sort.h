@@ -45,10 +45,10 @@ void ToolbarSort(App& app, int field, SortOrder order);
 
 // The menu sort without its questions: the progress dialog, the comb sort of rows
 // 0..lastIndex (cancellable; algorithm 1 runs the exchange sort instead, which no command
-// asks for), the current word set to 0 and shown. Returns the seconds the sort
-// took. A failure (a Gardiner notation the order cannot read, a transliteration character the
-// classic table lacks) leaves the rows as they are at that moment, marked changed, with the
-// current word shown again and the progress dialog hidden, and goes to the caller.
+// asks for), the current word set to 0 and shown. Returns the seconds the sort took. A failure
+// (a transliteration character the classic table lacks) leaves the rows as they are at that
+// moment, marked changed, with the current word shown again and the progress dialog hidden,
+// and goes to the caller.
 double MenuSort(App& app, int field, SortOrder order, int algorithm = 2);
 
 } // namespace nebkaro

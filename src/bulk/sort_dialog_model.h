@@ -27,7 +27,7 @@ inline constexpr std::array<SortOption, 5> SortOptions{{
      9},
 }};
 
-// Loading the dialog: nothing chosen yet (sortField -1).
+// Loading the dialog: no sort asked for yet (sortField -1).
 void LoadSortDialog(App& app);
 // OK: sortField from the option button that is on (-1 when none is); the dialog hides.
 void SortDialogOk(App& app);

@@ -68,9 +68,6 @@ int cmdSort(const fs::path& home, const std::vector<std::string>& argv) {
                 MenuSort(c.app, field, order);
             else
                 ToolbarSort(c.app, field, order);
-        } catch (const GardinerOrderError& e) {
-            throw Failure("the Gardiner notations '" + e.a + "' and '" + e.b +
-                          "' cannot be ordered: " + e.report() + "; nothing written");
         } catch (const RunError& e) {
             throw Failure("the sort failed: " + e.report() + "; nothing written");
         }

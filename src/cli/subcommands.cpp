@@ -115,12 +115,14 @@ const std::vector<Subcommand>& subcommands() {
          "of their right edge count as stacked. A word without signs stops the run.\n",
          cmdReadingOrder},
         {"search",
-         "search FILE --field meaning|translit|gardiner|comment [--exact|--word] [--case] "
-         "[--ignore-variants] [--all] TEXT\n"
+         "search FILE --field meaning|translit|gardiner|comment [--exact|--word] "
+         "[--case|--ignore-case] [--ignore-variants] [--all] TEXT\n"
          "       search FILE --signs [--ignore-variants] [--all] SIGNS",
          "Searches from word 0 as Find does and prints the index of the first match, or of every\n"
          "match with --all, one per line; exit 1 when none. Blanks are ignored on both sides;\n"
-         "without --case, case is ignored; '*' and '/' stand for any run of characters and '?'\n"
+         "without --case, case is ignored, except in transliterations (h and H are different\n"
+         "letters) unless --ignore-case; a transliteration may be written in scholarly letters\n"
+         "(n\xe1\xb9\xafr for nTr). '*' and '/' stand for any run of characters and '?'\n"
          "for one (then # is a digit and [list] one of a list), the whole field having to match.\n"
          "--exact: the whole field equals TEXT; --word: TEXT stands as a whole word;\n"
          "--ignore-variants: A1a counts as A1 (for Gardiner notations and signs).\n"
@@ -134,9 +136,9 @@ const std::vector<Subcommand>& subcommands() {
         {"compose", "compose [--library basic|extended] [--direction left|right] LINE",
          "Composes LINE (codes such as A1 or phonetic values such as n, separated by -, blank,\n"
          "* or :) as Get then OK in the composer do, and prints the layout string and the\n"
-         "Gardiner notation on two lines. Messages the composer would show go to stderr. When\n"
-         "the composer would not accept the result (fewer than two signs placed), nothing is\n"
-         "printed and the exit status is 1.\n",
+         "Gardiner notation on two lines. Signs are laid out in the reading order of the\n"
+         "direction (right to left for right). Messages the composer would show go to stderr.\n"
+         "When no sign was placed, nothing is printed and the exit status is 1.\n",
          cmdCompose},
         {"export", "export FILE --format tsv|html|mdc|apkg [--time MS] -o OUT",
          "Writes every word for other tools. tsv: UTF-8 tab-separated hieroglyphs in Unicode,\n"

@@ -10,6 +10,7 @@
 #include "display/render.h"
 #include "editing/word_editing.h"
 #include "translit/guess.h"
+#include "translit/unicode_translit.h"
 
 #include <iostream>
 #include <map>
@@ -40,8 +41,9 @@ int searchBySigns(const fs::path& home, const Args& a) {
 } // namespace
 
 int cmdSearch(const fs::path& home, const std::vector<std::string>& argv) {
-    Args a(argv, {"--field"},
-           {"--exact", "--word", "--case", "--ignore-variants", "--all", "--signs"});
+    Args a(
+        argv, {"--field"},
+        {"--exact", "--word", "--case", "--ignore-case", "--ignore-variants", "--all", "--signs"});
     if (a.positional().size() != 2)
         throw Usage("search takes FILE --field FIELD TEXT, or FILE --signs SIGNS");
     if (a.flag("--signs")) return searchBySigns(home, a);
@@ -54,13 +56,22 @@ int cmdSearch(const fs::path& home, const std::vector<std::string>& argv) {
     if (it == fields.end())
         throw Usage("--field takes meaning|translit|gardiner|comment, not '" + fieldName + "'");
     if (a.flag("--exact") && a.flag("--word")) throw Usage("--exact and --word exclude each other");
-    const std::string& textValue = a.positional()[1];
+    // Transliterations are stored in plain letters; scholarly ones are read as the search
+    // box reads them.
+    const std::string textValue =
+        it->second == FieldTranslit ? PlainFromScholarly(a.positional()[1]) : a.positional()[1];
     if (textValue.empty()) throw Usage("You must write something in the search box");
     ConsoleApp c(home);
     loadDictionary(c, a.positional()[0], false);
+    if (a.flag("--case") && a.flag("--ignore-case"))
+        throw Usage("--case and --ignore-case exclude each other");
+    // As in the Search dialog, a transliteration search starts case-sensitive: h and H are
+    // different letters.
+    const bool caseSensitive =
+        a.flag("--case") || (it->second == FieldTranslit && !a.flag("--ignore-case"));
     const SearchCriteria criteria =
         PrepareCriteria(textValue, a.flag("--exact") ? 1 : 0, a.flag("--word") ? 1 : 0,
-                        a.flag("--case") ? 1 : 0, a.flag("--ignore-variants"));
+                        caseSensitive ? 1 : 0, a.flag("--ignore-variants"));
     std::vector<int> found;
     if (c.app.store.lastIndex >= 0) {
         if (a.flag("--all")) {

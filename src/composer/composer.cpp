@@ -197,14 +197,18 @@ void Composer::layOutRow() {
     const double cy = text::toInt16(frame.top + frame.height * 0.5);
     double totalWidth = 0;
     for (int k = 0; k <= LastGlyph; ++k) totalWidth += GlyphPic[static_cast<std::size_t>(k)].width;
-    double x = cx - totalWidth * 0.5;
+    // The typed order is the reading order: signs facing right are read from the right, so
+    // the first typed sign stands at the right end of the row.
+    const bool left = app_.settings.directionLeft;
+    double x = left ? cx - totalWidth * 0.5 : cx + totalWidth * 0.5 - GlyphPic[0].width;
     double y = cy - GlyphPic[0].height / 2.0;
     // Image 0 is placed even when no sign was found: it then stands centred on the frame.
     MoveImage(0, x, y);
     for (int k = 1; k <= LastGlyph; ++k) {
         const CanvasImage& before = GlyphPic[static_cast<std::size_t>(k) - 1];
-        x = x + before.width;
-        y = y + before.height * 0.5 - GlyphPic[static_cast<std::size_t>(k)].height * 0.5;
+        const CanvasImage& image = GlyphPic[static_cast<std::size_t>(k)];
+        x = left ? x + before.width : x - image.width;
+        y = y + before.height * 0.5 - image.height * 0.5;
         MoveImage(k, x, y);
     }
 }
@@ -300,6 +304,13 @@ bool Composer::ChooseSign(int i) {
     return true;
 }
 
+void Composer::showSigns() {
+    // In the form the label grows in while signs are chosen, so later choices append to it.
+    Gardinerlbl = "Gardiner: ";
+    for (int k = 0; k < Slots; ++k)
+        if (app_.glyphs[k].used()) Gardinerlbl += "- " + *app_.glyphs[k].code;
+}
+
 void Composer::MoveImage(int i, double left, double top) {
     CanvasImage& image = GlyphPic.at(static_cast<std::size_t>(i));
     image.left = left;
@@ -326,6 +337,7 @@ void Composer::DeleteSign(int i) {
         image.height = ComposeGeometry::EmptySize;
         image.left = homeOf(i).leftValue;
         image.top = homeOf(i).topValue;
+        showSigns();
         return;
     }
     // Every later sign moves down one slot but stays where it stands on the canvas.
@@ -346,8 +358,12 @@ void Composer::DeleteSign(int i) {
             f = k;
             break;
         }
+    showSigns();
     // With every slot still in use there is no image to turn into the empty slot.
     if (f == 0) return;
+    // The signs before the empty slot are what Delete Last works back from, so its next
+    // click takes the last of them.
+    LastGlyph = static_cast<std::int16_t>(f);
     for (int k = f; k <= LastSlot; ++k) {
         CanvasImage& image = GlyphPic[static_cast<std::size_t>(k)];
         image.visible = false;
@@ -380,6 +396,7 @@ void Composer::DeleteLast() {
     image.height = home.height;
     clearPicture(LastGlyph);
     app_.glyphs[LastGlyph] = GlyphSlot{};
+    showSigns();
 }
 
 void Composer::ImageClicked(int) {
@@ -387,18 +404,12 @@ void Composer::ImageClicked(int) {
 }
 
 bool Composer::OK() {
-    if (LastGlyph < 1) {
-        app_.store.composeAccepted = false;
-        return true;
-    }
+    // One placed sign is a word; with none, OK is Cancel.
     bool any = false;
     for (int i = 0; i < Slots; ++i) any = any || app_.glyphs[i].used();
     if (!any) {
-        // Nothing to build the word from: say so rather than hand back empty strings.
-        app_.dialogs.message("There is no sign to store. Type codes and press Get, or "
-                             "double-click the empty slot to choose a sign, or press Cancel.",
-                             "Compose", Buttons::OK, Icon::Exclamation);
-        return false;
+        app_.store.composeAccepted = false;
+        return true;
     }
     app_.store.composeAccepted = true;
     // The starting minima are fixed: a group lying wholly beyond them keeps its offset.

@@ -70,8 +70,9 @@ public:
     void Load();
 
     // Get: the line in txtMdC becomes signs in slots 0 upwards, laid out in one row centred
-    // on the frame. Later slots are left as they were. A line naming more than 20 signs is
-    // told off with a message; the signs after the 20th are not placed.
+    // on the frame, in the reading order of the direction: left to right for signs facing
+    // left, right to left for signs facing right. Later slots are left as they were. A line naming
+    // more than 20 signs is told off with a message; the signs after the 20th are not placed.
     void Get();
     // Arrange: the same reading of the line, laid out as hieroglyphic groups: "-" and blanks
     // separate groups, ":" stacks, "*" sets signs side by side inside a group. Signs keep
@@ -97,14 +98,16 @@ public:
     void MoveImage(int i, double left, double top);
     // A key pressed on image i; only the Delete key does something.
     void KeyDown(int i, int keyCode);
+    // Removes sign i; the later signs keep their places. LastGlyph becomes the empty slot
+    // after the remaining signs and Gardinerlbl lists them.
     void DeleteSign(int i);
     // "Delete Last": refused while LastGlyph is 1 (and below, where there is nothing before).
     void DeleteLast();
     // A click on an image makes the typewriter type into txtMdC.
     void ImageClicked(int i);
 
-    // OK: true when the window is to be hidden. With no sign in use while LastGlyph is 1 or
-    // more, the user is told and the window stays open.
+    // OK: true when the window is to be hidden. Any sign in use makes a word (one sign is
+    // enough); with none OK is Cancel.
     bool OK();
     void Cancel();
 
@@ -150,6 +153,8 @@ private:
     void resetImage(int i, SlotBackground bg, bool visible);
     void switchLibrary(bool basic);
     void readingOrderSort();
+    // Gardinerlbl := the codes of the slots in use.
+    void showSigns();
     void swapSlots(int a, int b);
     SignPicture pictureFor(const std::string& code) const;
 

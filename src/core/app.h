@@ -93,8 +93,9 @@ struct SortDialogState {
     // The field to sort by: 5 meaning, 4 transliteration, 9 classic transliteration,
     // 3 Gardiner notation, 6 comment; -1 when the dialog was cancelled.
     int sortField = -1;
-    // The value of the option button that is on; -1 while none is.
-    int option = -1;
+    // The value of the option button that is on; -1 while none is. The dialog opens on the
+    // field last used, Meaning the first time, so OK sorts at once.
+    int option = 5;
     bool reverse = false;       // ChkReverse
     bool caseSensitive = false; // chkCase
 };

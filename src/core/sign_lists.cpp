@@ -5,6 +5,8 @@
 #include "core/files.h"
 #include "core/text.h"
 
+#include <algorithm>
+
 namespace fs = std::filesystem;
 
 namespace nebkaro {
@@ -117,18 +119,34 @@ bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-// Splits a part into its number and variant suffix: "A14a" -> 14, "a".
-void numberAndSuffix(const std::string& x, double& number, std::string& suffix) {
+// Splits a part into its number and variant suffix: "A14a" -> 14, "a". False for a part
+// that has neither: an empty one, or a single letter.
+bool numberAndSuffix(const std::string& x, double& number, std::string& suffix) {
     std::u32string u = text::toU32(x);
-    if (u.empty()) throw RunError(InvalidArgument);
+    if (u.empty()) return false;
     if (isDigit(static_cast<char>(u.back() < 128 ? u.back() : 0))) {
         number = text::leadingNumber(text::toUtf8(u.substr(1)));
         suffix.clear();
-        return;
+        return true;
     }
-    if (u.size() < 2) throw RunError(InvalidArgument);
+    if (u.size() < 2) return false;
     suffix = text::toUtf8(u.substr(u.size() - 1));
     number = text::leadingNumber(text::toUtf8(u.substr(1, u.size() - 2)));
+    return true;
+}
+
+// -1, 0 or 1 as part x sorts before, with or after part y: by first character, then number,
+// then variant. A part without a number (empty, or its category letter alone) is compared as
+// text, which puts the bare letter before every code of its category.
+int comparePart(const std::string& x, const std::string& y) {
+    const auto byText = [&] { return x == y ? 0 : (x > y ? 1 : -1); };
+    if (firstCharText(x) != firstCharText(y)) return byText();
+    double nx = 0, ny = 0;
+    std::string sx, sy;
+    if (!numberAndSuffix(x, nx, sx) || !numberAndSuffix(y, ny, sy)) return byText();
+    if (nx != ny) return nx > ny ? 1 : -1;
+    if (sx != sy) return sx > sy ? 1 : -1;
+    return 0;
 }
 } // namespace
 
@@ -147,21 +165,11 @@ bool GardinerGreater(std::string& a, std::string& b) {
     normalise(b);
     const auto pa = text::split(a, '-');
     const auto pb = text::split(b, '-');
-    const long n = std::max(static_cast<long>(pa.size()), static_cast<long>(pb.size())) - 1;
-    for (long p = 0; p <= n; ++p) {
-        if (p >= static_cast<long>(pa.size()) || p >= static_cast<long>(pb.size()))
-            throw RunError(SubscriptOutOfRange);
-        const std::string& x = pa[static_cast<std::size_t>(p)];
-        const std::string& y = pb[static_cast<std::size_t>(p)];
-        if (firstCharText(x) != firstCharText(y)) return x > y;
-        double nx = 0, ny = 0;
-        std::string sx, sy;
-        numberAndSuffix(x, nx, sx);
-        numberAndSuffix(y, ny, sy);
-        ny = text::toInt16(ny);
-        if (nx != ny) return nx > ny;
-        if (sx != sy) return sx > sy;
-    }
+    const std::size_t common = std::min(pa.size(), pb.size());
+    for (std::size_t p = 0; p < common; ++p)
+        if (const int c = comparePart(pa[p], pb[p])) return c > 0;
+    // A notation that is the beginning of another sorts first.
+    if (pa.size() != pb.size()) return pa.size() > pb.size();
     return a > b;
 }
 

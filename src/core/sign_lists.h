@@ -47,10 +47,10 @@ void ParseSignList(SignLists& lists, const std::string& text);
 void ParseTrans2Code(SignLists& lists, const std::string& text);
 void ParsePhonetic(SignLists& lists, const std::string& text);
 
-// True when a sorts after b. Both may be rewritten in place (blanks removed, ":" and "*"
-// turned into "-") when their first characters agree. Throws RunError InvalidArgument for a
-// one-character code or an empty part, SubscriptOutOfRange when one notation runs out of
-// parts before a difference is found, Overflow for a number beyond 16 bits.
+// True when a sorts after b in Gardiner order: codes by category, number and variant, part
+// after part; a notation that is the beginning of another sorts first; parts without a number
+// compare as text. Both may be rewritten in place (blanks removed, ":" and "*" turned into
+// "-") when their first characters agree. A total order: it never fails.
 bool GardinerGreater(std::string& a, std::string& b);
 
 } // namespace nebkaro

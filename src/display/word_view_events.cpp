@@ -1,5 +1,7 @@
 #include "display/word_view_events.h"
 
+#include "translit/unicode_translit.h"
+
 #include "core/app.h"
 #include "display/main_layout.h"
 
@@ -22,7 +24,8 @@ std::string& textOf(WordView& view, TextBox box) {
 }
 
 void TextBoxChanged(App& app, TextBox box, const std::string& text) {
-    textOf(app.view, box) = text;
+    // Transliterations are stored in plain letters; scholarly ones typed or pasted are read.
+    textOf(app.view, box) = box == TextBox::TransLit ? PlainFromScholarly(text) : text;
     app.view.textChanged = true;
 }
 

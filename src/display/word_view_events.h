@@ -15,7 +15,9 @@ enum class HideBox { Enriched = 0, Gardiner = 1, Trans = 2, Meaning = 3, Comment
 
 std::string& textOf(WordView& view, TextBox box);
 
-// The user changed a box's text (typing, pasting, the typewriter).
+// The user changed a box's text (typing, pasting, the typewriter). The transliteration box
+// keeps plain letters: scholarly ones (nṯr) become them (nTr), and the window shows the box's
+// text again when it differs from what was typed.
 void TextBoxChanged(App& app, TextBox box, const std::string& text);
 // GardinerTxt, MeaningTxt and CommentTxt forget earlier changes when they take the focus;
 // TransLitTxt becomes the typewriter's target instead and keeps textChanged as it is.

@@ -34,6 +34,18 @@ void turnWord(App& app, std::int16_t wanted, bool markEdited) {
 }
 
 // The commands this library runs itself; false for the others.
+// The transliteration box as other programs and printed grammars write it: nTr aA gives
+// nṯr ꜥꜣ.
+void copyTranslitUnicode(App& app) {
+    if (app.view.TransLitTxt.empty()) {
+        app.dialogs.message("The word on show has no transliteration to copy.",
+                            "Copy transliteration as Unicode", Buttons::OK, Icon::Exclamation);
+        return;
+    }
+    app.clipboard.clear();
+    app.clipboard.setText(ScholarlyFromPlain(app.view.TransLitTxt));
+}
+
 bool runBuiltIn(App& app, CommandId id) {
     switch (id) {
     case C::NewDictionary:
@@ -115,6 +127,9 @@ bool runBuiltIn(App& app, CommandId id) {
     case C::AboutDictionary:
         app.windows->showHeaderDialog(app.store.header);
         return true;
+    case C::CopyTranslitUnicode:
+        copyTranslitUnicode(app);
+        return true;
     default:
         return false;
     }
@@ -159,6 +174,8 @@ const std::vector<CommandInfo>& commandTable() {
         {C::SaveWordImage, "SaveWordImage", false, "Save the picture of the word as a file"},
         {C::PasteImageToPaint, "PasteImageToPaint", false,
          "Open the picture of the word in the desktop's picture program"},
+        {C::CopyTranslitUnicode, "CopyTranslitUnicode", true,
+         "Copy the transliteration in scholarly letters"},
         {C::Find, "Find", false, "Find words by their texts or signs"},
         {C::FindNext, "FindNext", false, "Find the next word that matches"},
         {C::FindPrevious, "FindPrevious", false, "Find the previous word that matches"},
@@ -355,6 +372,8 @@ std::vector<MenuItem> buildMenuBar() {
                  item("mnuCopyGlyphImage", "Copy Glyph Image", C::CopyWordImage, true),
                  item("mnuSaveGlyphImage", "Save &Glyph Image", C::SaveWordImage),
                  item("mnuCopyToPaint", "Paste Glyph Image to MS Paint", C::PasteImageToPaint),
+                 item("mnuCopyTranslitUnicode", "Copy transliteration as Unicode",
+                      C::CopyTranslitUnicode),
                  item("mnuFind", "&Find", C::Find, true),
                  item("mnuFindNext", "Find Ne&xt", C::FindNext),
                  item("mnuFindPrevious", "Find Previous", C::FindPrevious),
@@ -400,6 +419,8 @@ const MenuItem& PopupMenu() {
                  item("mnuFieldFlip", "Flip", C::DirectionInvert),
                  item("mnuFieldCopyImage", "Copy Image", C::CopyWordImage),
                  item("mnuFieldSaveImage", "Save Image", C::SaveWordImage),
+                 item("mnuFieldCopyTranslitUnicode", "Copy transliteration as Unicode",
+                      C::CopyTranslitUnicode),
              });
     return popup;
 }

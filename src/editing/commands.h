@@ -51,6 +51,8 @@ enum class CommandId : int {
     CopyWordImage,
     SaveWordImage,
     PasteImageToPaint,
+    // The transliteration of the word on show in scholarly letters (nṯr for nTr)
+    CopyTranslitUnicode,
     // Search
     Find,
     FindNext,

@@ -156,7 +156,12 @@ void StoreCommand(App& app) {
         ReportNoWordOnShow(app);
         return;
     }
-    Store(app);
+    if (!Store(app)) return;
+    // A new word lengthens the dictionary and stands at its end: the bar shows where.
+    WordView& view = app.view;
+    view.progressWidth = ProgressWidth(view.geometry.progressContainerWidth, app.store.currentIndex,
+                                       app.store.lastIndex);
+    app.windows->wordViewChanged();
 }
 
 void New(App& app, bool insert) {

@@ -18,7 +18,8 @@ void InstallEditing(App& app);
 // index outside the table) it stores nothing; a full dictionary is reported and nothing
 // changes. Returns true when a word was stored.
 bool Store(App& app);
-// The Store button: Store, and a word when there is nothing to store.
+// The Store button: Store (then the progress bar shows where the stored word stands), and a
+// word when there is nothing to store.
 void StoreCommand(App& app);
 
 // Opens the composer for a new word and shows the composed word with empty texts, numbered

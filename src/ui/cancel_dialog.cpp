@@ -27,6 +27,8 @@ CancelDialog::CancelDialog(App& app, QWidget* parent) : QDialog(parent), app_(ap
 }
 
 void CancelDialog::showWith(const std::string& text) {
+    // The title names the work under way (sorting, flipping), as the label does.
+    setWindowTitle(QString::fromStdString(text));
     process_->setText(QString::fromStdString(text));
     show();
     raise();

@@ -151,6 +151,7 @@ ComposeWindow::ComposeWindow(App& app, QWidget* parent)
 
     debugLbl_ = new QLabel(canvas_);
     debugLbl_->setObjectName("Debuglbl");
+    debugLbl_->hide(); // the separators it reads back are no help to the user
 
     composeShp_ = new QFrame(canvas_);
     composeShp_->setObjectName("ComposeShp");
@@ -265,7 +266,6 @@ void ComposeWindow::placeControls() {
 
 void ComposeWindow::refresh() {
     if (txtMdC_->text().toStdString() != model_.txtMdC) txtMdC_->setText(qs(model_.txtMdC));
-    debugLbl_->setText(qs(model_.Debuglbl));
     gardinerLbl_->setText(qs(model_.Gardinerlbl));
     richGardinerLbl_->setText(qs(model_.RichGardinerLbl));
     status_->setText(qs(model_.status));

@@ -3,6 +3,8 @@
 #include <QFontMetrics>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace nebkaro {
 
 LetterColumn::LetterColumn(QWidget* parent) : QLabel(parent) {}
@@ -41,6 +43,13 @@ void LetterColumn::paintEvent(QPaintEvent*) {
     const QStringList ls = letters();
     for (int i = 0; i < ls.size(); ++i)
         p.drawText(QRect(0, i * cellHeight_, width(), cellHeight_), Qt::AlignCenter, ls[i]);
+}
+
+void showKeptText(QLineEdit* box, const QString& typed, const QString& kept) {
+    if (kept == typed) return;
+    const qsizetype fromEnd = typed.size() - box->cursorPosition();
+    box->setText(kept);
+    box->setCursorPosition(static_cast<int>(std::max<qsizetype>(0, kept.size() - fromEnd)));
 }
 
 } // namespace nebkaro

@@ -4,6 +4,7 @@
 // (letters separated by single blanks).
 #include <QFont>
 #include <QLabel>
+#include <QLineEdit>
 
 namespace nebkaro {
 
@@ -29,5 +30,9 @@ private:
     QStringList letters() const;
     int cellHeight_ = 20;
 };
+
+// A box whose text the program kept otherwise than typed (scholarly letters read as plain
+// ones) shows the kept text, with the cursor as far from the end as it was.
+void showKeptText(QLineEdit* box, const QString& typed, const QString& kept);
 
 } // namespace nebkaro

@@ -19,6 +19,7 @@
 #include "ui/exchange_commands.h"
 #include "ui/header_dialog.h"
 #include "ui/help_window.h"
+#include "ui/letter_column.h"
 #include "ui/lookup_window.h"
 #include "ui/preferences_dialog.h"
 #include "ui/screen_fit.h"
@@ -292,8 +293,9 @@ void MainWindow::buildWordView() {
         e->setObjectName(QLatin1String(boxNames[i]));
         if (boxTips[i]) e->setToolTip(QLatin1String(boxTips[i]));
         const TextBox box = static_cast<TextBox>(i);
-        connect(e, &QLineEdit::textEdited, this, [this, box](const QString& text) {
+        connect(e, &QLineEdit::textEdited, this, [this, box, e](const QString& text) {
             TextBoxChanged(app_, box, text.toStdString());
+            showKeptText(e, text, qs(textOf(app_.view, box)));
         });
         boxes_[static_cast<std::size_t>(i)] = e;
     }

@@ -213,7 +213,10 @@ SearchDialog::SearchDialog(App& app, QWidget* parent) : QDialog(parent), app_(ap
     connect(liveTimer_, &QTimer::timeout, this, [this] { updateFound(true); });
     connect(txtSearch_, &QLineEdit::textChanged, this, [this](const QString& t) {
         if (refreshing_) return;
-        app_.search.txtSearch = t.toStdString();
+        SearchTextChanged(app_, t.toStdString());
+        refreshing_ = true;
+        showKeptText(txtSearch_, t, qs(app_.search.txtSearch));
+        refreshing_ = false;
         entriesChanged();
     });
     const std::pair<QRadioButton*, int> fields[] = {{optMeaning_, FieldMeaning},

@@ -53,7 +53,7 @@ struct SearchTest : ::testing::Test {
     int find(int field, const std::string& text, std::function<void(App&)> options = {}) {
         windows.user = [=](App& a) {
             SearchChooseOption(a, field);
-            a.search.txtSearch = text;
+            SearchTextChanged(a, text);
             if (options) options(a);
             EXPECT_TRUE(SearchOk(a));
         };
@@ -209,13 +209,16 @@ TEST_F(SearchTest, HashAndBracketsAreLiteralUnlessTheTextHasWildcards) {
 
 TEST_F(SearchTest, CaseSensitivityIsTheCheckBox) {
     words(FieldTranslit, {"nfr", "ra"});
-    EXPECT_EQ(find(FieldTranslit, "RA"), 1);
-    t.app.store.currentIndex = 0;
-    EXPECT_EQ(find(FieldTranslit, "RA", [](App& a) { a.search.chkCase = 1; }), 0);
+    // Transliteration tells letters apart by case ("H" and "h" are different sounds), so
+    // choosing it checks the box; the user may uncheck it.
+    EXPECT_EQ(find(FieldTranslit, "RA"), 0);
     EXPECT_EQ(messages(), std::vector<std::string>{"Not Found!"});
-    // Transliteration tells letters apart by case: "H" and "h" are different sounds.
-    words(FieldTranslit, {"Hr", "hr"});
-    EXPECT_EQ(find(FieldTranslit, "hr", [](App& a) { a.search.chkCase = 1; }), 1);
+    EXPECT_EQ(find(FieldTranslit, "RA", [](App& a) { a.search.chkCase = 0; }), 1);
+    // Scholarly letters are the plain ones the words are stored in.
+    words(FieldTranslit, {"Hr", "hr", "nTr"});
+    t.app.store.currentIndex = 0;
+    EXPECT_EQ(find(FieldTranslit, "nṯr", [](App& a) { a.search.chkCase = 1; }), 2);
+    EXPECT_EQ(find(FieldMeaning, "x", [](App& a) { EXPECT_EQ(a.search.chkCase, 0); }), 2);
 }
 
 TEST_F(SearchTest, IgnoreVariantsWithExactMatchFindsAVariant) {

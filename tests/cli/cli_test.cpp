@@ -1,4 +1,7 @@
 // The command-line tool, run as a user's script would run it.
+#include "core/dictionary_file.h"
+#include "core/sign_lists.h"
+#include "core/text.h"
 #include "fakes.h"
 
 #include <gtest/gtest.h>
@@ -6,6 +9,7 @@
 #include <array>
 #include <cstdio>
 #include <sys/wait.h>
+#include <tuple>
 
 using namespace nebkaro::testing;
 
@@ -167,16 +171,33 @@ TEST_F(CliTest, SortShuffleFlipAndReadingOrderWriteNewFiles) {
     EXPECT_EQ(readFile(a), readFile(b));
 }
 
-TEST_F(CliTest, AGardinerOrderErrorNamesBothNotationsAndWritesNothing) {
-    const auto f = file("g.nkd", "\"L\",\"B\",\"A1(0,0) \",\"A1-G17\",\"\",\"\",\"\"\r\n"
-                                 "\"L\",\"B\",\"A1(0,0) \",\"A1\",\"\",\"\",\"\"\r\n");
-    const auto out = home.path() / "never.nkd";
-    CliRun r = cli("sort " + f + " --by gardiner -o " + out.string(), home.path());
-    EXPECT_EQ(r.status, 2);
-    EXPECT_NE(r.err.find("'A1-G17' and 'A1'"), std::string::npos) << r.err;
-    EXPECT_FALSE(std::filesystem::exists(out));
-    r = cli("sort " + f + " --by nothing -o " + out.string(), home.path());
-    EXPECT_EQ(r.status, 2);
+TEST_F(CliTest, GardinerSortOrdersTheStarterDictionary) {
+    // Its notations include M23-X1-N35 and M23-X1-N35-R4-X1-Q3-X8, one the beginning of the
+    // other.
+    const auto f = file(
+        "w.nkd", readFile(std::filesystem::path(NEBKARO_DATA_DIR) / "Dictionaries" / "Words.nkd"));
+    const auto out = (home.path() / "o.nkd").string();
+    const std::tuple<std::string, bool, bool> runs[] = {
+        // extra arguments, reverse order, Gardiner order (the tool bar compares plain text)
+        {"", false, true},
+        {" --reverse", true, true},
+        {" --method toolbar", false, false},
+    };
+    const auto before = nebkaro::ReadDictionaryText(readFile(f), 100001).words;
+    for (const auto& [extra, reverse, gardiner] : runs) {
+        CliRun r = cli("sort " + f + " --by gardiner" + extra + " -o " + out, home.path());
+        ASSERT_EQ(r.status, 0) << extra << r.err;
+        const auto after = nebkaro::ReadDictionaryText(readFile(out), 100001).words;
+        ASSERT_EQ(after.size(), before.size());
+        for (std::size_t k = 0; gardiner && k + 1 < after.size(); ++k) {
+            std::string a = nebkaro::text::upper(after[k][3]);
+            std::string b = nebkaro::text::upper(after[k + 1][3]);
+            ASSERT_FALSE(reverse ? nebkaro::GardinerGreater(b, a) : nebkaro::GardinerGreater(a, b))
+                << extra << ": " << after[k][3] << " before " << after[k + 1][3];
+        }
+    }
+    const auto out2 = (home.path() / "o2.nkd").string();
+    EXPECT_EQ(cli("sort " + f + " --by nothing -o " + out2, home.path()).status, 2);
 }
 
 TEST_F(CliTest, SearchPrintsMatchesAndExitsOneWhenNone) {
@@ -189,6 +210,9 @@ TEST_F(CliTest, SearchPrintsMatchesAndExitsOneWhenNone) {
         {"--field meaning --exact --case REED", 1, ""},
         {"--field gardiner --all 'G17*'", 0, "1\n"},
         {"--field translit nothing", 1, ""},
+        {"--field translit MN", 1, ""}, // case counts in transliterations
+        {"--field translit --ignore-case MN", 0, "1\n"},
+        {"--field translit 'ỉ'", 0, "0\n"}, // scholarly letters are the plain ones
         {"--signs --all 'N35 m'", 0, "1\n"},
         {"--signs 'a1 g17'", 1, ""},
         {"--signs --all n", 0, "1\n"},
@@ -213,13 +237,16 @@ TEST_F(CliTest, ComposeAndGuess) {
     EXPECT_EQ(r.out, "G17(0,0) - N35(300,0) \nG17-N35\n");
     r = cli("compose 'm-n'", home.path());
     EXPECT_EQ(r.out, "G17(0,0) - N35(300,0) \nG17-N35\n");
-    r = cli("compose --direction right 'G17 N35'", home.path());
-    EXPECT_EQ(r.out, "N35(300,0) - G17(0,0) \nN35-G17\n");
-    // One sign is not accepted by the composer; unknown tokens are reported on stderr.
+    r = cli("compose --direction right 'G17 N35'", home.path()); // typed in reading order
+    EXPECT_EQ(r.out, "G17(300,0) - N35(0,0) \nG17-N35\n");
+    // One sign is a word; unknown tokens are reported on stderr; no sign at all is nothing.
     r = cli("compose 'A1 Q9'", home.path());
+    EXPECT_EQ(r.status, 0);
+    EXPECT_EQ(r.out, "A1(0,0) \nA1\n");
+    EXPECT_NE(r.err.find("Q9 was not found"), std::string::npos);
+    r = cli("compose 'Q9'", home.path());
     EXPECT_EQ(r.status, 1);
     EXPECT_EQ(r.out, "");
-    EXPECT_NE(r.err.find("Q9 was not found"), std::string::npos);
     r = cli("guess " + file("w.nkd", kWords) + " 1", home.path());
     EXPECT_EQ(r.status, 0);
     EXPECT_EQ(r.out, "mn\n");

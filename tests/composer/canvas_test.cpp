@@ -86,7 +86,12 @@ TEST_F(CanvasTest, DeleteOnTheMiddleOfThreeSignsMovesTheThirdIntoItsSlot) {
                   SlotBackground::Workspace)
             << k;
     }
-    EXPECT_EQ(composer.LastGlyph, 3) << "the Delete key leaves LastGlyph alone";
+    // The label and Delete Last follow: its first click takes the last sign left.
+    EXPECT_EQ(composer.Gardinerlbl, "Gardiner: - A1- D21");
+    EXPECT_EQ(composer.LastGlyph, 2);
+    composer.DeleteLast();
+    EXPECT_FALSE(app.glyphs[1].used());
+    EXPECT_EQ(composer.Gardinerlbl, "Gardiner: - A1");
 }
 
 TEST_F(CanvasTest, OnlyTheDeleteKeyDeletes) {

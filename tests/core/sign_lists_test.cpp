@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 using namespace nebkaro;
 using namespace nebkaro::testing;
 
@@ -83,14 +85,6 @@ namespace {
 bool greater(std::string a, std::string b) {
     return GardinerGreater(a, b);
 }
-int errorOf(std::string a, std::string b) {
-    try {
-        GardinerGreater(a, b);
-    } catch (const RunError& e) {
-        return e.number();
-    }
-    return 0;
-}
 } // namespace
 
 TEST(GardinerGreater, OrdersCodesByCategoryNumberAndVariant) {
@@ -136,19 +130,62 @@ TEST(GardinerGreater, RewritesTheCallersValuesOnlyWhenFirstLettersAgree) {
     EXPECT_EQ(d, "A1 : B2");
 }
 
-TEST(GardinerGreater, RaisesOnShortCodesEmptyPartsAndMissingParts) {
+TEST(GardinerGreater, ANotationThatBeginsAnotherOrACodeWithoutNumberStillHasItsPlace) {
     struct Case {
         const char* a;
         const char* b;
-        int error;
+        bool want;
     } cases[] = {
-        {"A1", "A1-G17", SubscriptOutOfRange},
-        {"A1-G17", "A1", SubscriptOutOfRange},
-        {"A", "A", InvalidArgument},
-        {"A1--G1", "A1--G1", InvalidArgument},
-        {"A1-", "A1-", InvalidArgument},
-        {"A1", "A99999", Overflow},
-        {"A1-G17", "A1-N35", 0},
+        // Words of the starter dictionary: the shorter notation sorts first.
+        {"M23-X1-N35", "M23-X1-N35-R4-X1-Q3-X8", false},
+        {"M23-X1-N35-R4-X1-Q3-X8", "M23-X1-N35", true},
+        {"M23-X1-N35-R4-X1-Q3-X8", "M23-X1-N35-N41-X1-B1", true},
+        {"A1", "A1-G17", false},
+        {"A1-G17", "A1", true},
+        {"A1-", "A1", true},
+        // A part without a number compares as text: the bare letter before its codes.
+        {"A", "A1", false},
+        {"A1", "A", true},
+        {"A", "A", false},
+        {"A1--G1", "A1--G1", false},
+        {"A1--G1", "A1-G1", false},
+        // Numbers beyond sixteen bits are still numbers.
+        {"A1", "A99999", false},
+        {"A99999", "A1", true},
     };
-    for (const auto& c : cases) EXPECT_EQ(errorOf(c.a, c.b), c.error) << c.a << " vs " << c.b;
+    for (const auto& c : cases) {
+        bool got = false;
+        ASSERT_NO_THROW(got = greater(c.a, c.b)) << c.a << " vs " << c.b;
+        EXPECT_EQ(got, c.want) << c.a << " vs " << c.b;
+    }
+}
+
+TEST(GardinerGreater, IsAConsistentOrderOnRandomNotations) {
+    const std::vector<std::string> parts = {"A1", "A2",   "A10", "A1a", "A01",    "Aa15", "Aa2",
+                                            "A",  "",     "G",   "G17", "G1b",    "N35",  "N35a",
+                                            "Ab", "A1.5", "Aš1", "X1",  "A99999", "5",    "Z1"};
+    const std::vector<std::string> seps = {"-", " - ", ":", "*"};
+    std::mt19937 rng(11);
+    for (int round = 0; round < 20; ++round) {
+        std::vector<std::string> v;
+        for (int k = 0; k < 40; ++k) {
+            std::string s = parts[rng() % parts.size()];
+            for (int more = static_cast<int>(rng() % 4); more > 0; --more)
+                s += seps[rng() % seps.size()] + parts[rng() % parts.size()];
+            v.push_back(s);
+        }
+        const std::size_t n = v.size();
+        std::vector<std::vector<bool>> gt(n, std::vector<bool>(n));
+        for (std::size_t i = 0; i < n; ++i)
+            for (std::size_t j = 0; j < n; ++j) gt[i][j] = greater(v[i], v[j]);
+        auto same = [&](std::size_t i, std::size_t j) { return !gt[i][j] && !gt[j][i]; };
+        for (std::size_t i = 0; i < n; ++i)
+            for (std::size_t j = 0; j < n; ++j) {
+                ASSERT_FALSE(gt[i][j] && gt[j][i]) << v[i] << " / " << v[j];
+                for (std::size_t k = 0; k < n; ++k) {
+                    ASSERT_TRUE(!(gt[i][j] && gt[j][k]) || gt[i][k]) << v[i] << " > " << v[k];
+                    ASSERT_TRUE(!(same(i, j) && same(j, k)) || same(i, k)) << v[i] << " ~ " << v[k];
+                }
+            }
+    }
 }

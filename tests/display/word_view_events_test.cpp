@@ -30,6 +30,9 @@ TEST_F(WordViewTest, TypingThenLeavingAnyBoxMarksTheWordEdited) {
         EXPECT_EQ(textOf(t.app.view, box), "typed");
         TextBoxLostFocus(t.app, box);
         EXPECT_TRUE(t.app.store.editPending) << static_cast<int>(box);
+        // Only the transliteration reads scholarly letters as its plain ones.
+        TextBoxChanged(t.app, box, "ḥtp");
+        EXPECT_EQ(textOf(t.app.view, box), box == TextBox::TransLit ? "Htp" : "ḥtp");
     }
 }
 

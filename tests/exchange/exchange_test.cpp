@@ -69,6 +69,16 @@ TEST(ScholarlyLetters, PlainLettersBecomeScholarlyAndBack) {
     }
     // The typewriter's o is the plain q: it goes out as q and comes back as q.
     EXPECT_EQ(ScholarlyFromPlain("o"), "q");
+    // Read, never written: capitals, base letters with combining marks, older stand-ins.
+    const std::pair<const char*, const char*> read[] = {
+        {"nṯr ꜥꜣ", "nTr aA"},
+        {"Ḥr Ꜣst Ḏḥwty Šw Ṯꜣty Ḫnmw H̱rt Ḳd Ỉmn", "Hr Ast DHwty Sw TAty xnmw Xrt qd imn"},
+        {"h\xcc\xa3tp s\xcc\x8cms d\xcc\xb1"
+         "d",
+         "Htp Sms Dd"},
+        {"ȝḫ ʿnḫ ꞽmn", "Ax anx imn"},
+    };
+    for (const auto& [text, plain] : read) EXPECT_EQ(PlainFromScholarly(text), plain) << text;
 }
 
 struct ExchangeTest : ComposerTest {

@@ -1,4 +1,7 @@
 // The main window driven by its controls' names, every message box answered from a script.
+#include "core/sign_lists.h"
+#include "core/text.h"
+#include "display/render.h"
 #include "editing/commands.h"
 #include "main_program.h"
 #include "ui/screen_fit.h"
@@ -261,7 +264,9 @@ private Q_SLOTS:
         const QRect area = p.find<QFrame>("DispAreaShp")->geometry();
         auto* popup = p.find<QMenu>("mnuFieldEdit");
         QVERIFY(popup);
-        QCOMPARE(popup->actions().size(), 5);
+        QCOMPARE(popup->actions().size(), 6);
+        QCOMPARE(popup->actions().back()->text(),
+                 QStringLiteral("Copy transliteration as Unicode"));
         QTest::mouseClick(surface, Qt::RightButton, {}, QPoint(area.left() - 2, area.center().y()));
         QTest::mouseClick(surface, Qt::RightButton, {},
                           QPoint(area.center().x(), area.bottom() + 3));
@@ -497,6 +502,89 @@ private Q_SLOTS:
         QCOMPARE(p.app.store.field(3, FieldMeaning), std::string("owl"));
         QCOMPARE(p.app.store.field(3, FieldGardiner), std::string("G17-N35"));
         QVERIFY(p.app.store.isChanged);
+    }
+
+    void headlineFeaturesWorkOnTheStarterDictionary() {
+        Program p;
+        for (const char* f : {"Dictionaries/Words.nkd", "Lists/BasicList.csv", "Lists/Phonetic.csv",
+                              "Lists/Trans2Code.csv"}) {
+            QFile shipped(QStringLiteral(NEBKARO_DATA_DIR "/") + QLatin1String(f));
+            QVERIFY(shipped.open(QIODevice::ReadOnly));
+            p.folder.write(QLatin1String(f), shipped.readAll());
+        }
+        p.folder.settings(false, false);
+        QVERIFY(p.startAndShow());
+        const int words = p.app.store.lastIndex + 1;
+        QVERIFY(words > 200);
+
+        // Sorting by Gardiner's notation: the dialog opens on Meaning, OK works at once.
+        whenModal(QStringLiteral("Sort"), [](QWidget* sort) {
+            QVERIFY(sort->findChild<QRadioButton*>(QStringLiteral("optMeaning"))->isChecked());
+            choose(sort, "optGardiner");
+            QTest::mouseClick(sort->findChild<QPushButton*>(QStringLiteral("cmdOk")),
+                              Qt::LeftButton);
+        });
+        QtDialogs::pushAnswer(Answer::Yes); // Do you want to proceed?
+        p.action("mnuSort")->trigger();
+        QTRY_VERIFY(messageTexts().size() == 2);
+        QVERIFY(messageTexts().back().rfind("Done in ", 0) == 0);
+        for (int w = 0; w + 1 < words; ++w) {
+            std::string a = text::upper(p.app.store.field(w, FieldGardiner));
+            std::string b = text::upper(p.app.store.field(w + 1, FieldGardiner));
+            QVERIFY2(!GardinerGreater(a, b), p.app.store.field(w, FieldGardiner).c_str());
+        }
+
+        // One sign is a word; facing right, the typed order is the reading order.
+        const std::pair<const char*, bool> lines[] = {{"R8", true}, {"G17 X1 A2", false}};
+        for (const auto& [line, left] : lines) {
+            p.app.settings.directionLeft = left;
+            whenShown(QStringLiteral("Compose"), [line = line](QWidget* compose) {
+                compose->findChild<QLineEdit*>(QStringLiteral("txtMdC"))->setText(line);
+                QTest::mouseClick(compose->findChild<QPushButton*>(QStringLiteral("cmdGet")),
+                                  Qt::LeftButton);
+                QVERIFY(!compose->findChild<QLabel*>(QStringLiteral("Debuglbl"))->isVisible());
+                QTest::mouseClick(compose->findChild<QPushButton*>(QStringLiteral("OkCmd")),
+                                  Qt::LeftButton);
+            });
+            p.click("NewCmd");
+            QTRY_VERIFY(p.app.store.newWordPending);
+            QCOMPARE(p.find<QLineEdit>("GardinerTxt")->text(),
+                     QString(line).replace(QLatin1Char(' '), QLatin1Char('-')));
+            p.click("cmdStore");
+            QCOMPARE(p.app.store.field(p.app.store.lastIndex, FieldGardiner),
+                     QString(line).replace(QLatin1Char(' '), QLatin1Char('-')).toStdString());
+            // The bar shows the stored word at the end of the dictionary.
+            const int full = ProgressWidth(p.app.view.geometry.progressContainerWidth,
+                                           p.app.store.lastIndex, p.app.store.lastIndex);
+            QVERIFY(qAbs(p.find<QFrame>("shpProgress")->width() - full / 15) <= 1);
+        }
+
+        // A word number outside the dictionary is refused with the range.
+        auto* number = p.find<QLineEdit>("txtNumber");
+        number->setFocus();
+        number->selectAll();
+        QTest::keyClicks(number, QString::number(words + 5));
+        QTest::keyClick(number, Qt::Key_Return);
+        QVERIFY(messageTexts().back().find("Type a word number from 0 to " +
+                                           std::to_string(p.app.store.lastIndex)) !=
+                std::string::npos);
+
+        // Flip All's progress box says what it does and goes when the work ends.
+        QtDialogs::pushAnswer(Answer::OK); // It may take a while
+        p.action("mnuAllFlip2")->trigger();
+        auto* progress = p.window->findChild<QWidget*>(QStringLiteral("frmCancelDialog"));
+        QVERIFY(progress && !progress->isVisible());
+        QCOMPARE(progress->windowTitle(), QStringLiteral("Flipping Started"));
+
+        // Transliteration typed in scholarly letters is kept in plain ones, and copied back.
+        auto* translit = p.find<QLineEdit>("TransLitTxt");
+        translit->setFocus();
+        translit->selectAll();
+        QApplication::clipboard()->setText(QStringLiteral("nṯr ꜥꜣ"));
+        translit->paste();
+        QCOMPARE(translit->text(), QStringLiteral("nTr aA"));
+        p.action("mnuCopyTranslitUnicode")->trigger();
+        QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("nṯr ꜥꜣ"));
     }
 
     void guessAndTypewriterWriteIntoTheTransliteration() {

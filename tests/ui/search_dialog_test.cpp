@@ -14,6 +14,7 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QFile>
 #include <QFontDatabase>
 #include <QLabel>
@@ -231,6 +232,20 @@ private Q_SLOTS:
         child<QRadioButton>(&d, "optTranslit")->click();
         QVERIFY(!variants->isEnabled());
         QCOMPARE(app->search.option, int(FieldTranslit));
+    }
+
+    void scholarlyLettersAreSearchedAsThePlainOnesCaseSensitively() {
+        whileFindWaits([](SearchDialog* d) {
+            auto* caseSensitive = child<QCheckBox>(d, "chkCase");
+            QVERIFY(!caseSensitive->isChecked());
+            child<QRadioButton>(d, "optTranslit")->click();
+            QVERIFY(caseSensitive->isChecked()); // t and T are different letters
+            QApplication::clipboard()->setText(QStringLiteral("nṯrj"));
+            child<QLineEdit>(d, "txtSearch")->paste();
+            QCOMPARE(child<QLineEdit>(d, "txtSearch")->text(), QStringLiteral("nTrj"));
+            QTest::mouseClick(child<QPushButton>(d, "cmdOk"), Qt::LeftButton);
+        });
+        QCOMPARE(rendered, std::vector<int>{2});
     }
 
     void exactMatchAndExactWordExcludeEachOther() {

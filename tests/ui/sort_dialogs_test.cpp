@@ -69,7 +69,8 @@ private slots:
             {"optComment", "Comment"}};
         for (auto [name, caption] : captions) {
             QCOMPARE(child<QRadioButton>(d, name)->text(), QString(caption));
-            QVERIFY(!child<QRadioButton>(d, name)->isChecked());
+            // Meaning is chosen the first time, so that OK sorts at once.
+            QCOMPARE(child<QRadioButton>(d, name)->isChecked(), name == std::string("optMeaning"));
         }
         QCOMPARE(child<QRadioButton>(d, "optTranslit")->toolTip(),
                  QString("A D H S T X a b d f g h i k q m n p r s t w x y z"));
@@ -112,13 +113,14 @@ private slots:
         QCOMPARE(f.app.sortDialog.sortField, -1);
     }
 
-    void okWithNothingChosenGivesMinusOne() {
+    void okAtOnceSortsByMeaning() {
         Fixture f;
         SortDialog d(f.app);
         d.show();
+        QVERIFY(child<QRadioButton>(d, "optMeaning")->isChecked());
         child<QCheckBox>(d, "chkCase")->click();
         child<QPushButton>(d, "cmdOk")->click();
-        QCOMPARE(f.app.sortDialog.sortField, -1);
+        QCOMPARE(f.app.sortDialog.sortField, 5);
         QVERIFY(f.app.sortDialog.caseSensitive);
     }
 
@@ -146,6 +148,7 @@ private slots:
         QCOMPARE(child<QLabel>(d, "Label1")->text(), QString("Press \"Cancel\" to quit"));
         d.showWith("Flipping Started");
         QVERIFY(d.isVisible());
+        QCOMPARE(d.windowTitle(), QString("Flipping Started"));
         QVERIFY(d.isModal()); // while the work runs, only its Cancel responds
         QCOMPARE(child<QLabel>(d, "lblProcess")->text(), QString("Flipping Started"));
         QVERIFY(!f.app.sortCancelled);
