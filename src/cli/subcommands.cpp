@@ -28,6 +28,15 @@ void loadDictionary(ConsoleApp& c, const std::string& file, bool merge) {
             c.dialogs.shown.size() > before ? c.dialogs.shown[before] : "unreadable";
         throw Failure("'" + file + "' could not be read: " + why);
     }
+    if (app.loadStoppedAtLine) {
+        const std::string what =
+            "'" + file + "' was only partly loaded: the word on line " +
+            std::to_string(app.loadStoppedAtLine) +
+            " has a direction other than R or L, and the words from there on were not read";
+        // Writing the shorter dictionary anywhere would pass it off as the whole one.
+        if (c.writes) throw Failure(what + "; nothing written");
+        std::cerr << "nebkaro-cli: " << what << "\n";
+    }
 }
 
 void writeDictionary(ConsoleApp& c, const std::string& out) {
@@ -173,6 +182,7 @@ int cmdInfo(const fs::path& home, const std::vector<std::string>& argv) {
     Args a(argv, {}, {});
     if (a.positional().size() != 1) throw Usage("info takes one FILE");
     ConsoleApp c(home);
+    c.writes = false;
     loadDictionary(c, a.positional()[0], false);
     const DictionaryStore& s = c.app.store;
     std::cout << "header: " << (s.hasHeader ? "yes" : "no") << "\n";
@@ -187,6 +197,7 @@ int cmdShow(const fs::path& home, const std::vector<std::string>& argv) {
     Args a(argv, {}, {});
     if (a.positional().size() != 2) throw Usage("show takes FILE INDEX");
     ConsoleApp c(home);
+    c.writes = false;
     loadDictionary(c, a.positional()[0], false);
     const int index = wordIndex(c, a.positional()[1]);
     for (int f = 0; f < FieldCount; ++f)

@@ -244,18 +244,17 @@ TEST_F(DictionaryFileTest, FailedWritesReportAndKeepTheDictionaryChanged) {
     App app(t.dialogs, t.clipboard, t.events, t.pictures, failing);
     app.store.dictionaryPath = "/somewhere/words.nkd";
     app.store.isChanged = true;
-    const std::pair<int, std::string> cases[] = {
-        {PathNotFound, "The file: '/somewhere/words.nkd' was not found. The program will stop"},
-        {PathFileAccess, "Path/File access error: The file may be 'Read Only'"},
-        {DiskFull, "Disk full"},
-    };
-    for (const auto& [err, msg] : cases) {
+    for (int err : {PathNotFound, PathFileAccess, DiskFull}) {
         t.dialogs.prompts.clear();
         failing.failWith = err;
         EXPECT_FALSE(SaveDictionary(app));
         ASSERT_EQ(t.dialogs.messages().size(), 1u);
-        EXPECT_EQ(t.dialogs.messages()[0], msg);
+        EXPECT_EQ(t.dialogs.messages()[0],
+                  "'/somewhere/words.nkd' could not be saved: " + errorDescription(err) +
+                      "\r\nThe dictionary is still open; nothing in "
+                      "it was lost.");
         EXPECT_TRUE(app.store.isChanged);
+        EXPECT_FALSE(app.endRequested);
     }
 }
 
