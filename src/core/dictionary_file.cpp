@@ -131,7 +131,9 @@ LoadOutcome LoadDictionary(App& app) {
     DictionaryStore& store = app.store;
     const fs::path path = resolveCaseBlind(fs::path(store.dictionaryPath));
     std::error_code ec;
-    if (!fs::is_regular_file(path, ec)) {
+    // Something that is there but is no file (a pipe, a device, a folder) fails as a load
+    // does, with the reason.
+    if (!fs::exists(path, ec)) {
         const std::string prompt = "The dictionary: '" + store.dictionaryPath + "' was not found." +
                                    "\r\nClick 'OK' to load another dictionary" +
                                    "\r\nClick 'Cancel' to Quit";
@@ -180,11 +182,11 @@ LoadOutcome LoadDictionary(App& app) {
     store.currentIndex = 0;
     app.loadStoppedAtLine = parsed.stoppedEarly ? parsed.stopLine : 0;
     app.loadConvertedLines = std::move(converted);
-    if (!app.mergeMode) {
-        store.untitled = false;
-        app.dictionaryFile = path.string();
-        app.dictionaryFileLonger = parsed.stoppedEarly;
-    }
+    if (!app.mergeMode) store.untitled = false;
+    // Save writes to the file just read, a merged one too: it holds no word the store does
+    // not, unless its load stopped early.
+    app.dictionaryFile = path.string();
+    app.dictionaryFileLonger = parsed.stoppedEarly;
     app.renderWord(app);
     app.windows->setCaption(CaptionText(app));
     store.isChanged = app.mergeMode;
@@ -194,9 +196,8 @@ LoadOutcome LoadDictionary(App& app) {
                 std::to_string(parsed.stopLine) + " holds a word whose direction '" +
                 parsed.stopRecord[FieldDirection] +
                 "' is neither R nor L, and the words from there on were not read (" +
-                std::to_string(wordsRead) + " words loaded)." +
-                (app.mergeMode ? std::string()
-                               : "\r\nSaving over this file asks first, as it would lose them."),
+                std::to_string(wordsRead) +
+                " words loaded).\r\nSaving over this file asks first, as it would lose them.",
             "Dictionary Not Fully Loaded", Buttons::OK, Icon::Exclamation);
     }
     if (!app.loadConvertedLines.empty())

@@ -98,11 +98,11 @@ std::string RememberedDictionaryName(const App& app) {
     const DictionaryStore& store = app.store;
     if (store.untitled || store.dictionaryPath.empty())
         return app.rememberedDictionary.empty() ? store.dictionaryName : app.rememberedDictionary;
+    if (store.dictionariesFolder.empty()) return store.dictionaryName;
     std::error_code ec;
     const fs::path file = fs::absolute(fs::path(store.dictionaryPath), ec);
-    if (!store.dictionariesFolder.empty() &&
-        fs::weakly_canonical(file.parent_path(), ec) ==
-            fs::weakly_canonical(fs::path(store.dictionariesFolder), ec))
+    if (fs::weakly_canonical(file.parent_path(), ec) ==
+        fs::weakly_canonical(fs::path(store.dictionariesFolder), ec))
         return file.filename().string();
     return file.lexically_normal().string();
 }
