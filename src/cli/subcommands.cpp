@@ -100,8 +100,9 @@ const std::vector<Subcommand>& subcommands() {
          cmdMerge},
         {"check", "check FILE",
          "Reports every problem a user should know of: values the file format cannot hold,\n"
-         "layout strings that do not parse, codes not in the word's sign library, missing sign\n"
-         "pictures, and a record that ends the load early (with its line). Exit 1 when any.\n",
+         "layouts that do not parse or cannot be drawn, codes not in the word's sign library,\n"
+         "missing sign pictures, lines that are not UTF-8 (read as Windows-1252), and a record\n"
+         "that ends the load early (with its line). Exit 1 when any.\n",
          cmdCheck},
         {"sort",
          "sort FILE --by meaning|translit|classic|gardiner|comment [--reverse] [--case] [--method "
