@@ -10,6 +10,7 @@
 #include "display/render.h"
 
 #include <iostream>
+#include <map>
 #include <set>
 
 namespace fs = std::filesystem;
@@ -17,9 +18,25 @@ namespace fs = std::filesystem;
 namespace nebkaro::cli {
 
 namespace {
+struct CachedPictures : SignPictures {
+    explicit CachedPictures(SignPictures& from) : from_(from) {}
+    SignPicture picture(const std::string& library, const std::string& direction,
+                        const std::string& code) override {
+        const std::string key = library + '\n' + direction + '\n' + code;
+        auto it = cache_.find(key);
+        if (it == cache_.end())
+            it = cache_.emplace(key, from_.picture(library, direction, code)).first;
+        return it->second;
+    }
+
+private:
+    SignPictures& from_;
+    std::map<std::string, SignPicture> cache_;
+};
+
 const char* const kFieldNames[] = {"direction",       "library", "layout", "Gardiner notation",
                                    "transliteration", "meaning", "comment"};
-}
+} // namespace
 
 int cmdCheck(const fs::path& home, const std::vector<std::string>& argv) {
     Args a(argv, {}, {});
@@ -56,8 +73,10 @@ int cmdCheck(const fs::path& home, const std::vector<std::string>& argv) {
 
     ConsoleApp c(home);
     // Each word is drawn as the window draws it, which finds what parsing alone does not
-    // (numbers that overflow once the signs are placed).
-    App& app = c.app;
+    // (numbers that overflow once the signs are placed). A sign's picture is looked at once.
+    CachedPictures pictures(c.pictures);
+    App app(c.dialogs, c.clipboard, c.events, pictures, c.files);
+    app.home = home;
     const std::size_t wordCount = parsed.words.size();
     app.store.rowsForBulk(0) = parsed.words;
     app.store.lastIndex = static_cast<int>(wordCount) - 1;
@@ -113,7 +132,7 @@ int cmdCheck(const fs::path& home, const std::vector<std::string>& argv) {
             if (!g.used()) continue;
             if (list && list->findSign(*g.code) == 0)
                 report(where + ": code '" + *g.code + "' is not in the " + library + " sign list");
-            const SignPicture pic = c.pictures.picture(library, direction, *g.code);
+            const SignPicture pic = pictures.picture(library, direction, *g.code);
             if (!pic.ok && missingReported.insert(pic.file.string()).second)
                 report(where + ": sign picture missing or unreadable: " + pic.file.string());
         }
