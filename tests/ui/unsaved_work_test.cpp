@@ -549,9 +549,11 @@ private Q_SLOTS:
             return relative;
         };
         const QString killed = temp(gone), running = temp(::getppid());
+        p.folder.write("Dictionaries/.Words.nkd.Ab12Cd", "not ours"); // another program's
         p.click("cmdSave");
         QVERIFY(!p.folder.exists(killed));
         QVERIFY(p.folder.exists(running));
+        QVERIFY(p.folder.exists("Dictionaries/.Words.nkd.Ab12Cd"));
     }
 
     // The settings name a dictionary inside the Dictionaries folder or by its full path.
