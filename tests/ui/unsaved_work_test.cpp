@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QDesktopServices>
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -17,6 +18,7 @@
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTest>
+#include <QUrl>
 
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -76,6 +78,13 @@ std::size_t asked(const std::string& kind) {
 
 class UnsavedWorkTest : public QObject {
     Q_OBJECT
+public Q_SLOTS:
+    // Stands in for the desktop's picture program.
+    void openPicture(const QUrl& url) { handedOver_ = url.toLocalFile(); }
+
+private:
+    QString handedOver_;
+
 private Q_SLOTS:
     void init() {
         QtDialogs::setMode(QtDialogs::Mode::Scripted);
@@ -554,6 +563,19 @@ private Q_SLOTS:
         QVERIFY(!p.folder.exists(killed));
         QVERIFY(p.folder.exists(running));
         QVERIFY(p.folder.exists("Dictionaries/.Words.nkd.Ab12Cd"));
+    }
+
+    void thePictureForThePaintProgramGoesWithTheProgram() {
+        {
+            Program p;
+            p.folder.settings(false, false);
+            QVERIFY(p.startAndShow());
+            QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "openPicture");
+            p.action("mnuCopyToPaint")->trigger();
+            QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+            QVERIFY(QFile::exists(handedOver_));
+        }
+        QVERIFY(!QFile::exists(handedOver_));
     }
 
     // The settings name a dictionary inside the Dictionaries folder or by its full path.
