@@ -196,8 +196,8 @@ LoadOutcome LoadDictionary(App& app) {
                 std::to_string(parsed.stopLine) + " holds a word whose direction '" +
                 parsed.stopRecord[FieldDirection] +
                 "' is neither R nor L, and the words from there on were not read (" +
-                std::to_string(wordsRead) +
-                " words loaded).\r\nSaving over this file asks first, as it would lose them.",
+                std::to_string(wordsRead) + (wordsRead == 1 ? " word" : " words") +
+                " loaded).\r\nSaving over this file asks first, as it would lose them.",
             "Dictionary Not Fully Loaded", Buttons::OK, Icon::Exclamation);
     }
     if (!app.loadConvertedLines.empty())
