@@ -278,8 +278,8 @@ bool saveDictionary(App& app, bool replaceConfirmed) {
             "'" + store.dictionaryPath + "' was only partly loaded: it holds words after line " +
             std::to_string(app.loadStoppedAtLine) +
             " that are not in the dictionary now. Saving replaces the file with the " +
-            std::to_string(store.lastIndex + 1) + " words loaded, and the others are lost." +
-            "\r\nSave over it anyway?";
+            std::to_string(store.lastIndex + 1) + " words the dictionary holds, and the others " +
+            "are lost." + "\r\nSave over it anyway?";
         if (app.dialogs.message(prompt, "Save", Buttons::YesNo, Icon::Exclamation) != Answer::Yes)
             return false;
     } else if (!replaceConfirmed && fs::exists(target, ec) &&
