@@ -11,6 +11,7 @@
 // cancelled. Once the first word is drawn the main window is saved as a PNG picture and the
 // program ends without asking or writing anything.
 #include "core/app.h"
+#include "core/errors.h"
 #include "core/files.h"
 #include "editing/word_editing.h"
 #include "ui/main_window.h"
@@ -90,7 +91,14 @@ int main(int argc, char** argv) {
             .absolutePath();
 
     const QString font = home + QStringLiteral("/Fonts/Transliteration.ttf");
-    if (QFontDatabase::addApplicationFont(font) < 0)
+    // Read as every program file is read (a regular file, a size limit), then handed over.
+    QByteArray fontBytes;
+    try {
+        const std::string bytes = readFileBytes(font.toStdString(), 32u << 20);
+        fontBytes = QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    } catch (const RunError&) {
+    }
+    if (QFontDatabase::addApplicationFontFromData(fontBytes) < 0)
         std::cerr << "nebkaro: the Transliteration font could not be loaded from "
                   << font.toStdString() << "; transliterations show in plain letters\n";
     // Desktops without an icon theme of their own still find the common one.

@@ -10,6 +10,7 @@
 #include "display/render.h"
 
 #include <iostream>
+#include <map>
 #include <set>
 
 namespace fs = std::filesystem;
@@ -17,9 +18,25 @@ namespace fs = std::filesystem;
 namespace nebkaro::cli {
 
 namespace {
+struct CachedPictures : SignPictures {
+    explicit CachedPictures(SignPictures& from) : from_(from) {}
+    SignPicture picture(const std::string& library, const std::string& direction,
+                        const std::string& code) override {
+        const std::string key = library + '\n' + direction + '\n' + code;
+        auto it = cache_.find(key);
+        if (it == cache_.end())
+            it = cache_.emplace(key, from_.picture(library, direction, code)).first;
+        return it->second;
+    }
+
+private:
+    SignPictures& from_;
+    std::map<std::string, SignPicture> cache_;
+};
+
 const char* const kFieldNames[] = {"direction",       "library", "layout", "Gardiner notation",
                                    "transliteration", "meaning", "comment"};
-}
+} // namespace
 
 int cmdCheck(const fs::path& home, const std::vector<std::string>& argv) {
     Args a(argv, {}, {});
@@ -33,12 +50,16 @@ int cmdCheck(const fs::path& home, const std::vector<std::string>& argv) {
 
     // The reader's own verdict first, with the line where a load would stop.
     ParsedDictionary parsed;
+    std::vector<int> converted;
     try {
-        parsed = ReadDictionaryText(text::decodeFileText(readFileBytes(fs::path(file))),
+        parsed = ReadDictionaryText(text::decodeFileText(readFileBytes(fs::path(file)), &converted),
                                     DictionaryStore::MaxWordIndex + 1);
     } catch (const RunError& e) {
         throw Failure("'" + file + "' cannot be loaded: " + e.report());
     }
+    for (int line : converted)
+        report("line " + std::to_string(line) +
+               ": not UTF-8 text, read as Windows-1252 (saving writes it as UTF-8)");
     if (parsed.stoppedEarly)
         report("line " + std::to_string(parsed.stopLine) + ": the load stops here: direction '" +
                parsed.stopRecord[0] + "' is neither R nor L; the words after it are not loaded");
@@ -51,6 +72,14 @@ int cmdCheck(const fs::path& home, const std::vector<std::string>& argv) {
             report("header value " + std::to_string(f) + ": holds a double quote or a line break");
 
     ConsoleApp c(home);
+    // Each word is drawn as the window draws it, which finds what parsing alone does not
+    // (numbers that overflow once the signs are placed). A sign's picture is looked at once.
+    CachedPictures pictures(c.pictures);
+    App app(c.dialogs, c.clipboard, c.events, pictures, c.files);
+    app.home = home;
+    const std::size_t wordCount = parsed.words.size();
+    app.store.rowsForBulk(0) = parsed.words;
+    app.store.lastIndex = static_cast<int>(wordCount) - 1;
     SignLists lists[2];
     bool listLoaded[2] = {false, false};
     std::string listError[2];
@@ -61,7 +90,7 @@ int cmdCheck(const fs::path& home, const std::vector<std::string>& argv) {
             try {
                 LoadSignList(lists[k], home, basic);
             } catch (const ProgramFileError& e) {
-                listError[k] = e.message();
+                listError[k] = e.problem();
                 report(listError[k]);
             }
         }
@@ -69,7 +98,7 @@ int cmdCheck(const fs::path& home, const std::vector<std::string>& argv) {
     };
 
     std::set<std::string> missingReported;
-    for (std::size_t w = 0; w < parsed.words.size(); ++w) {
+    for (std::size_t w = 0; w < wordCount; ++w) {
         const WordRecord& word = parsed.words[w];
         const std::string where = "word " + std::to_string(w);
         for (int f = 0; f < FieldCount; ++f)
@@ -86,6 +115,15 @@ int cmdCheck(const fs::path& home, const std::vector<std::string>& argv) {
                    "' does not parse: " + e.report());
             continue;
         }
+        app.store.currentIndex = static_cast<int>(w);
+        RenderWord(app);
+        if (!app.view.drawProblem.empty()) {
+            const std::string& why = app.view.drawProblem;
+            const std::size_t open = why.rfind(" (");
+            report(where + ": the layout '" + word[FieldLayout] + "' cannot be drawn: " +
+                   (open == std::string::npos ? why : why.substr(open + 2, why.size() - open - 3)));
+            continue;
+        }
         const bool basic = word[FieldLibrary] == "B";
         const SignLists* list = listFor(basic);
         const std::string library = libraryFolder(word[FieldLibrary]);
@@ -94,12 +132,12 @@ int cmdCheck(const fs::path& home, const std::vector<std::string>& argv) {
             if (!g.used()) continue;
             if (list && list->findSign(*g.code) == 0)
                 report(where + ": code '" + *g.code + "' is not in the " + library + " sign list");
-            const SignPicture pic = c.pictures.picture(library, direction, *g.code);
+            const SignPicture pic = pictures.picture(library, direction, *g.code);
             if (!pic.ok && missingReported.insert(pic.file.string()).second)
                 report(where + ": sign picture missing or unreadable: " + pic.file.string());
         }
     }
-    if (problems == 0) std::cout << "no problems found in " << parsed.words.size() << " words\n";
+    if (problems == 0) std::cout << "no problems found in " << wordCount << " words\n";
     return problems ? 1 : 0;
 }
 

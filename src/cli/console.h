@@ -28,6 +28,8 @@ struct ConsoleApp {
     FolderSignPictures pictures;
     AtomicFileWriter files;
     App app{dialogs, clipboard, events, pictures, files};
+    // The command writes a file: a dictionary that loaded only in part is refused.
+    bool writes = true;
 };
 
 } // namespace nebkaro::cli

@@ -3,6 +3,7 @@
 #include "cli/args.h"
 #include "cli/console.h"
 #include "cli/subcommands.h"
+#include "core/errors.h"
 #include "core/files.h"
 #include "editing/word_editing.h"
 #include "exchange/word_exchange.h"
@@ -35,11 +36,11 @@ void loadTables(ConsoleApp& c, const fs::path& home) {
 }
 
 std::string readText(const std::string& file) {
-    std::ifstream in(file, std::ios::binary);
-    if (!in) throw Failure("cannot read " + file);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
+    try {
+        return readFileBytes(fs::path(file));
+    } catch (const RunError& e) {
+        throw Failure("cannot read " + file + ": " + e.description());
+    }
 }
 
 } // namespace

@@ -28,6 +28,15 @@ void loadDictionary(ConsoleApp& c, const std::string& file, bool merge) {
             c.dialogs.shown.size() > before ? c.dialogs.shown[before] : "unreadable";
         throw Failure("'" + file + "' could not be read: " + why);
     }
+    if (app.loadStoppedAtLine) {
+        const std::string what =
+            "'" + file + "' was only partly loaded: the word on line " +
+            std::to_string(app.loadStoppedAtLine) +
+            " has a direction other than R or L, and the words from there on were not read";
+        // Writing the shorter dictionary anywhere would pass it off as the whole one.
+        if (c.writes) throw Failure(what + "; nothing written");
+        std::cerr << "nebkaro-cli: " << what << "\n";
+    }
 }
 
 void writeDictionary(ConsoleApp& c, const std::string& out) {
@@ -91,8 +100,9 @@ const std::vector<Subcommand>& subcommands() {
          cmdMerge},
         {"check", "check FILE",
          "Reports every problem a user should know of: values the file format cannot hold,\n"
-         "layout strings that do not parse, codes not in the word's sign library, missing sign\n"
-         "pictures, and a record that ends the load early (with its line). Exit 1 when any.\n",
+         "layouts that do not parse or cannot be drawn, codes not in the word's sign library,\n"
+         "missing sign pictures, lines that are not UTF-8 (read as Windows-1252), and a record\n"
+         "that ends the load early (with its line). Exit 1 when any.\n",
          cmdCheck},
         {"sort",
          "sort FILE --by meaning|translit|classic|gardiner|comment [--reverse] [--case] [--method "
@@ -175,6 +185,7 @@ int cmdInfo(const fs::path& home, const std::vector<std::string>& argv) {
     Args a(argv, {}, {});
     if (a.positional().size() != 1) throw Usage("info takes one FILE");
     ConsoleApp c(home);
+    c.writes = false;
     loadDictionary(c, a.positional()[0], false);
     const DictionaryStore& s = c.app.store;
     std::cout << "header: " << (s.hasHeader ? "yes" : "no") << "\n";
@@ -189,6 +200,7 @@ int cmdShow(const fs::path& home, const std::vector<std::string>& argv) {
     Args a(argv, {}, {});
     if (a.positional().size() != 2) throw Usage("show takes FILE INDEX");
     ConsoleApp c(home);
+    c.writes = false;
     loadDictionary(c, a.positional()[0], false);
     const int index = wordIndex(c, a.positional()[1]);
     for (int f = 0; f < FieldCount; ++f)

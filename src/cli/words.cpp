@@ -28,6 +28,7 @@ int searchBySigns(const fs::path& home, const Args& a) {
         ReadSignQuery(c.app.lists, a.positional()[1], a.flag("--ignore-variants"));
     if (!r.unknown.empty()) throw Usage(r.unknown + " was not found");
     if (r.query.codes.empty()) throw Usage("You must write something in the search box");
+    c.writes = false;
     loadDictionary(c, a.positional()[0], false);
     std::vector<int> found;
     if (a.flag("--all")) {
@@ -62,6 +63,7 @@ int cmdSearch(const fs::path& home, const std::vector<std::string>& argv) {
         it->second == FieldTranslit ? PlainFromScholarly(a.positional()[1]) : a.positional()[1];
     if (textValue.empty()) throw Usage("You must write something in the search box");
     ConsoleApp c(home);
+    c.writes = false;
     loadDictionary(c, a.positional()[0], false);
     if (a.flag("--case") && a.flag("--ignore-case"))
         throw Usage("--case and --ignore-case exclude each other");
@@ -92,6 +94,7 @@ int cmdGuess(const fs::path& home, const std::vector<std::string>& argv) {
     ConsoleApp c(home);
     InstallEditing(c.app);
     LoadPhonetic(c.app.lists, home);
+    c.writes = false;
     loadDictionary(c, a.positional()[0], false);
     c.app.store.currentIndex = wordIndex(c, a.positional()[1]);
     RenderWord(c.app);

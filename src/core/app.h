@@ -14,6 +14,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <vector>
 
 namespace nebkaro {
 
@@ -135,6 +136,19 @@ struct App {
     // The next load appends; the next save writes a header-only file.
     bool mergeMode = false;
     bool newDictionaryMode = false;
+
+    // What the last load (open or merge) left out or changed: the line of the word whose
+    // direction stopped it (0 when it read to the end), and the lines that were not UTF-8.
+    int loadStoppedAtLine = 0;
+    std::vector<int> loadConvertedLines;
+    // The file the dictionary was read from or last saved to; a save that would replace any
+    // other existing file asks first. While it holds more words than were loaded (the load
+    // stopped early), saving over it asks too.
+    std::string dictionaryFile;
+    bool dictionaryFileLonger = false;
+    // The dictionary as the settings file names it (a name in the Dictionaries folder or a
+    // full path), kept for the next start while no dictionary could be opened.
+    std::string rememberedDictionary;
 
     // Set by the progress dialog's Cancel; long loops test it after yielding.
     bool sortCancelled = false;

@@ -131,7 +131,9 @@ LoadOutcome LoadDictionary(App& app) {
     DictionaryStore& store = app.store;
     const fs::path path = resolveCaseBlind(fs::path(store.dictionaryPath));
     std::error_code ec;
-    if (!fs::is_regular_file(path, ec)) {
+    // Something that is there but is no file (a pipe, a device, a folder) fails as a load
+    // does, with the reason.
+    if (!fs::exists(path, ec)) {
         const std::string prompt = "The dictionary: '" + store.dictionaryPath + "' was not found." +
                                    "\r\nClick 'OK' to load another dictionary" +
                                    "\r\nClick 'Cancel' to Quit";
@@ -144,9 +146,10 @@ LoadOutcome LoadDictionary(App& app) {
         return LoadOutcome::NotFound;
     }
     ParsedDictionary parsed;
+    std::vector<int> converted;
     const int start = app.mergeMode ? store.lastIndex + 1 : 0;
     try {
-        parsed = ReadDictionaryText(text::decodeFileText(readFileBytes(path)),
+        parsed = ReadDictionaryText(text::decodeFileText(readFileBytes(path), &converted),
                                     DictionaryStore::MaxWordIndex + 1 - std::max(start, 0));
     } catch (const RunError& e) {
         app.dialogs.message(e.report(), "Dictionary Not Loaded", Buttons::OK, Icon::Critical);
@@ -162,12 +165,12 @@ LoadOutcome LoadDictionary(App& app) {
         store.hasHeader = false;
     }
     int counter = std::max(start, 0);
+    const int wordsRead = static_cast<int>(parsed.words.size());
     if (!app.mergeMode) {
         store.clear();
-        const int n = static_cast<int>(parsed.words.size());
         auto& rows = store.rowsForBulk(0);
         rows = std::move(parsed.words);
-        counter = n;
+        counter = wordsRead;
     } else {
         for (auto& w : parsed.words) store.setRow(counter++, std::move(w));
     }
@@ -177,14 +180,68 @@ LoadOutcome LoadDictionary(App& app) {
     }
     store.lastIndex = counter - 1;
     store.currentIndex = 0;
+    app.loadStoppedAtLine = parsed.stoppedEarly ? parsed.stopLine : 0;
+    app.loadConvertedLines = std::move(converted);
     if (!app.mergeMode) store.untitled = false;
+    // Save writes to the file just read, a merged one too: it holds no word the store does
+    // not, unless its load stopped early.
+    app.dictionaryFile = path.string();
+    app.dictionaryFileLonger = parsed.stoppedEarly;
     app.renderWord(app);
     app.windows->setCaption(CaptionText(app));
     store.isChanged = app.mergeMode;
+    if (parsed.stoppedEarly) {
+        app.dialogs.message(
+            "Only part of '" + path.string() + "' was loaded: line " +
+                std::to_string(parsed.stopLine) + " holds a word whose direction '" +
+                parsed.stopRecord[FieldDirection] +
+                "' is neither R nor L, and the words from there on were not read (" +
+                std::to_string(wordsRead) + (wordsRead == 1 ? " word" : " words") +
+                " loaded).\r\nSaving over this file asks first, as it would lose them.",
+            "Dictionary Not Fully Loaded", Buttons::OK, Icon::Exclamation);
+    }
+    if (!app.loadConvertedLines.empty())
+        app.windows->showStatus(ConvertedLinesText(app.loadConvertedLines));
     return LoadOutcome::Loaded;
 }
 
+std::string ConvertedLinesText(const std::vector<int>& lines) {
+    std::string t = lines.size() == 1 ? "Line " : "Lines ";
+    const std::size_t shown = std::min<std::size_t>(lines.size(), 10);
+    for (std::size_t i = 0; i < shown; ++i) t += (i ? ", " : "") + std::to_string(lines[i]);
+    if (lines.size() > shown) t += " and " + std::to_string(lines.size() - shown) + " more";
+    t += lines.size() == 1 ? " was" : " were";
+    return t + " not UTF-8 text and read as Windows-1252";
+}
+
+std::string FailedSaveText(const std::string& path, const RunError& e) {
+    return "'" + path + "' could not be saved: " + e.description() +
+           "\r\nThe dictionary is still open; nothing in it was lost.";
+}
+
+namespace {
+bool sameFile(const fs::path& a, const fs::path& b) {
+    if (b.empty()) return false;
+    std::error_code ec;
+    if (fs::equivalent(a, b, ec)) return true;
+    return fs::weakly_canonical(a, ec) == fs::weakly_canonical(b, ec);
+}
+
+// What a failed write says: which file, why, and that nothing is lost yet.
+void reportFailedSave(App& app, const RunError& e) {
+    app.dialogs.message(FailedSaveText(app.store.dictionaryPath, e), "", Buttons::OK,
+                        Icon::Critical);
+}
+
+bool saveDictionary(App& app, bool replaceConfirmed);
+} // namespace
+
 bool SaveDictionary(App& app) {
+    return saveDictionary(app, false);
+}
+
+namespace {
+bool saveDictionary(App& app, bool replaceConfirmed) {
     DictionaryStore& store = app.store;
     if (store.untitled) {
         SaveDictionaryDialog(app);
@@ -208,22 +265,40 @@ bool SaveDictionary(App& app) {
         if (app.dialogs.message(prompt, "Save", Buttons::YesNo, Icon::Exclamation) != Answer::Yes)
             return false;
     }
+    fs::path target;
+    try {
+        target = saveTarget(fs::path(store.dictionaryPath));
+    } catch (const RunError& e) {
+        reportFailedSave(app, e);
+        return false;
+    }
+    std::error_code ec;
+    if (app.dictionaryFileLonger && sameFile(target, app.dictionaryFile)) {
+        const std::string prompt =
+            "'" + store.dictionaryPath + "' was only partly loaded: it holds words after line " +
+            std::to_string(app.loadStoppedAtLine) +
+            " that are not in the dictionary now. Saving replaces the file with the " +
+            std::to_string(store.lastIndex + 1) + " words the dictionary holds, and the others " +
+            "are lost." + "\r\nSave over it anyway?";
+        if (app.dialogs.message(prompt, "Save", Buttons::YesNo, Icon::Exclamation) != Answer::Yes)
+            return false;
+    } else if (!replaceConfirmed && fs::exists(target, ec) &&
+               !sameFile(target, app.dictionaryFile)) {
+        const std::string prompt = "'" + store.dictionaryPath +
+                                   "' already exists and is another file than the dictionary "
+                                   "open now.\r\nDo you want to replace it?";
+        if (app.dialogs.message(prompt, "Save", Buttons::YesNo, Icon::Exclamation) != Answer::Yes)
+            return false;
+    }
     const std::string content = DictionaryFileText(store, withWords);
     try {
         app.files.write(fs::path(store.dictionaryPath), content);
     } catch (const RunError& e) {
-        if (e.number() == PathNotFound || e.number() == FileNotFound) {
-            app.dialogs.message("The file: '" + store.dictionaryPath +
-                                    "' was not found. The program will stop",
-                                "", Buttons::OK, Icon::Critical);
-        } else if (e.number() == PathFileAccess) {
-            app.dialogs.message(e.description() + ": The file may be 'Read Only'", "", Buttons::OK,
-                                Icon::Critical);
-        } else {
-            app.dialogs.message(e.description(), "", Buttons::OK, Icon::Critical);
-        }
+        reportFailedSave(app, e);
         return false;
     }
+    app.dictionaryFile = target.string();
+    app.dictionaryFileLonger = false;
     if (app.newDictionaryMode) {
         store.emptyAfterNewDictionary();
         app.newDictionaryMode = false;
@@ -232,6 +307,7 @@ bool SaveDictionary(App& app) {
     store.isChanged = false;
     return true;
 }
+} // namespace
 
 bool ConfirmHeader(App& app, DictionaryHeader& boxes) {
     if (boxes[0] == "R" || boxes[0] == "L") {
@@ -301,7 +377,9 @@ void SaveDictionaryDialog(App& app) {
     store.dictionaryPath = chosen->string();
     store.dictionaryName = chosen->filename().string();
     store.untitled = false;
-    SaveDictionary(app);
+    // The file dialog has asked about replacing the name chosen; a ".csv" name saves under
+    // another name, which it has not.
+    saveDictionary(app, NkdPath(chosen->string()) == chosen->string());
     app.windows->setCaption(CaptionText(app));
 }
 

@@ -52,10 +52,17 @@ std::string CaptionText(const App& app);
 
 enum class LoadOutcome { Loaded, Failed, NotFound };
 // Reads app.store.dictionaryPath into the store (appending when app.mergeMode). On failure the
-// store is left exactly as it was and the user is told.
+// store is left exactly as it was and the user is told. A load that stopped early says so; the
+// lines read as Windows-1252 are named in the status bar (ConvertedLinesText).
 LoadOutcome LoadDictionary(App& app);
+class RunError;
+// What a failed save says: the file, the reason, and that the dictionary is still open.
+std::string FailedSaveText(const std::string& path, const RunError& e);
+// "Lines 3, 7 were not UTF-8 text and read as Windows-1252"
+std::string ConvertedLinesText(const std::vector<int>& lines);
 // Stores the word on show, then writes the store to dictionaryPath. True when written. An
-// untitled dictionary asks where to save first.
+// untitled dictionary asks where to save first. Replacing an existing file other than the one
+// the dictionary came from, or the file a load stopped early in, asks Yes/No first.
 bool SaveDictionary(App& app);
 
 // Before the dictionary is replaced or closed: when the store changed or the word on show has

@@ -35,11 +35,17 @@ std::string RunError::report() const {
     return std::to_string(number_) + "  " + description_;
 }
 
-ProgramFileError::ProgramFileError(std::string path)
-    : std::runtime_error("program file missing: " + path), path_(std::move(path)) {}
+ProgramFileError::ProgramFileError(std::string path, std::string reason)
+    : std::runtime_error("program file missing: " + path), path_(std::move(path)),
+      reason_(std::move(reason)) {}
+
+std::string ProgramFileError::problem() const {
+    if (reason_.empty()) return "The file: '" + path_ + "' was not found";
+    return "The file: '" + path_ + "' could not be read (" + reason_ + ")";
+}
 
 std::string ProgramFileError::message() const {
-    return "The file: '" + path_ + "' was not found. The program will stop";
+    return problem() + ". The program will stop";
 }
 
 } // namespace nebkaro

@@ -37,12 +37,17 @@ private:
 // be read: the program shows the message and ends.
 class ProgramFileError : public std::runtime_error {
 public:
-    explicit ProgramFileError(std::string path);
+    // reason: why a file that is there could not be read; empty when it is missing.
+    explicit ProgramFileError(std::string path, std::string reason = {});
     const std::string& path() const { return path_; }
+    // The message shown before the program ends.
     std::string message() const;
+    // The same without the ending, for a report that goes on.
+    std::string problem() const;
 
 private:
     std::string path_;
+    std::string reason_;
 };
 
 } // namespace nebkaro

@@ -3,8 +3,12 @@
 #include "core/errors.h"
 #include "core/text.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
+#include <cstring>
 #include <fcntl.h>
 #include <fstream>
 #include <random>
@@ -48,49 +52,160 @@ int errorForErrno(int e, const fs::path& path) {
         return PathFileAccess;
     }
 }
+
+std::string quoted(const fs::path& path) {
+    return "'" + path.string() + "'";
+}
+
+// A write error that says which file and why.
+[[noreturn]] void writeFailed(int e, const fs::path& path) {
+    const int number = errorForErrno(e, path);
+    switch (number) {
+    case PathNotFound:
+    case FileNotFound:
+        throw RunError(PathNotFound,
+                       "Path not found: the folder of " + quoted(path) + " does not exist");
+    case DiskFull:
+        throw RunError(DiskFull, "Disk full: " + quoted(path) + " could not be written");
+    default:
+        if (e == EACCES || e == EPERM || e == EROFS)
+            throw RunError(PathFileAccess,
+                           "Path/File access error: " + quoted(path) + " may be 'Read Only'");
+        throw RunError(PathFileAccess,
+                       "Path/File access error: " + quoted(path) + ": " + std::strerror(e));
+    }
+}
+
+[[noreturn]] void notRegular(const fs::path& path) {
+    throw RunError(PathFileAccess,
+                   quoted(path) + " is not a regular file (a folder, a device or a pipe)");
+}
 } // namespace
 
-std::string readFileBytes(const fs::path& path) {
-    std::error_code ec;
-    if (fs::is_directory(path, ec)) throw RunError(PathFileAccess);
-    std::FILE* f = std::fopen(path.c_str(), "rb");
-    if (!f) throw RunError(errorForErrno(errno, path));
-    std::string data;
-    // One read of the whole file where its size is known; a file that grows meanwhile, or a
-    // special file, is read on in blocks.
+std::string readFileBytes(const fs::path& path, std::uintmax_t limit) {
+    // The kind of file is known before it is opened: opening a pipe for reading would wait
+    // for a writer.
     struct stat st;
-    if (::fstat(::fileno(f), &st) == 0 && st.st_size > 0) {
-        data.resize(static_cast<std::size_t>(st.st_size));
-        data.resize(std::fread(data.data(), 1, data.size(), f));
+    if (::stat(path.c_str(), &st) != 0) throw RunError(errorForErrno(errno, path));
+    if (!S_ISREG(st.st_mode)) notRegular(path);
+    const int fd = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    if (fd < 0) throw RunError(errorForErrno(errno, path));
+    auto fail = [&](RunError e) {
+        ::close(fd);
+        throw e;
+    };
+    // Replaced by something else between the look and the opening.
+    if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
+        ::close(fd);
+        notRegular(path);
     }
-    char buf[1 << 16];
-    std::size_t n;
-    while ((n = std::fread(buf, 1, sizeof buf, f)) > 0) data.append(buf, n);
-    bool bad = std::ferror(f);
-    std::fclose(f);
-    if (bad) throw RunError(PathFileAccess);
+    const auto tooLarge = [&] {
+        return RunError(PathFileAccess, quoted(path) + " is larger than " +
+                                            std::to_string(limit >> 20) +
+                                            " MB, more than the program reads");
+    };
+    if (static_cast<std::uintmax_t>(st.st_size) > limit) fail(tooLarge());
+    std::string data;
+    data.resize(static_cast<std::size_t>(st.st_size));
+    std::size_t done = 0;
+    // A file that grows meanwhile is read on, up to the limit.
+    for (;;) {
+        if (done == data.size()) {
+            if (done > limit) fail(tooLarge());
+            data.resize(static_cast<std::size_t>(
+                std::min<std::uintmax_t>(std::max<std::size_t>(done * 2, 1 << 16), limit + 1)));
+        }
+        const ssize_t n = ::read(fd, data.data() + done, data.size() - done);
+        if (n < 0) {
+            if (errno == EINTR) continue;
+            fail(RunError(PathFileAccess));
+        }
+        if (n == 0) break;
+        done += static_cast<std::size_t>(n);
+    }
+    ::close(fd);
+    data.resize(done);
+    if (done > limit) throw tooLarge();
     return data;
 }
 
-void AtomicFileWriter::write(const fs::path& path, const std::string& bytes) {
+fs::path saveTarget(const fs::path& path) {
+    fs::path p = path;
+    // Each link is resolved against its own folder; a loop ends as the system would end it.
+    for (int hops = 0;; ++hops) {
+        struct stat st;
+        if (::lstat(p.c_str(), &st) != 0) return p; // nothing there yet: a new file
+        if (S_ISLNK(st.st_mode)) {
+            if (hops == 40) throw RunError(PathFileAccess, quoted(path) + ": too many links");
+            std::error_code ec;
+            const fs::path to = fs::read_symlink(p, ec);
+            if (ec) writeFailed(ec.value(), path);
+            p = to.is_absolute() ? to : p.parent_path() / to;
+            continue;
+        }
+        if (!S_ISREG(st.st_mode)) notRegular(path);
+        return p;
+    }
+}
+
+std::string temporaryNamePattern(const std::string& fileName, long pid) {
+    return "." + fileName + ".nebkaro-" + std::to_string(pid) + "-XXXXXX";
+}
+
+namespace {
+// The process id in a name made from temporaryNamePattern, or 0 when the name is not one.
+long temporaryNamePid(const std::string& name) {
+    if (name.size() < 2 || name[0] != '.') return 0;
+    const std::size_t tag = name.rfind(".nebkaro-");
+    if (tag == std::string::npos || tag == 0) return 0;
+    const std::size_t digits = tag + 9;
+    const std::size_t dash = name.find('-', digits);
+    if (dash == std::string::npos || dash == digits || name.size() - dash - 1 != 6) return 0;
+    long pid = 0;
+    for (std::size_t i = digits; i < dash; ++i) {
+        if (name[i] < '0' || name[i] > '9' || dash - digits > 9) return 0;
+        pid = pid * 10 + (name[i] - '0');
+    }
+    for (std::size_t i = dash + 1; i < name.size(); ++i)
+        if (!std::isalnum(static_cast<unsigned char>(name[i]))) return 0;
+    return pid;
+}
+
+bool processRuns(long pid) {
+    return ::kill(static_cast<pid_t>(pid), 0) == 0 || errno == EPERM;
+}
+} // namespace
+
+void removeStaleTemporaries(const fs::path& dir) {
+    std::error_code ec;
+    for (fs::directory_iterator it(dir, ec), end; !ec && it != end; it.increment(ec)) {
+        const long pid = temporaryNamePid(it->path().filename().string());
+        if (pid <= 0 || pid == static_cast<long>(::getpid()) || processRuns(pid)) continue;
+        struct stat st;
+        if (::lstat(it->path().c_str(), &st) == 0 && S_ISREG(st.st_mode))
+            ::unlink(it->path().c_str());
+    }
+}
+
+void AtomicFileWriter::write(const fs::path& requested, const std::string& bytes) {
+    const fs::path path = saveTarget(requested);
     fs::path dir = path.parent_path();
     if (dir.empty()) dir = ".";
     std::error_code ec;
-    if (!fs::is_directory(dir, ec)) throw RunError(PathNotFound);
-    if (fs::is_directory(path, ec)) throw RunError(PathFileAccess);
-    std::string hidden = ".";
-    hidden += path.filename().string();
-    hidden += ".XXXXXX";
-    const std::string tmpl = (dir / hidden).string();
+    if (!fs::is_directory(dir, ec)) writeFailed(ENOENT, path);
+    removeStaleTemporaries(dir);
+    const std::string tmpl =
+        (dir / temporaryNamePattern(path.filename().string(), static_cast<long>(::getpid())))
+            .string();
     std::vector<char> name(tmpl.begin(), tmpl.end());
     name.push_back('\0');
     int fd = mkstemp(name.data());
-    if (fd < 0) throw RunError(errorForErrno(errno, path));
+    if (fd < 0) writeFailed(errno, path);
     const fs::path tmp(name.data());
     auto fail = [&](int e) {
         ::close(fd);
         ::unlink(tmp.c_str());
-        throw RunError(errorForErrno(e, path));
+        writeFailed(e, path);
     };
     std::size_t done = 0;
     while (done < bytes.size()) {
@@ -113,13 +228,20 @@ void AtomicFileWriter::write(const fs::path& path, const std::string& bytes) {
     if (::close(fd) != 0) {
         int e = errno;
         ::unlink(tmp.c_str());
-        throw RunError(errorForErrno(e, path));
+        writeFailed(e, path);
     }
     if (::rename(tmp.c_str(), path.c_str()) != 0) {
         int e = errno;
         ::unlink(tmp.c_str());
-        throw RunError(errorForErrno(e, path));
+        writeFailed(e, path);
     }
+}
+
+bool isCodeShaped(const std::string& code) {
+    if (code.empty() || code.size() > 64 || code[0] == '.') return false;
+    for (unsigned char c : code)
+        if (c < 0x20 || c == 0x7F || c == '/' || c == '\\') return false;
+    return true;
 }
 
 bool gifSize(const std::string& bytes, int& width, int& height) {
@@ -145,15 +267,26 @@ fs::path signPicturePath(const fs::path& home, const std::string& library,
 SignPicture FolderSignPictures::picture(const std::string& library, const std::string& direction,
                                         const std::string& code) {
     SignPicture p;
+    if (!isCodeShaped(code)) {
+        // Shown as missing, under a name that points nowhere.
+        p.file = home_ / library / direction / "?.GIF";
+        p.width = p.height = EmptySlotSize;
+        return p;
+    }
     p.file = resolveCaseBlind(signPicturePath(home_, library, direction, code));
     p.width = p.height = EmptySlotSize;
     int w = 0, h = 0;
     std::string head;
-    if (std::FILE* f = std::fopen(p.file.c_str(), "rb")) {
-        char buf[16];
-        std::size_t n = std::fread(buf, 1, sizeof buf, f);
-        std::fclose(f);
-        head.assign(buf, n);
+    struct stat st;
+    // Only a regular file is opened: a pipe named like a picture would hold the window.
+    if (::stat(p.file.c_str(), &st) == 0 && S_ISREG(st.st_mode)) {
+        const int fd = ::open(p.file.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+        if (fd >= 0) {
+            char buf[16];
+            const ssize_t n = ::read(fd, buf, sizeof buf);
+            ::close(fd);
+            if (n > 0) head.assign(buf, static_cast<std::size_t>(n));
+        }
     }
     if (gifSize(head, w, h)) {
         p.width = w * 15;

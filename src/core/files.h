@@ -2,6 +2,7 @@
 // File access shared by the dictionary, settings and list readers.
 #include "core/ports.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 
@@ -11,14 +12,36 @@ namespace nebkaro {
 // case in the same folder (folder names too, level by level), otherwise the path unchanged.
 std::filesystem::path resolveCaseBlind(const std::filesystem::path& path);
 
-// Whole file as bytes; throws RunError FileNotFound / PathNotFound / PathFileAccess.
-std::string readFileBytes(const std::filesystem::path& path);
+// The most a file the program reads may hold: a full dictionary is far smaller.
+inline constexpr std::uintmax_t MaxReadBytes = 256u << 20;
 
-// Temporary file in the same folder, flushed, then renamed over the old one.
+// Whole file as bytes; throws RunError FileNotFound / PathNotFound / PathFileAccess. Only a
+// regular file is read (a pipe, device or folder is refused at once, without waiting on it),
+// and only up to limit bytes.
+std::string readFileBytes(const std::filesystem::path& path, std::uintmax_t limit = MaxReadBytes);
+
+// The file a save to path writes: a symbolic link is followed to its target (which need not
+// exist yet). Throws RunError PathFileAccess, naming the file, when something other than a
+// regular file stands there.
+std::filesystem::path saveTarget(const std::filesystem::path& path);
+
+// Temporary file in the same folder, flushed, then renamed over the old one; through a
+// symbolic link to its target. Temporary files that a killed save left in that folder are
+// removed first. Errors name the file.
 class AtomicFileWriter : public FileWriter {
 public:
     void write(const std::filesystem::path& path, const std::string& bytes) override;
 };
+
+// Removes from dir the temporary files of our saves whose writing process no longer runs
+// (their names carry the writer's process id); another running save's file stays.
+void removeStaleTemporaries(const std::filesystem::path& dir);
+// The temporary name pattern of a save to file by process pid, before mkstemp fills XXXXXX.
+std::string temporaryNamePattern(const std::string& fileName, long pid);
+
+// A sign code that can name a picture file: not empty, no path separators, no control
+// characters, not starting with a dot. Anything else never reaches the file system.
+bool isCodeShaped(const std::string& code);
 
 // The natural size of a GIF read from its header (logical screen width and height), in
 // pixels; false when the bytes are not a GIF.

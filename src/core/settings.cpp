@@ -31,7 +31,7 @@ std::string SettingsText(const Settings& s, const std::string& dictionaryName) {
 
 std::string ReadWholeFile(const fs::path& path) {
     try {
-        return text::decodeFileText(readFileBytes(path));
+        return text::decodeFileText(readFileBytes(path, MaxSettingsBytes));
     } catch (const RunError&) {
         return {};
     }
@@ -73,14 +73,42 @@ void ApplySettings(App& app, const fs::path& path) {
     app.settings.useBasicLibrary = up("Library") != "EXTENDED";
     app.settings.directionLeft = up("Direction") != "RIGHT";
     app.store.dictionaryName = GetSettingValue(t, "Dictionary Name");
+    // A name is a file in the Dictionaries folder or a full path the user chose; a relative
+    // name that climbs out of the folder was not written by this program.
+    const fs::path named(app.store.dictionaryName);
+    if (named.is_relative()) {
+        for (const auto& part : named) {
+            if (part != "..") continue;
+            app.dialogs.message("The settings file names the dictionary '" +
+                                    app.store.dictionaryName +
+                                    "', outside the Dictionaries folder; Words.nkd is "
+                                    "opened instead.",
+                                "Settings", Buttons::OK, Icon::Exclamation);
+            app.store.dictionaryName = "Words.nkd";
+            break;
+        }
+    }
     const std::string about = up("Show About");
     app.settings.showAbout = !(about == "FALSE" || about == "NO");
     const std::string info = up("Show Dictionary Info");
     app.settings.showDictionaryInfo = !(info == "FALSE" || info == "NO");
 }
 
+std::string RememberedDictionaryName(const App& app) {
+    const DictionaryStore& store = app.store;
+    if (store.untitled || store.dictionaryPath.empty())
+        return app.rememberedDictionary.empty() ? store.dictionaryName : app.rememberedDictionary;
+    if (store.dictionariesFolder.empty()) return store.dictionaryName;
+    std::error_code ec;
+    const fs::path file = fs::absolute(fs::path(store.dictionaryPath), ec);
+    if (fs::weakly_canonical(file.parent_path(), ec) ==
+        fs::weakly_canonical(fs::path(store.dictionariesFolder), ec))
+        return file.filename().string();
+    return file.lexically_normal().string();
+}
+
 void WriteSettingsFile(App& app, const fs::path& path) {
-    const std::string t = SettingsText(app.settings, app.store.dictionaryName) + "\r\n";
+    const std::string t = SettingsText(app.settings, RememberedDictionaryName(app)) + "\r\n";
     std::error_code ec;
     if (!fs::is_directory(path.parent_path(), ec)) fs::create_directories(path.parent_path(), ec);
     app.files.write(path, t);

@@ -1,5 +1,6 @@
 #pragma once
 // The five choices that outlive a run, kept in <home>/System/Settings.nks.
+#include <cstdint>
 #include <filesystem>
 #include <string>
 
@@ -16,6 +17,9 @@ struct Settings {
     int printQuality = 0;
 };
 
+// A settings file is a few lines; anything much larger is not one.
+inline constexpr std::uintmax_t MaxSettingsBytes = 1u << 20;
+
 std::filesystem::path settingsPath(const std::filesystem::path& home);
 
 // The text written for the current values (without the final extra line end added on write).
@@ -27,6 +31,9 @@ std::string ReadWholeFile(const std::filesystem::path& path);
 std::string GetSettingValue(const std::string& text, const std::string& key);
 // Defaults, then the file's values; a missing or empty file gives a notice.
 void ApplySettings(App& app, const std::filesystem::path& path);
+// The dictionary as the settings file keeps it: its file name when it is in the Dictionaries
+// folder, otherwise its full path.
+std::string RememberedDictionaryName(const App& app);
 // Writes the settings file, creating the System folder when it is missing.
 void WriteSettingsFile(App& app, const std::filesystem::path& path);
 

@@ -85,12 +85,17 @@ void ParsePhonetic(SignLists& lists, const std::string& text) {
 }
 
 namespace {
+// The longest list is a few hundred kilobytes.
+constexpr std::uintmax_t MaxListBytes = 16u << 20;
+
 template <typename Parse> void loadListFile(SignLists& lists, const fs::path& file, Parse parse) {
     const fs::path path = resolveCaseBlind(file);
     try {
-        parse(lists, text::decodeFileText(readFileBytes(path)));
-    } catch (const RunError&) {
-        throw ProgramFileError(file.string());
+        parse(lists, text::decodeFileText(readFileBytes(path, MaxListBytes)));
+    } catch (const RunError& e) {
+        if (e.number() == FileNotFound || e.number() == PathNotFound)
+            throw ProgramFileError(file.string());
+        throw ProgramFileError(file.string(), e.report());
     }
 }
 } // namespace

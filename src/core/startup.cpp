@@ -27,7 +27,11 @@ bool StartUp(App& app, const std::string& commandLine) {
     }
     DictionaryStore& store = app.store;
     store.dictionariesFolder = (app.home / "Dictionaries").string() + "/";
-    store.dictionaryPath = store.dictionariesFolder + store.dictionaryName;
+    app.rememberedDictionary = store.dictionaryName;
+    const fs::path named(store.dictionaryName);
+    store.dictionaryPath =
+        named.is_absolute() ? named.string() : store.dictionariesFolder + store.dictionaryName;
+    store.dictionaryName = fs::path(store.dictionaryPath).filename().string();
     const std::string arg = text::removeAll(commandLine, '"');
     if (!arg.empty()) {
         store.dictionaryPath = arg;

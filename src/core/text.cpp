@@ -228,8 +228,11 @@ bool isValidUtf8(std::string_view s) {
     return true;
 }
 
-std::string decodeFileText(std::string bytes) {
+std::string decodeFileText(std::string bytes, std::vector<int>* convertedLines) {
     std::string_view view(bytes);
+    if (view.substr(0, 2) == "\xFF\xFE" || view.substr(0, 2) == "\xFE\xFF")
+        throw RunError(InvalidArgument, "The file is UTF-16 text, which the program does not "
+                                        "read: save it as UTF-8 and open it again");
     if (view.substr(0, 3) == "\xEF\xBB\xBF") view.remove_prefix(3);
     if (isValidUtf8(view)) {
         // Kept as it is, without a copy, in the common case.
@@ -240,15 +243,30 @@ std::string decodeFileText(std::string bytes) {
         0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
         0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
         0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
+    // Line by line: a file that was UTF-8 until one line was added on Windows keeps its other
+    // letters; only the lines that are not UTF-8 are read as Windows-1252.
     std::string out;
     out.reserve(view.size() + view.size() / 8);
-    for (unsigned char b : view) {
-        if (b < 0x80)
-            out.push_back(static_cast<char>(b));
-        else if (b < 0xA0)
-            appendUtf8(out, high[b - 0x80]);
-        else
-            appendUtf8(out, b);
+    int line = 1;
+    while (!view.empty()) {
+        const std::size_t nl = view.find('\n');
+        const std::size_t len = nl == std::string_view::npos ? view.size() : nl + 1;
+        const std::string_view part = view.substr(0, len);
+        if (isValidUtf8(part)) {
+            out.append(part);
+        } else {
+            if (convertedLines) convertedLines->push_back(line);
+            for (unsigned char b : part) {
+                if (b < 0x80)
+                    out.push_back(static_cast<char>(b));
+                else if (b < 0xA0)
+                    appendUtf8(out, high[b - 0x80]);
+                else
+                    appendUtf8(out, b);
+            }
+        }
+        view.remove_prefix(len);
+        ++line;
     }
     return out;
 }

@@ -37,9 +37,11 @@ char32_t firstChar(std::string_view s);
 std::size_t charCount(std::string_view s);
 
 bool isValidUtf8(std::string_view bytes);
-// Bytes of a file: kept when valid UTF-8 (a leading byte-order mark dropped), otherwise read
-// as Windows-1252, the code page dictionaries made on Windows are written in.
-std::string decodeFileText(std::string bytes);
+// Bytes of a file: kept when valid UTF-8 (a leading byte-order mark dropped); a line that is
+// not valid UTF-8 is read as Windows-1252, the code page dictionaries made on Windows are
+// written in, and its number (from 1) is added to convertedLines. UTF-16 text (by its
+// byte-order mark) throws RunError InvalidArgument with a message saying so.
+std::string decodeFileText(std::string bytes, std::vector<int>* convertedLines = nullptr);
 
 // Number-to-text with a leading blank for non-negative numbers and "-" for negative ones,
 // "." as decimal point: 12 -> " 12", -3 -> "-3", 7.5 -> " 7.5".

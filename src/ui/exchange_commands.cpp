@@ -2,6 +2,7 @@
 
 #include "core/app.h"
 #include "core/errors.h"
+#include "core/files.h"
 #include "exchange/mdc.h"
 #include "exchange/word_exchange.h"
 #include "exchange/word_pages.h"
@@ -10,7 +11,6 @@
 
 #include <QAction>
 #include <QDateTime>
-#include <QFile>
 #include <QMenu>
 
 #include <filesystem>
@@ -104,11 +104,8 @@ void ExchangeCommands::importLines() {
     const auto file = app_.dialogs.openFile("MdC Lines (*.txt)|*.txt|All Files (*.*)|*.*",
                                             std::filesystem::path(app_.home) / "Dictionaries");
     if (!file) return;
-    QFile in(QString::fromStdString(file->string()));
-    if (!in.open(QIODevice::ReadOnly))
-        throw RunError(PathFileAccess, "The file '" + file->string() + "' cannot be read.");
-    const QByteArray bytes = in.readAll();
-    const ImportReport report = ImportMdcLines(app_, bytes.toStdString());
+    // Only a regular file, of a sensible size: a pipe would hold the window.
+    const ImportReport report = ImportMdcLines(app_, readFileBytes(*file));
     Q_EMIT changed();
     app_.dialogs.message(ImportReportText(report), "Import", Buttons::OK,
                          report.refused.empty() ? Icon::Information : Icon::Exclamation);

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstdio>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <tuple>
 
@@ -72,6 +73,14 @@ TEST_F(CliTest, InfoAndShow) {
 
 TEST_F(CliTest, BadInputExitsTwoWithOneLine) {
     const auto f = file("w.nkd", kWords);
+    const auto fifo = home.path() / "pipe";
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    // The load stops at line 2: writing the one word before it would lose the third.
+    const auto partial =
+        file("partial.nkd", "\"L\",\"B\",\"A1(0,0) \",\"A1\",\"i\",\"a\",\"\"\r\n"
+                            "\"x\",\"B\",\"\",\"\",\"\",\"\",\"\"\r\n"
+                            "\"L\",\"B\",\"A1(0,0) \",\"A1\",\"i\",\"b\",\"\"\r\n");
+    const auto out = (home.path() / "out.nkd").string();
     const std::pair<std::string, const char*> cases[] = {
         {"show " + f + " 2", "no word 2"},
         {"show " + f + " x", "whole number"},
@@ -79,6 +88,13 @@ TEST_F(CliTest, BadInputExitsTwoWithOneLine) {
         {"frobnicate", "unknown command"},
         {"convert " + f, "-o is required"},
         {"info " + file("empty.nkd", ""), "could not be read"},
+        {"check /dev/zero", "not a regular file"},
+        {"check " + fifo.string(), "not a regular file"},
+        {"info " + file("u16.nkd", std::string("\xFF\xFE\"\0L\0\"\0", 8)), "UTF-16"},
+        {"convert " + f + " -o " + fifo.string(), "not a regular file"},
+        {"sort " + partial + " --by meaning -o " + out, "only partly loaded"},
+        {"convert " + partial + " -o " + out, "line 2"},
+        {"merge " + f + " " + partial + " -o " + out, "nothing written"},
     };
     for (const auto& [args, msg] : cases) {
         CliRun r = cli(args, home.path());
@@ -86,6 +102,8 @@ TEST_F(CliTest, BadInputExitsTwoWithOneLine) {
         EXPECT_NE(r.err.find(msg), std::string::npos) << args << ": " << r.err;
         EXPECT_EQ(std::count(r.err.begin(), r.err.end(), '\n'), 1) << r.err;
     }
+    EXPECT_FALSE(std::filesystem::exists(out));
+    EXPECT_TRUE(std::filesystem::is_fifo(fifo));
 }
 
 TEST_F(CliTest, EveryCommandHasHelp) {
@@ -132,12 +150,16 @@ TEST_F(CliTest, CheckReportsEachKindOfProblem) {
         file("bad.nkd", "\"L\",\"B\",\"A1(0,0) - Q9(300,0) \",\"A1\",\"i\",\"x\",\"\"\r\n"
                         "\"L\",\"B\",\"A1(0 0) \",\"A1\",\"i\",\"x\",\"\"\r\n"
                         "\"L\",\"B\",\"G17(0,0) \",\"A1\",\"i\",\"a,\"b\",\"\"\r\n"
+                        "\"L\",\"B\",\"A1(40000,0) \",\"A1\",\"i\",\"caf\xE9\",\"\"\r\n"
+                        "\"L\",\"B\",\"A1(0,99999999999999999999) \",\"A1\",\"\",\"\",\"\"\r\n"
                         "\"x\",\"B\",\"\",\"\",\"\",\"\",\"\"\r\n");
     CliRun r = cli("check " + bad, home.path());
     EXPECT_EQ(r.status, 1);
     for (const char* want :
-         {"line 4: the load stops here", "code 'Q9' is not in the Basic sign list",
-          "Basic/Left/Q/Q9.GIF", "word 1: the layout", "Basic/Left/G/G17.GIF"})
+         {"line 6: the load stops here", "code 'Q9' is not in the Basic sign list",
+          "Basic/Left/Q/Q9.GIF", "word 1: the layout", "Basic/Left/G/G17.GIF",
+          "line 4: not UTF-8 text, read as Windows-1252", "word 3: the layout 'A1(40000,0) '",
+          "word 4: the layout 'A1(0,99999999999999999999) '"})
         EXPECT_NE(r.out.find(want), std::string::npos) << want << "\n" << r.out;
 }
 

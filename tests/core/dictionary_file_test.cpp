@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 using namespace nebkaro;
 using namespace nebkaro::testing;
 
@@ -60,15 +62,22 @@ TEST_F(DictionaryFileTest, TheFirstFieldDecidesWhetherThereIsAHeader) {
     }
 }
 
-TEST_F(DictionaryFileTest, ARecordWithoutADirectionEndsTheLoadWithABeep) {
+TEST_F(DictionaryFileTest, ARecordWithoutADirectionEndsTheLoadWithABeepAndAMessage) {
     const std::string text =
         std::string(kWord1) + "\"r\",\"B\",\"A1(0,0) \",\"A1\",\"x\",\"y\",\"z\"\r\n" + kWord2;
     ASSERT_EQ(load("d.nkd", text), LoadOutcome::Loaded);
     EXPECT_EQ(t.dialogs.beeps, 1);
+    ASSERT_EQ(t.dialogs.messages().size(), 1u);
+    EXPECT_NE(t.dialogs.messages()[0].find("line 2"), std::string::npos);
     EXPECT_EQ(t.app.store.lastIndex, 0);
     EXPECT_EQ(t.app.store.field(0, FieldMeaning), "reed");
     // The refused record's cells keep what was read, beyond the last word.
     EXPECT_EQ(t.app.store.field(1, FieldDirection), "r");
+    // Merged, the same file is not saved over (its path is now the one saved to) unasked.
+    ASSERT_EQ(load("m.nkd", text, true), LoadOutcome::Loaded);
+    t.dialogs.answers.push_back(Answer::No);
+    EXPECT_FALSE(SaveDictionary(t.app));
+    EXPECT_EQ(readFile(dir.path() / "m.nkd"), text);
 }
 
 TEST_F(DictionaryFileTest, AHeaderOnlyFileLoadsAsNoWords) {
@@ -117,15 +126,25 @@ TEST_F(DictionaryFileTest, AFailedLoadReportsAndKeepsTheOpenDictionary) {
         {"empty", ""},
         {"100,002 words", tooMany},
         {"binary", std::string("\0\1\2\3\"", 5)},
+        {"UTF-16", std::string("\xFF\xFE\"\0L\0\"\0,\0", 10)},
+        {"pipe", ""},
     };
+    const auto pipe = dir.path() / "pipe.nkd";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
     for (const auto& [what, bytes] : bad) {
         t.dialogs.prompts.clear();
-        EXPECT_EQ(load("bad.nkd", bytes), LoadOutcome::Failed) << what;
+        if (std::string(what) == "pipe") {
+            t.app.store.dictionaryPath = pipe.string();
+            EXPECT_EQ(LoadDictionary(t.app), LoadOutcome::Failed);
+        } else {
+            EXPECT_EQ(load("bad.nkd", bytes), LoadOutcome::Failed) << what;
+        }
         ASSERT_EQ(t.dialogs.prompts.size(), 1u) << what;
         EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Critical);
         EXPECT_EQ(t.app.store.lastIndex, 1) << what;
         EXPECT_EQ(t.app.store.field(1, FieldMeaning), "remain") << what;
     }
+    EXPECT_NE(t.dialogs.prompts[0].text.find("not a regular file"), std::string::npos);
 }
 
 TEST_F(DictionaryFileTest, AMissingDictionaryOffersAnotherOrEndsTheProgram) {
@@ -244,18 +263,17 @@ TEST_F(DictionaryFileTest, FailedWritesReportAndKeepTheDictionaryChanged) {
     App app(t.dialogs, t.clipboard, t.events, t.pictures, failing);
     app.store.dictionaryPath = "/somewhere/words.nkd";
     app.store.isChanged = true;
-    const std::pair<int, std::string> cases[] = {
-        {PathNotFound, "The file: '/somewhere/words.nkd' was not found. The program will stop"},
-        {PathFileAccess, "Path/File access error: The file may be 'Read Only'"},
-        {DiskFull, "Disk full"},
-    };
-    for (const auto& [err, msg] : cases) {
+    for (int err : {PathNotFound, PathFileAccess, DiskFull}) {
         t.dialogs.prompts.clear();
         failing.failWith = err;
         EXPECT_FALSE(SaveDictionary(app));
         ASSERT_EQ(t.dialogs.messages().size(), 1u);
-        EXPECT_EQ(t.dialogs.messages()[0], msg);
+        EXPECT_EQ(t.dialogs.messages()[0],
+                  "'/somewhere/words.nkd' could not be saved: " + errorDescription(err) +
+                      "\r\nThe dictionary is still open; nothing in "
+                      "it was lost.");
         EXPECT_TRUE(app.store.isChanged);
+        EXPECT_FALSE(app.endRequested);
     }
 }
 

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 using namespace nebkaro;
 using namespace nebkaro::testing;
 
@@ -87,6 +89,23 @@ TEST_F(StartUpTest, AMissingListEndsTheProgramAfterItsMessage) {
     EXPECT_EQ(t.dialogs.messages().back(), "The file: '" +
                                                (home.path() / "Lists" / "Phonetic.csv").string() +
                                                "' was not found. The program will stop");
+}
+
+// Files that would hold the start-up for ever (a pipe without a writer, /dev/zero) are refused
+// at once: settings fall back to their defaults; a list that is not a file ends the program
+// with the reason.
+TEST_F(StartUpTest, SpecialFilesInThePlaceOfProgramFilesNeverHoldTheStart) {
+    namespace fs = std::filesystem;
+    fs::create_directories(home.path() / "System");
+    fs::create_symlink("/dev/zero", home.path() / "System" / "Settings.nks");
+    const auto phonetic = home.path() / "Lists" / "Phonetic.csv";
+    fs::remove(phonetic);
+    ASSERT_EQ(::mkfifo(phonetic.c_str(), 0600), 0);
+    EXPECT_FALSE(StartUp(t.app, ""));
+    EXPECT_EQ(t.dialogs.prompts[0].title, "Settings not found");
+    EXPECT_EQ(t.dialogs.messages().back(),
+              "The file: '" + phonetic.string() + "' could not be read (75  '" + phonetic.string() +
+                  "' is not a regular file (a folder, a device or a pipe)). The program will stop");
 }
 
 TEST_F(StartUpTest, QuitAsksOnlyWithUnsavedWorkAndCancelWritesNoSettings) {

@@ -74,10 +74,31 @@ TEST(Split, EmptyTextHasNoPartsAndSeparatorsMakeEmptyParts) {
     EXPECT_EQ(text::split("A1--G17-", '-'), (std::vector<std::string>{"A1", "", "G17", ""}));
 }
 
-TEST(DecodeFileText, KeepsUtf8AndReadsOtherBytesAsWindows1252) {
-    EXPECT_EQ(text::decodeFileText("caf\xC3\xA9"), "café");
-    EXPECT_EQ(text::decodeFileText("caf\xE9 \x80 \x96"), "café € –");
-    EXPECT_EQ(text::decodeFileText("\xEF\xBB\xBFok"), "ok");
+TEST(DecodeFileText, KeepsUtf8LinesAndReadsOnlyTheOtherLinesAsWindows1252) {
+    const struct {
+        std::string bytes, text;
+        std::vector<int> converted;
+    } cases[] = {
+        {"caf\xC3\xA9", "café", {}},
+        {"caf\xE9 \x80 \x96", "café € –", {1}},
+        {"\xEF\xBB\xBFok", "ok", {}},
+        // One Windows line among UTF-8 ones leaves the others as they are.
+        {"\xC5\xA1n\r\ncaf\xE9\r\nr\xC3\xA9\nx\xFF", "šn\r\ncafé\r\nré\nxÿ", {2, 4}},
+    };
+    for (const auto& c : cases) {
+        std::vector<int> converted;
+        EXPECT_EQ(text::decodeFileText(c.bytes, &converted), c.text) << c.bytes;
+        EXPECT_EQ(converted, c.converted) << c.bytes;
+    }
+    // UTF-16, either byte order, is refused rather than read as a few odd letters.
+    for (const std::string bom : {"\xFF\xFE", "\xFE\xFF"}) {
+        try {
+            text::decodeFileText(bom + std::string("L\0,\0", 4));
+            ADD_FAILURE() << "UTF-16 read";
+        } catch (const RunError& e) {
+            EXPECT_NE(e.description().find("UTF-16"), std::string::npos);
+        }
+    }
 }
 
 TEST(LongDate, DayWithoutZeroAndMonthInFull) {

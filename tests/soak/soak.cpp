@@ -1,12 +1,15 @@
 // A long random walk through the program's commands with random answers to every question:
-// after each step the store must be consistent, and after each save a load must give back the
-// words that were saved. Not part of the normal suite (scripts/soak.sh runs it).
+// after each step the store must be consistent, every save must leave a file that holds every
+// word the store held, and a load must give back the words that were saved. Dictionaries with
+// layouts that do not parse, direction letters other than R and L and lines that are not UTF-8
+// are opened along the way. Not part of the normal suite (scripts/soak.sh runs it).
 //
 // usage: nebkaro_soak [STEPS] [SEED]
 #include "bulk/bulk_commands.h"
 #include "bulk/sort.h"
 #include "core/dictionary_file.h"
 #include "core/errors.h"
+#include "core/field_reader.h"
 #include "core/files.h"
 #include "core/quiet_ports.h"
 #include "display/render.h"
@@ -29,6 +32,8 @@ int pick(int n) {
 }
 
 fs::path dictionaryFile;
+// A dictionary drawn at random before some of the opens.
+fs::path drawnFile;
 
 struct RandomDialogs : Dialogs {
     Answer message(const std::string&, const std::string&, Buttons b, Icon) override {
@@ -49,7 +54,8 @@ struct RandomDialogs : Dialogs {
         return pick(4) ? std::optional<std::string>(d) : std::nullopt;
     }
     std::optional<fs::path> openFile(const std::string&, const fs::path&) override {
-        return pick(5) ? std::optional<fs::path>(dictionaryFile) : std::nullopt;
+        if (pick(5) == 0) return std::nullopt;
+        return pick(2) ? dictionaryFile : drawnFile;
     }
     std::optional<fs::path> saveFile(const std::string&, const fs::path&) override {
         return pick(5) ? std::optional<fs::path>(dictionaryFile) : std::nullopt;
@@ -64,6 +70,20 @@ struct SizedPictures : SignPictures {
 };
 
 const char* const kCodes[] = {"A1", "G17", "N35", "D21", "X1", "Aa1", "G43", "M17", "Z1", "O1"};
+
+// Layouts that cannot be drawn: cut short, a number missing or too large, a letter for one.
+const char* const kBadLayouts[] = {
+    "A1(0,0", "A1(0 0) ", "A1(x,0) ", "A1(40000,0) ", "A1(0,99999999999999999999) ",
+    "(0,0) ", "A1(,) - "};
+
+std::string randomLayout() {
+    if (pick(4) == 0) return kBadLayouts[pick(7)];
+    std::string layout;
+    for (int i = pick(3); i >= 0; --i)
+        layout += std::string(kCodes[pick(10)]) + "(" + std::to_string(300 * i) + ",0) " +
+                  (i ? "- " : "");
+    return layout;
+}
 
 // A composer that places one to four random signs, or is cancelled.
 struct ScriptedComposer : Windows {
@@ -83,6 +103,7 @@ struct ScriptedComposer : Windows {
             gardiner += std::string(code) + "-";
         }
         a.layoutText = layout.substr(0, layout.size() - 2);
+        if (pick(6) == 0) a.layoutText = kBadLayouts[pick(7)]; // one that cannot be drawn
         a.composedGardiner = gardiner.substr(0, gardiner.size() - 1);
     }
 };
@@ -92,16 +113,58 @@ std::string randomText() {
                                   "bread", "Ra",   "nTr",  "Htp",   "a b"};
     std::string s;
     for (int i = pick(3); i >= 0; --i) s += std::string(words[pick(10)]) + (i ? " " : "");
+    if (pick(8) == 0) s += "caf\xE9"; // typed on Windows: not UTF-8
     return s;
 }
 
+// A dictionary file as other programs and damaged copies have them.
+std::string randomDictionary() {
+    static const char* directions[] = {"L", "R", "L", "R", "L", "R", "X", "r", ""};
+    std::string out = pick(2) ? "\"Drawn\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n" : "";
+    for (int w = pick(12); w >= 0; --w) {
+        const char* dir = directions[pick(9)];
+        out += std::string("\"") + dir + "\",\"B\",\"" + randomLayout() + "\",\"A1\",\"" +
+               randomText() + "\",\"" + randomText() + "\",\"\"\r\n";
+    }
+    return out;
+}
+
 int failures = 0;
+int currentStep = 0;
 void check(bool ok, const char* what, int step) {
     if (!ok) {
         std::fprintf(stderr, "step %d: %s\n", step, what);
         ++failures;
     }
 }
+
+// The program's writer, then a look at what reached the disk: the file must hold every word
+// the store holds, in order, whatever question was answered on the way.
+struct CheckingWriter : FileWriter {
+    AtomicFileWriter disk;
+    App* app = nullptr;
+    fs::path lastWritten;
+    void write(const fs::path& path, const std::string& bytes) override {
+        disk.write(path, bytes);
+        lastWritten = path;
+        const DictionaryStore& s = app->store;
+        if (app->newDictionaryMode) return; // a header-only file by design
+        const std::string back = readFileBytes(path);
+        FieldReader in(back);
+        bool same = true;
+        try {
+            if (s.hasHeader)
+                for (int f = 0; f < FieldCount; ++f)
+                    same = same && in.read() == s.header[static_cast<std::size_t>(f)];
+            for (int w = 0; w <= s.lastIndex && same; ++w)
+                for (int f = 0; f < FieldCount; ++f) same = same && in.read() == s.field(w, f);
+            same = same && in.atEnd();
+        } catch (const RunError&) {
+            same = false;
+        }
+        check(same, "a saved file does not hold the words the store held", currentStep);
+    }
+};
 
 } // namespace
 
@@ -117,8 +180,11 @@ int main(int argc, char** argv) {
     TextClipboard clipboard;
     NoEventPump events;
     SizedPictures pictures;
-    AtomicFileWriter files;
+    CheckingWriter files;
     App app(dialogs, clipboard, events, pictures, files);
+    files.app = &app;
+    drawnFile = dir / "drawn.nkd";
+    AtomicFileWriter().write(drawnFile, randomDictionary());
     ScriptedComposer composer;
     composer.app = &app;
     app.windows = &composer;
@@ -135,7 +201,10 @@ int main(int argc, char** argv) {
         CommandId::Last,          CommandId::RandomWord,     CommandId::FlipWord,
         CommandId::DirectionLeft, CommandId::SaveDictionary, CommandId::OpenDictionary};
     for (int step = 0; step < steps; ++step) {
+        currentStep = step;
         const int r = pick(24);
+        if (editing[r < 18 ? r : 0] == CommandId::OpenDictionary && pick(2))
+            AtomicFileWriter().write(drawnFile, randomDictionary());
         try {
             if (r < 18) {
                 if (editing[r] != CommandId::PasteWord || pick(3)) {
@@ -185,9 +254,8 @@ int main(int argc, char** argv) {
             const bool saved = SaveDictionary(app);
             InstallEditing(app);
             if (saved) {
-                const ParsedDictionary back =
-                    ReadDictionaryText(text::decodeFileText(readFileBytes(dictionaryFile)),
-                                       DictionaryStore::MaxWordIndex + 1);
+                const ParsedDictionary back = ReadDictionaryText(readFileBytes(files.lastWritten),
+                                                                 DictionaryStore::MaxWordIndex + 1);
                 int k = 0;
                 while (k <= s.lastIndex && (s.field(k, 0) == "L" || s.field(k, 0) == "R")) ++k;
                 check(static_cast<int>(back.words.size()) == k,

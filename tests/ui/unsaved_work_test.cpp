@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QDesktopServices>
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -17,6 +18,11 @@
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTest>
+#include <QUrl>
+
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace nebkaro;
 using namespace nebkaro::uitest;
@@ -72,6 +78,13 @@ std::size_t asked(const std::string& kind) {
 
 class UnsavedWorkTest : public QObject {
     Q_OBJECT
+public Q_SLOTS:
+    // Stands in for the desktop's picture program.
+    void openPicture(const QUrl& url) { handedOver_ = url.toLocalFile(); }
+
+private:
+    QString handedOver_;
+
 private Q_SLOTS:
     void init() {
         QtDialogs::setMode(QtDialogs::Mode::Scripted);
@@ -433,6 +446,156 @@ private Q_SLOTS:
         });
         p.action("mnuPrintMultiple")->trigger();
         QCOMPARE(range, QStringLiteral("1-2"));
+    }
+
+    // A load that stopped at a direction other than R or L says so, and the shorter dictionary
+    // goes over the longer file only after a yes.
+    void aPartlyLoadedDictionaryIsSavedOverItsFileOnlyAfterAYes() {
+        Program p;
+        p.folder.settings(false, false);
+        const QByteArray stop = "\"X\",\"B\",\"A1(0,0) \",\"A1\",\"i\",\"stop\",\"\"\r\n";
+        const QByteArray whole = Header + Word0 + stop + Word2;
+        p.folder.write("Dictionaries/Words.nkd", whole);
+        QVERIFY(p.startAndShow());
+        QCOMPARE(messageTexts().size(), std::size_t(1));
+        QVERIFY(messageTexts()[0].find("line 3") != std::string::npos);
+        QCOMPARE(p.app.store.lastIndex, 0);
+        QtDialogs::pushAnswer(Answer::No);
+        p.click("cmdSave");
+        QCOMPARE(p.folder.read("Dictionaries/Words.nkd"), whole);
+        QtDialogs::pushAnswer(Answer::Yes);
+        p.click("cmdSave");
+        QCOMPARE(p.folder.read("Dictionaries/Words.nkd"), Header + Word0);
+        QCOMPARE(asked("message"), std::size_t(3));
+    }
+
+    void onlyTheLinesThatAreNotUtf8AreReadAsWindows1252() {
+        Program p;
+        p.folder.settings(false, false);
+        const QByteArray utf8 = "\"L\",\"B\",\"A1(0,0) \",\"A1\",\"Sn\",\"\xC5\xA1 sign\",\"\"\r\n";
+        const QByteArray windows = "\"L\",\"B\",\"A1(0,0) \",\"A1\",\"i\",\"caf\xE9\",\"\"\r\n";
+        p.folder.write("Dictionaries/Words.nkd", Header + utf8 + windows);
+        QVERIFY(p.startAndShow());
+        QVERIFY(p.window->statusBar()->currentMessage().startsWith(QStringLiteral("Line 3 was")));
+        p.click("cmdSave");
+        QCOMPARE(p.folder.read("Dictionaries/Words.nkd"),
+                 Header + utf8 + QByteArray(windows).replace("\xE9", "\xC3\xA9"));
+    }
+
+    // A save goes through a link to its file; a pipe, a device or a folder is never replaced.
+    void savingWritesThroughALinkAndRefusesASpecialFile() {
+        Program p;
+        p.folder.settings(false, false);
+        p.folder.write("Elsewhere/Real.nkd", Header + Word0);
+        const auto dictionaries =
+            std::filesystem::path(p.folder.file("Dictionaries").toStdString());
+        std::filesystem::remove(dictionaries / "Words.nkd");
+        std::filesystem::create_symlink("../Elsewhere/Real.nkd", dictionaries / "Words.nkd");
+        QVERIFY(p.startAndShow());
+        typeInto(p, "CommentTxt", " edited");
+        p.click("cmdSave");
+        QVERIFY(std::filesystem::is_symlink(dictionaries / "Words.nkd"));
+        QVERIFY(p.folder.read("Elsewhere/Real.nkd").contains("first edited"));
+        const auto pipe = dictionaries / "pipe.nkd";
+        QCOMPARE(::mkfifo(pipe.c_str(), 0600), 0);
+        for (const std::filesystem::path& to :
+             {pipe, dictionaries, std::filesystem::path("/dev/null")}) {
+            QtDialogs::reset();
+            QtDialogs::pushFile(to);
+            p.click("CmdSaveAs");
+            QCOMPARE(messageTexts().size(), std::size_t(1));
+            QVERIFY2(messageTexts()[0].find("not a regular file") != std::string::npos,
+                     messageTexts()[0].c_str());
+        }
+        QVERIFY(std::filesystem::is_fifo(pipe));
+        QVERIFY(std::filesystem::is_character_file("/dev/null"));
+    }
+
+    // Saving under a .csv name writes the .nkd beside it, which the file dialog never asked about.
+    void aSaveAsksBeforeReplacingAnotherExistingFile() {
+        Program p;
+        p.folder.settings(false, false);
+        p.folder.write("Other.nkd", "unrelated");
+        p.folder.write("Table.csv", Word2);
+        p.folder.write("Table.nkd", "also unrelated");
+        QVERIFY(p.startAndShow());
+        const auto file = [&](const char* name) {
+            return std::filesystem::path(p.folder.file(QLatin1String(name)).toStdString());
+        };
+        QtDialogs::pushFile(file("Other.csv"));
+        QtDialogs::pushAnswer(Answer::No);
+        p.click("CmdSaveAs");
+        QCOMPARE(p.folder.read("Other.nkd"), QByteArray("unrelated"));
+        QtDialogs::pushFile(file("Other.csv"));
+        QtDialogs::pushAnswer(Answer::Yes);
+        p.click("CmdSaveAs");
+        QVERIFY(p.folder.read("Other.nkd").startsWith(Header));
+        p.click("cmdSave"); // its own file now: no question
+        QCOMPARE(asked("message"), std::size_t(2));
+        // An opened .csv dictionary saves as .nkd: the same question.
+        QtDialogs::pushFile(file("Table.csv"));
+        p.click("CmdLoad");
+        QtDialogs::pushAnswer(Answer::No);
+        p.click("cmdSave");
+        QCOMPARE(asked("message"), std::size_t(3));
+        QCOMPARE(p.folder.read("Table.nkd"), QByteArray("also unrelated"));
+    }
+
+    // A killed save leaves its temporary file; the next save in the folder removes it, but
+    // never the file of a save that is still running.
+    void aSaveRemovesTheTemporaryFilesOfKilledSaves() {
+        Program p;
+        p.folder.settings(false, false);
+        QVERIFY(p.startAndShow());
+        const pid_t gone = ::fork();
+        if (gone == 0) ::_exit(0);
+        ::waitpid(gone, nullptr, 0);
+        const auto temp = [&](long pid) {
+            std::string name = temporaryNamePattern("Words.nkd", pid);
+            name.replace(name.size() - 6, 6, "Ab12Cd");
+            const QString relative = QStringLiteral("Dictionaries/") + QString::fromStdString(name);
+            p.folder.write(relative, "half a dictionary");
+            return relative;
+        };
+        const QString killed = temp(gone), running = temp(::getppid());
+        p.folder.write("Dictionaries/.Words.nkd.Ab12Cd", "not ours"); // another program's
+        p.click("cmdSave");
+        QVERIFY(!p.folder.exists(killed));
+        QVERIFY(p.folder.exists(running));
+        QVERIFY(p.folder.exists("Dictionaries/.Words.nkd.Ab12Cd"));
+    }
+
+    void thePictureForThePaintProgramGoesWithTheProgram() {
+        {
+            Program p;
+            p.folder.settings(false, false);
+            QVERIFY(p.startAndShow());
+            QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "openPicture");
+            p.action("mnuCopyToPaint")->trigger();
+            QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+            QVERIFY(QFile::exists(handedOver_));
+        }
+        QVERIFY(!QFile::exists(handedOver_));
+    }
+
+    // The settings name a dictionary inside the Dictionaries folder or by its full path.
+    void aDictionaryOutsideTheFolderIsRememberedByItsFullPath() {
+        Program first;
+        first.folder.settings(false, false, "../../outside/x.nkd");
+        QVERIFY(first.startAndShow());
+        QCOMPARE(messageTexts().size(), std::size_t(1)); // refused, Words.nkd opened
+        QCOMPARE(first.find<QLineEdit>("MeaningTxt")->text(), QStringLiteral("who"));
+        first.folder.write("Mine/Other.nkd", Word2);
+        const std::string other = first.folder.file("Mine/Other.nkd").toStdString();
+        QtDialogs::pushFile(std::filesystem::path(other));
+        first.click("CmdLoad");
+        first.click("cmdQuit");
+        QVERIFY(first.folder.read("System/Settings.nks")
+                    .contains(QByteArray("Dictionary Name = ") + other.c_str() + "\r\n"));
+        Program next;
+        next.folder.write("System/Settings.nks", first.folder.read("System/Settings.nks"));
+        QVERIFY(next.startAndShow());
+        QCOMPARE(next.find<QLineEdit>("MeaningTxt")->text(), QStringLiteral("chick"));
     }
 };
 
