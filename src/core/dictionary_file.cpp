@@ -177,7 +177,10 @@ LoadOutcome LoadDictionary(App& app) {
     }
     store.lastIndex = counter - 1;
     store.currentIndex = 0;
-    if (!app.mergeMode) store.untitled = false;
+    if (!app.mergeMode) {
+        store.untitled = false;
+        app.history.clear();
+    }
     app.renderWord(app);
     app.windows->setCaption(CaptionText(app));
     store.isChanged = app.mergeMode;
@@ -226,10 +229,12 @@ bool SaveDictionary(App& app) {
     }
     if (app.newDictionaryMode) {
         store.emptyAfterNewDictionary();
+        app.history.clear();
         app.newDictionaryMode = false;
         app.renderWord(app);
     }
     store.isChanged = false;
+    app.history.markSaved();
     return true;
 }
 

@@ -5,6 +5,7 @@
 #include "core/startup.h"
 #include "display/render.h"
 #include "editing/navigation.h"
+#include "editing/undo.h"
 #include "editing/word_clipboard.h"
 #include "editing/word_editing.h"
 
@@ -40,9 +41,13 @@ bool runBuiltIn(App& app, CommandId id) {
     case C::OpenDictionary:
         OpenCommand(app);
         return true;
-    case C::MergeDictionary:
+    case C::MergeDictionary: {
+        // The word on show is left first, so that storing it is a step of its own.
+        app.leaveWord(app);
+        UndoStep step(app.history, app.store, "Merge", app.store.lastIndex + 1);
         MergeCommand(app);
         return true;
+    }
     case C::SaveDictionary:
         SaveDictionary(app);
         return true;
@@ -113,6 +118,12 @@ bool runBuiltIn(App& app, CommandId id) {
     case C::AboutDictionary:
         app.windows->showHeaderDialog(app.store.header);
         return true;
+    case C::Undo:
+        UndoCommand(app);
+        return true;
+    case C::Redo:
+        RedoCommand(app);
+        return true;
     default:
         return false;
     }
@@ -169,6 +180,8 @@ const std::vector<CommandInfo>& commandTable() {
         {C::Options, "Options", false},
         {C::AboutProgram, "AboutProgram", false},
         {C::AboutDictionary, "AboutDictionary", true},
+        {C::Undo, "Undo", true},
+        {C::Redo, "Redo", true},
     };
     return table;
 }
@@ -199,6 +212,8 @@ void InstallCommandHandler(App& app, CommandId id, std::function<void(App&)> han
 }
 
 bool CommandAvailable(const App& app, CommandId id) {
+    if (id == C::Undo) return app.history.canUndo();
+    if (id == C::Redo) return app.history.canRedo();
     return app.commandHandlers.count(id) > 0 || Info(id).builtIn;
 }
 
@@ -327,6 +342,11 @@ std::vector<MenuItem> buildMenuBar() {
                  item("mnuPrintMultiple", "Print &Multiple", C::PrintMultiple),
                  item("mnuQuit", "&Quit", C::Quit, true),
              }),
+        menu("mnuEditing", "&Edit",
+             {
+                 item("mnuUndo", "&Undo", C::Undo),
+                 item("mnuRedo", "&Redo", C::Redo),
+             }),
         menu("mnuWord", "&Word",
              {
                  item("mnuNew", "&New", C::NewWord),
@@ -383,6 +403,12 @@ const std::vector<MenuItem>& MenuBar() {
     return bar;
 }
 
+std::string CurrentCaption(const App& app, CommandId id, const std::string& caption) {
+    if (id == C::Undo && app.history.canUndo()) return "&Undo " + app.history.undoName();
+    if (id == C::Redo && app.history.canRedo()) return "&Redo " + app.history.redoName();
+    return caption;
+}
+
 const MenuItem& PopupMenu() {
     static const MenuItem popup =
         menu("mnuFieldEdit", "FieldEdit",
@@ -432,6 +458,8 @@ const std::vector<Shortcut>& Shortcuts() {
     // No Ctrl+G and no Ctrl+M: Ctrl followed by G or M toggles the Gardiner and Meaning boxes.
     static const std::vector<Shortcut> shortcuts = {
         {"Ctrl+O", C::OpenDictionary, S::Window},
+        {"Ctrl+Z", C::Undo, S::Window},
+        {"Ctrl+Shift+Z", C::Redo, S::Window},
         {"Ctrl+S", C::SaveDictionary, S::Window},
         {"Ctrl+Shift+S", C::SaveDictionaryAs, S::Window},
         {"Ctrl+Q", C::Quit, S::Window},

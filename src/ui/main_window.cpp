@@ -559,7 +559,11 @@ void MainWindow::showGlyphs() {
 }
 
 void MainWindow::refreshAvailability() {
-    for (const auto& [a, id] : actions_) a->setEnabled(CommandAvailable(app_, id));
+    for (const auto& [a, id] : actions_) {
+        a->setEnabled(CommandAvailable(app_, id));
+        if (id == CommandId::Undo || id == CommandId::Redo)
+            a->setText(qs(CurrentCaption(app_, id, id == CommandId::Undo ? "&Undo" : "&Redo")));
+    }
     for (const auto& [b, id] : buttons_) b->setEnabled(CommandAvailable(app_, id));
 }
 
