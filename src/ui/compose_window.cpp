@@ -266,7 +266,7 @@ void ComposeWindow::refresh() {
                      image.background == SlotBackground::ButtonFace ? buttonFace : workspace);
         pic->setPalette(pal);
         if (image.hasPicture) {
-            pic->setPixmap(signPixmap(image.picture));
+            pic->setPixmap(signPixmap(image.picture, 1.0, pic->devicePixelRatioF()));
             pic->setFrameShape(QFrame::NoFrame);
         } else {
             pic->clear();

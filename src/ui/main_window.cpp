@@ -21,6 +21,7 @@
 #include "ui/lookup_window.h"
 #include "ui/preferences_dialog.h"
 #include "ui/search_tools.h"
+#include "ui/sign_pixmap.h"
 #include "ui/sort_dialog.h"
 
 #include <QAction>
@@ -532,11 +533,19 @@ void MainWindow::showGlyphs() {
             l->hide();
             continue;
         }
+        // Drawn for the screen's own pixels, sharp on a scaled screen.
+        const double dpr = l->devicePixelRatioF();
         const QString file = QString::fromStdString(img.picture.file.string());
+        const QString key = file + QLatin1Char('@') + QString::number(dpr);
         QPixmap pm;
         if (img.picture.ok) {
-            auto it = pixmaps_.find(file);
-            if (it == pixmaps_.end()) it = pixmaps_.insert(file, QPixmap(file));
+            auto it = pixmaps_.find(key);
+            if (it == pixmaps_.end()) {
+                // A picture that cannot be read stays a null pixmap: an empty framed square.
+                const bool readable = !QPixmap(file).isNull();
+                it = pixmaps_.insert(key,
+                                     readable ? ui::signPixmap(img.picture, 1.0, dpr) : QPixmap());
+            }
             pm = *it;
         }
         QRect r(px(img.left), px(img.top), px(img.picture.width), px(img.picture.height));
