@@ -5,6 +5,7 @@
 #include "core/startup.h"
 #include "display/render.h"
 #include "editing/navigation.h"
+#include "display/zoom.h"
 #include "editing/undo.h"
 #include "editing/word_clipboard.h"
 #include "editing/word_editing.h"
@@ -124,6 +125,15 @@ bool runBuiltIn(App& app, CommandId id) {
     case C::Redo:
         RedoCommand(app);
         return true;
+    case C::ZoomIn:
+        ZoomIn(app);
+        return true;
+    case C::ZoomOut:
+        ZoomOut(app);
+        return true;
+    case C::ZoomReset:
+        ZoomReset(app);
+        return true;
     default:
         return false;
     }
@@ -182,6 +192,9 @@ const std::vector<CommandInfo>& commandTable() {
         {C::AboutDictionary, "AboutDictionary", true},
         {C::Undo, "Undo", true},
         {C::Redo, "Redo", true},
+        {C::ZoomIn, "ZoomIn", true},
+        {C::ZoomOut, "ZoomOut", true},
+        {C::ZoomReset, "ZoomReset", true},
     };
     return table;
 }
@@ -347,6 +360,12 @@ std::vector<MenuItem> buildMenuBar() {
                  item("mnuUndo", "&Undo", C::Undo),
                  item("mnuRedo", "&Redo", C::Redo),
              }),
+        menu("mnuView", "&View",
+             {
+                 item("mnuZoomIn", "Zoom &In", C::ZoomIn),
+                 item("mnuZoomOut", "Zoom &Out", C::ZoomOut),
+                 item("mnuZoomReset", "&Actual Size", C::ZoomReset),
+             }),
         menu("mnuWord", "&Word",
              {
                  item("mnuNew", "&New", C::NewWord),
@@ -460,6 +479,10 @@ const std::vector<Shortcut>& Shortcuts() {
         {"Ctrl+O", C::OpenDictionary, S::Window},
         {"Ctrl+Z", C::Undo, S::Window},
         {"Ctrl+Shift+Z", C::Redo, S::Window},
+        {"Ctrl++", C::ZoomIn, S::Window},
+        {"Ctrl+=", C::ZoomIn, S::Window},
+        {"Ctrl+-", C::ZoomOut, S::Window},
+        {"Ctrl+0", C::ZoomReset, S::Window},
         {"Ctrl+S", C::SaveDictionary, S::Window},
         {"Ctrl+Shift+S", C::SaveDictionaryAs, S::Window},
         {"Ctrl+Q", C::Quit, S::Window},

@@ -74,6 +74,10 @@ enum class CommandId : int {
     // History of the changes to the dictionary
     Undo,
     Redo,
+    // Zoom of the word view
+    ZoomIn,
+    ZoomOut,
+    ZoomReset,
 };
 
 // Every command, in the order above, with a name for messages and logs.

@@ -11,6 +11,7 @@
 #include "display/unicode_text.h"
 #include "display/word_picture_qt.h"
 #include "display/word_view_events.h"
+#include "display/zoom.h"
 #include "editing/commands.h"
 #include "translit/guess.h"
 #include "ui/about_dialog.h"
@@ -25,6 +26,7 @@
 #include "ui/sort_dialog.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -48,6 +50,7 @@
 #include <QTemporaryFile>
 #include <QToolButton>
 #include <QUrl>
+#include <QWheelEvent>
 
 #include <cmath>
 
@@ -428,6 +431,27 @@ QMenu* MainWindow::buildMenu(const MenuItem& item, QMenu* into) {
             exchange_->addWordItems(m);
         }
         if (child.objectName == "mnuMerge") exchange_->addFileItems(m);
+        // The scale Copy Glyph Image and Save Image draw the word at.
+        if (child.objectName == "mnuZoomReset") {
+            m->addSeparator();
+            QMenu* scales = m->addMenu(QStringLiteral("Picture &Scale"));
+            scales->setObjectName(QStringLiteral("mnuPictureScale"));
+            auto* group = new QActionGroup(scales);
+            for (int s = 1; s <= MaxPictureScaleSetting; ++s) {
+                QAction* a = scales->addAction(QStringLiteral("%1\u00d7").arg(s));
+                a->setObjectName(QStringLiteral("mnuPictureScale%1").arg(s));
+                a->setCheckable(true);
+                a->setChecked(app_.settings.pictureScale == s);
+                group->addAction(a);
+                connect(a, &QAction::triggered, this,
+                        [this, s] { app_.settings.pictureScale = s; });
+            }
+            connect(scales, &QMenu::aboutToShow, this, [scales, this] {
+                const QString on =
+                    QStringLiteral("mnuPictureScale%1").arg(app_.settings.pictureScale);
+                for (QAction* a : scales->actions()) a->setChecked(a->objectName() == on);
+            });
+        }
     }
     return m;
 }
@@ -533,22 +557,27 @@ void MainWindow::showGlyphs() {
             l->hide();
             continue;
         }
-        // Drawn for the screen's own pixels, sharp on a scaled screen.
+        // Drawn for the screen's own pixels at the zoom, sharp on a scaled screen.
+        const int zoom = ClampZoom(app_.settings.wordZoom);
         const double dpr = l->devicePixelRatioF();
         const QString file = QString::fromStdString(img.picture.file.string());
-        const QString key = file + QLatin1Char('@') + QString::number(dpr);
+        const QString key = file + QLatin1Char('@') + QString::number(dpr) + QLatin1Char('x') +
+                            QString::number(zoom);
         QPixmap pm;
         if (img.picture.ok) {
             auto it = pixmaps_.find(key);
             if (it == pixmaps_.end()) {
                 // A picture that cannot be read stays a null pixmap: an empty framed square.
                 const bool readable = !QPixmap(file).isNull();
-                it = pixmaps_.insert(key,
-                                     readable ? ui::signPixmap(img.picture, 1.0, dpr) : QPixmap());
+                it = pixmaps_.insert(key, readable ? ui::signPixmap(img.picture, zoom / 100.0, dpr)
+                                                   : QPixmap());
             }
             pm = *it;
         }
-        QRect r(px(img.left), px(img.top), px(img.picture.width), px(img.picture.height));
+        const Rect& area = v.geometry.DispAreaShp;
+        const Rect box =
+            ZoomedBox({img.left, img.top, img.picture.width, img.picture.height}, area, zoom);
+        QRect r(px(box.left), px(box.top), px(box.width), px(box.height));
         // An unreadable picture is an empty framed square; Show Borders frames every sign,
         // the frame standing just outside the picture.
         const bool framed = pm.isNull() || v.showBorders;
@@ -562,6 +591,13 @@ void MainWindow::showGlyphs() {
         l->setLineWidth(1);
         if (framed && !pm.isNull()) r.adjust(-1, -1, 1, 1);
         l->setGeometry(r);
+        // A zoomed word larger than the display area is cut at its frame.
+        const QRect inside =
+            pixelRect(area.left, area.top, area.width, area.height).adjusted(1, 1, -1, -1);
+        if (zoom == MinZoom || inside.contains(r))
+            l->clearMask();
+        else
+            l->setMask(QRegion(inside.intersected(r).translated(-r.topLeft())));
         l->show();
         l->raise();
     }
@@ -765,6 +801,18 @@ void MainWindow::showStatus(const std::string& text) {
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     const QEvent::Type type = event->type();
+    // The wheel with Ctrl over the word zooms it.
+    if (type == QEvent::Wheel) {
+        const auto* wheel = static_cast<QWheelEvent*>(event);
+        const bool overWord = watched == dispArea_ ||
+                              std::find(glyphs_.begin(), glyphs_.end(), watched) != glyphs_.end();
+        if (overWord && (wheel->modifiers() & Qt::ControlModifier)) {
+            const int turn = wheel->angleDelta().y();
+            if (turn != 0 && !QApplication::activeModalWidget())
+                runCommand(turn > 0 ? CommandId::ZoomIn : CommandId::ZoomOut);
+            return true;
+        }
+    }
     if (type == QEvent::Shortcut) {
         // A shortcut takes its key before the window sees it; the window still counts it as
         // the key pressed last, so that only Ctrl directly followed by G or M toggles a box.
@@ -870,7 +918,7 @@ void MainWindow::endProgram() {
 }
 
 void MainWindow::copyImage() {
-    const QByteArray png = WordPicturePng(app_.view.TemPic);
+    const QByteArray png = WordPicturePng(app_.view.TemPic, app_.settings.pictureScale);
     app_.clipboard.clear();
     app_.clipboard.setImagePng(std::vector<std::uint8_t>(png.begin(), png.end()));
 }
@@ -881,7 +929,7 @@ void MainWindow::saveImage() {
     // A picture that cannot be written is not an error of the dictionary: the status bar
     // says so and nothing else happens.
     const QString name = QString::fromStdString(file->string());
-    if (SaveWordPicture(app_.view.TemPic, name, ImageFormatFor(*file)))
+    if (SaveWordPicture(app_.view.TemPic, name, ImageFormatFor(*file), app_.settings.pictureScale))
         statusBar()->showMessage(QStringLiteral("Picture saved: ") + name);
     else
         statusBar()->showMessage(QStringLiteral("The picture could not be saved: ") + name);
