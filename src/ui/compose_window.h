@@ -46,12 +46,16 @@ protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    // Ctrl and the wheel zoom the canvas.
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
     template <typename F> void command(F&& f);
     void refresh();
     void placeControls();
     void readText();
+    // The canvas at the zoom the word view has: one step in (+1) or out (-1), or 100 % (0).
+    void zoom(int step);
 
     App& app_;
     Composer model_;
