@@ -35,6 +35,7 @@
 #include <QFile>
 #include <QFocusEvent>
 #include <QFrame>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -44,6 +45,9 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QShortcutEvent>
 #include <QStatusBar>
@@ -178,7 +182,14 @@ MainWindow::MainWindow(App& app, Options options)
     connect(exchange_, &ExchangeCommands::changed, this, [this] { wordViewChanged(); });
     surface_ = new WordSurface(this);
     surface_->setObjectName(QStringLiteral("MainSurface"));
-    setCentralWidget(surface_);
+    // On a screen too small for the whole word view (a large screen scale) the view scrolls
+    // rather than being cut off; a taller window gives the display area the extra height.
+    auto* scroll = new QScrollArea(this);
+    scroll->setObjectName(QStringLiteral("MainScroll"));
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setWidget(surface_);
+    setCentralWidget(scroll);
     buildToolBar();
     buildWordView();
     installHandlers();
@@ -186,8 +197,19 @@ MainWindow::MainWindow(App& app, Options options)
     buildShortcuts();
     statusBar()->setObjectName(QStringLiteral("StatusBar"));
     setMinimumWidth(px(MainGeometry::MinWidth));
-    surface_->setFixedHeight(px(SurfaceHeight));
-    resize(px(app_.view.windowWidth), sizeHint().height());
+    surface_->setMinimumHeight(px(SurfaceHeight));
+    const int whole =
+        px(SurfaceHeight) + menuBar()->sizeHint().height() + statusBar()->sizeHint().height();
+    int height = whole;
+    if (const QScreen* screen = QGuiApplication::primaryScreen())
+        height = std::min(whole, screen->availableGeometry().height() - FrameAllowance);
+    // A view that scrolls keeps its scroll bar beside the view, not over its right edge.
+    if (height < whole) {
+        scroll->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+        scrollBarRoom_ = scroll->verticalScrollBar()->sizeHint().width();
+        setMinimumWidth(px(MainGeometry::MinWidth) + scrollBarRoom_);
+    }
+    resize(px(app_.view.windowWidth) + scrollBarRoom_, height);
     qApp->installEventFilter(this);
     refreshAvailability();
     layoutControls();
@@ -527,7 +549,8 @@ void MainWindow::layoutControls() {
     const int w = v.windowWidth;
     toolbar_->setGeometry(0, 0, width(), px(480));
     const Rect& a = v.geometry.DispAreaShp;
-    dispArea_->setGeometry(pixelRect(a.left, a.top, a.width, a.height));
+    const int extra = extraHeight();
+    dispArea_->setGeometry(pixelRect(a.left, a.top, a.width, a.height).adjusted(0, 0, 0, extra));
     progressTrack_->setGeometry(pixelRect(a.left, 3060, v.geometry.progressContainerWidth, 120));
     for (const auto& [widget, r] : fixed_)
         widget->setGeometry(pixelRect(r.x(), r.y(), r.width(), r.height()));
@@ -545,7 +568,21 @@ void MainWindow::layoutControls() {
             pixelRect(w - 290, FieldTop[i] + 30, 270, 270));
     if (auto* hideLabel = surface_->findChild<QLabel*>(QStringLiteral("Label5")))
         hideLabel->setGeometry(pixelRect(w - 400, FieldTop[0] - 240, 400, 240));
+    // Everything below the display area moves down by the height it gained.
+    if (extra > 0) {
+        const int below = px(a.top + a.height);
+        for (QWidget* child : surface_->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+            if (child == dispArea_ || child == toolbar_ ||
+                std::find(glyphs_.begin(), glyphs_.end(), child) != glyphs_.end())
+                continue;
+            if (child->y() >= below) child->move(child->x(), child->y() + extra);
+        }
+    }
     showGlyphs();
+}
+
+int MainWindow::extraHeight() const {
+    return std::max(0, surface_->height() - px(SurfaceHeight));
 }
 
 void MainWindow::showGlyphs() {
@@ -577,7 +614,8 @@ void MainWindow::showGlyphs() {
         const Rect& area = v.geometry.DispAreaShp;
         const Rect box =
             ZoomedBox({img.left, img.top, img.picture.width, img.picture.height}, area, zoom);
-        QRect r(px(box.left), px(box.top), px(box.width), px(box.height));
+        // The word stays centred in an area that grew with the window.
+        QRect r(px(box.left), px(box.top) + extraHeight() / 2, px(box.width), px(box.height));
         // An unreadable picture is an empty framed square; Show Borders frames every sign,
         // the frame standing just outside the picture.
         const bool framed = pm.isNull() || v.showBorders;
@@ -592,8 +630,7 @@ void MainWindow::showGlyphs() {
         if (framed && !pm.isNull()) r.adjust(-1, -1, 1, 1);
         l->setGeometry(r);
         // A zoomed word larger than the display area is cut at its frame.
-        const QRect inside =
-            pixelRect(area.left, area.top, area.width, area.height).adjusted(1, 1, -1, -1);
+        const QRect inside = dispArea_->geometry().adjusted(1, 1, -1, -1);
         if (zoom == MinZoom || inside.contains(r))
             l->clearMask();
         else
@@ -616,9 +653,9 @@ void MainWindow::wordViewChanged() {
     WordView& v = app_.view;
     // The renderer may ask for another width (a wide word, or back to 6960 twips); the
     // display always follows the width the window really has.
-    const int wanted = px(v.windowWidth);
+    const int wanted = px(v.windowWidth) + scrollBarRoom_;
     if (wanted != width() && !isMaximized() && !isFullScreen()) resize(wanted, height());
-    ResizeWordView(v, width() * TwipsPerPixel);
+    ResizeWordView(v, (width() - scrollBarRoom_) * TwipsPerPixel);
 
     auto setText = [](QLineEdit* e, const std::string& s) {
         const QString t = qs(s);
@@ -801,6 +838,8 @@ void MainWindow::showStatus(const std::string& text) {
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     const QEvent::Type type = event->type();
+    // The word view follows the height the scroll area gives it.
+    if (type == QEvent::Resize && watched == surface_ && !isMinimized()) layoutControls();
     // The wheel with Ctrl over the word zooms it.
     if (type == QEvent::Wheel) {
         const auto* wheel = static_cast<QWheelEvent*>(event);
@@ -879,7 +918,7 @@ void MainWindow::surfaceDoubleClick() {
 void MainWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
     if (isMinimized()) return;
-    ResizeWordView(app_.view, width() * TwipsPerPixel);
+    ResizeWordView(app_.view, (width() - scrollBarRoom_) * TwipsPerPixel);
     layoutControls();
 }
 

@@ -253,7 +253,7 @@ private Q_SLOTS:
         Program p;
         p.folder.settings(false, false);
         QVERIFY(p.startAndShow());
-        QWidget* surface = p.window->centralWidget();
+        auto* surface = p.find<QWidget>("MainSurface");
         const QRect area = p.find<QFrame>("DispAreaShp")->geometry();
         auto* popup = p.find<QMenu>("mnuFieldEdit");
         QVERIFY(popup);

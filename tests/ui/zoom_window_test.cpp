@@ -5,6 +5,7 @@
 #include <QFrame>
 #include <QImage>
 #include <QLabel>
+#include <QLineEdit>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -52,6 +53,21 @@ private Q_SLOTS:
         QtDialogs::pushAnswer(Answer::Yes);
         p.action("mnuQuit")->trigger();
         QVERIFY(p.folder.read("System/Settings.nks").contains("Word View Zoom = 125\r\n"));
+    }
+
+    void theWordAreaGrowsWithTheWindow() {
+        Program p;
+        p.folder.settings(false, false);
+        QVERIFY(p.startAndShow());
+        auto* area = p.find<QFrame>("DispAreaShp");
+        auto* meaning = p.find<QLineEdit>("MeaningTxt");
+        auto* a1 = p.find<QLabel>("mainGlyphPic0");
+        const QRect before = area->geometry();
+        const int meaningTop = meaning->y();
+        p.window->resize(p.window->width(), p.window->height() + 100);
+        QTRY_COMPARE(area->height(), before.height() + 100);
+        QCOMPARE(meaning->y(), meaningTop + 100);
+        QVERIFY(qAbs(a1->geometry().center().y() - area->geometry().center().y()) <= 3);
     }
 
     void thePictureIsSavedAtTheChosenScale() {
