@@ -9,6 +9,7 @@
 #include "core/text.h"
 #include "display/render.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 
@@ -60,6 +61,7 @@ constexpr const char* SaveBeforeSorting = "Do you want to save before sorting?";
 void ShuffleDictionary(App& app, std::optional<std::uint64_t> seed) {
     DictionaryStore& store = app.store;
     const RandomSource rnd = seed ? SeededRandom(*seed) : ClockRandom();
+    UndoStep step(app.history, store, "Shuffle", 0);
     ShuffleRows(WordRows(store), store.lastIndex, rnd);
     store.currentIndex = 0;
     store.isChanged = true;
@@ -71,6 +73,8 @@ void FlipAll(App& app, int mode) {
     app.sortCancelled = false;
     app.windows->showProgress("Flipping Started");
     const int remembered = store.currentIndex;
+    static const char* const names[] = {"Flip All Left", "Flip All Right", "Flip All Invert"};
+    UndoStep step(app.history, store, names[std::clamp(mode, 0, 2)], 0);
     try {
         for (int w = 0; w <= store.lastIndex; ++w) {
             store.currentIndex = w;

@@ -51,6 +51,23 @@ std::vector<int> ToolbarOrder(const std::vector<WordRecord>& rows, int last, int
     return index;
 }
 
+std::string SortStepName(int field) {
+    switch (field) {
+    case SortByMeaning:
+        return "Sort by Meaning";
+    case SortByTranslit:
+        return "Sort by Transliteration";
+    case SortByClassic:
+        return "Sort by Transliteration (classic)";
+    case SortByGardiner:
+        return "Sort by Gardiner's notation";
+    case SortByComment:
+        return "Sort by Comment";
+    default:
+        return "Sort";
+    }
+}
+
 namespace {
 
 // The classic order sorts coded transliterations; however the sort ends (done, cancelled, an
@@ -91,6 +108,7 @@ void afterFailure(App& app, bool started) {
 
 void ToolbarSort(App& app, int field, SortOrder order) {
     DictionaryStore& store = app.store;
+    UndoStep step(app.history, store, SortStepName(field), 0);
     bool started = false;
     try {
         ClassicCoding coding(app, field == SortByClassic);
@@ -124,6 +142,7 @@ void ToolbarSort(App& app, int field, SortOrder order) {
 
 double MenuSort(App& app, int field, SortOrder order, int algorithm) {
     DictionaryStore& store = app.store;
+    UndoStep step(app.history, store, SortStepName(field), 0);
     app.windows->showProgress("Sorting Started");
     bool started = false;
     try {

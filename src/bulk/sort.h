@@ -6,6 +6,7 @@
 #include "bulk/array_functions.h"
 #include "core/dictionary_store.h"
 
+#include <string>
 #include <vector>
 
 namespace nebkaro {
@@ -42,6 +43,8 @@ std::vector<int> ToolbarOrder(const std::vector<WordRecord>& rows, int last, int
 // put into ToolbarOrder, the counter label counting down to 0, the dictionary marked changed
 // and the word at the unchanged current index shown again.
 void ToolbarSort(App& app, int field, SortOrder order);
+// The name Undo gives a sort by this field: "Sort by Meaning".
+std::string SortStepName(int field);
 
 // The menu sort without its questions: the progress dialog, the comb sort of rows
 // 0..lastIndex (cancellable; algorithm 1 runs the exchange sort instead, which no command

@@ -21,7 +21,11 @@ protected:
 
 // An App over console ports and the program folder's pictures.
 struct ConsoleApp {
-    explicit ConsoleApp(const std::filesystem::path& home) : pictures(home) { app.home = home; }
+    explicit ConsoleApp(const std::filesystem::path& home) : pictures(home) {
+        app.home = home;
+        // One change a run: nothing to take back, and no copy of the words to keep.
+        app.history.enabled = false;
+    }
     ConsoleDialogs dialogs;
     TextClipboard clipboard;
     NoEventPump events;

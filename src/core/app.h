@@ -8,6 +8,7 @@
 #include "core/settings.h"
 #include "core/sign_lists.h"
 #include "core/word_view.h"
+#include "editing/undo.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -115,6 +116,8 @@ struct App {
     SignLists lists;
     GlyphTable glyphs;
     WordView view;
+    // The changes to the store that Undo can take back.
+    UndoHistory history;
 
     // Results the composer leaves for the main window.
     std::string layoutText;

@@ -182,7 +182,10 @@ LoadOutcome LoadDictionary(App& app) {
     store.currentIndex = 0;
     app.loadStoppedAtLine = parsed.stoppedEarly ? parsed.stopLine : 0;
     app.loadConvertedLines = std::move(converted);
-    if (!app.mergeMode) store.untitled = false;
+    if (!app.mergeMode) {
+        store.untitled = false;
+        app.history.clear();
+    }
     // Save writes to the file just read, a merged one too: it holds no word the store does
     // not, unless its load stopped early.
     app.dictionaryFile = path.string();
@@ -301,10 +304,12 @@ bool saveDictionary(App& app, bool replaceConfirmed) {
     app.dictionaryFileLonger = false;
     if (app.newDictionaryMode) {
         store.emptyAfterNewDictionary();
+        app.history.clear();
         app.newDictionaryMode = false;
         app.renderWord(app);
     }
     store.isChanged = false;
+    app.history.markSaved();
     return true;
 }
 } // namespace

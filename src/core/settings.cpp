@@ -5,6 +5,8 @@
 #include "core/files.h"
 #include "core/text.h"
 
+#include <algorithm>
+
 namespace fs = std::filesystem;
 
 namespace nebkaro {
@@ -26,6 +28,8 @@ std::string SettingsText(const Settings& s, const std::string& dictionaryName) {
     t += std::string("Show About = ") + (s.showAbout ? "True" : "False") + "\r\n";
     t +=
         std::string("Show Dictionary Info = ") + (s.showDictionaryInfo ? "True" : "False") + "\r\n";
+    if (s.wordZoom != 100) t += "Word View Zoom = " + std::to_string(s.wordZoom) + "\r\n";
+    if (s.pictureScale != 1) t += "Word Picture Scale = " + std::to_string(s.pictureScale) + "\r\n";
     return t;
 }
 
@@ -92,6 +96,14 @@ void ApplySettings(App& app, const fs::path& path) {
     app.settings.showAbout = !(about == "FALSE" || about == "NO");
     const std::string info = up("Show Dictionary Info");
     app.settings.showDictionaryInfo = !(info == "FALSE" || info == "NO");
+    auto number = [&](const char* key, int fallback, int lo, int hi) {
+        const std::string v = GetSettingValue(t, key);
+        if (v.empty() || v.size() > 6 || v.find_first_not_of("0123456789") != std::string::npos)
+            return fallback;
+        return std::clamp(std::stoi(v), lo, hi);
+    };
+    app.settings.wordZoom = number("Word View Zoom", 100, 100, 400);
+    app.settings.pictureScale = number("Word Picture Scale", 1, 1, 8);
 }
 
 std::string RememberedDictionaryName(const App& app) {

@@ -15,6 +15,11 @@ struct Settings {
     bool showDictionaryInfo = true;
     // Not kept in the file: draft 0, low -2, medium -3, high -4.
     int printQuality = 0;
+    // The word view's zoom in per cent (100 to 400), and the scale (1 to 8) a word's
+    // picture is copied and saved at. Written only when they are not the defaults, under
+    // keys that readers which do not know them pass over.
+    int wordZoom = 100;
+    int pictureScale = 1;
 };
 
 // A settings file is a few lines; anything much larger is not one.

@@ -139,6 +139,8 @@ void SetDirection(App& app, std::int16_t wanted) {
     if ((wanted == 0 && current == "L") || (wanted == 1 && current == "R")) return;
     // A layout that cannot be read or mirrored fails before the word is touched.
     ParseLayout(app);
+    UndoStep step(app.history, store, "Flip word " + std::to_string(store.currentIndex),
+                  store.currentIndex, store.currentIndex + 1);
     GlyphTable& g = app.glyphs;
     int n = 0;
     std::int16_t right = 0;

@@ -1,10 +1,13 @@
 #include "display/word_picture_qt.h"
 
+#include "display/sign_outlines_qt.h"
+
 #include <QBuffer>
 #include <QFile>
 #include <QPainter>
 #include <QSaveFile>
 
+#include <algorithm>
 #include <cmath>
 
 namespace nebkaro {
@@ -25,54 +28,69 @@ int twipsToPixels(double twips) {
 
 void PaintWordPicture(QPainter& painter, const WordPicture& picture) {
     for (const PlacedPicture& p : picture.pictures) {
-        const QPoint at(twipsToPixels(p.x), twipsToPixels(p.y));
-        QImage sign;
-        if (p.picture.ok) sign.load(QString::fromStdString(p.picture.file.string()));
-        if (!sign.isNull()) {
-            painter.drawImage(at, sign);
-            continue;
-        }
-        const QRect box(at, QSize(twipsToPixels(p.picture.width), twipsToPixels(p.picture.height)));
-        painter.save();
-        painter.setPen(QPen(Qt::gray, 1));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRect(box.adjusted(0, 0, -1, -1));
-        painter.restore();
+        // Signs stand on whole pixels at 100 %, as the word view places them.
+        const QPointF at(twipsToPixels(p.x), twipsToPixels(p.y));
+        PaintSign(
+            painter, p.picture,
+            QRectF(at, QSizeF(p.picture.width / TwipsPerPixel, p.picture.height / TwipsPerPixel)));
     }
 }
 
-QImage WordPictureImage(const WordPicture& picture) {
-    QImage image(pixelSize(picture), QImage::Format_RGB32);
+QImage WordPictureImage(const WordPicture& picture, double scale) {
+    scale = std::clamp(scale, 1.0, MaxPictureScale);
+    const QSize base = pixelSize(picture);
+    QImage image(std::max(1, static_cast<int>(std::lround(base.width() * scale))),
+                 std::max(1, static_cast<int>(std::lround(base.height() * scale))),
+                 QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
+    painter.scale(scale, scale);
     PaintWordPicture(painter, picture);
     painter.end();
     return image;
 }
 
-QByteArray WordPicturePng(const WordPicture& picture) {
+QByteArray WordPicturePng(const WordPicture& picture, double scale) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    WordPictureImage(picture).save(&buffer, "PNG");
+    WordPictureImage(picture, scale).save(&buffer, "PNG");
     return bytes;
 }
 
-QByteArray WordPictureSvg(const WordPicture& picture) {
-    // Drawn from the same placed pictures, in pixels, each sign embedded as it is drawn on
-    // the screen.
+QByteArray WordPictureSvg(const WordPicture& picture, double scale) {
+    // Drawn from the same placed pictures, in pixels: signs with an outline as paths, others
+    // embedded as their pictures. The scale only sets the drawing's size.
+    scale = std::clamp(scale, 1.0, MaxPictureScale);
     const QSize size = pixelSize(picture);
     QByteArray svg = QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                                     "<svg xmlns=\"http://www.w3.org/2000/svg\" "
-                                    "xmlns:xlink=\"http://www.w3.org/1999/xlink\" width=\"%1\" "
-                                    "height=\"%2\" viewBox=\"0 0 %1 %2\">\n"
+                                    "xmlns:xlink=\"http://www.w3.org/1999/xlink\" width=\"%3\" "
+                                    "height=\"%4\" viewBox=\"0 0 %1 %2\">\n"
                                     "<title>Nebkaro word</title>\n"
                                     "<rect width=\"%1\" height=\"%2\" fill=\"#ffffff\"/>\n")
                          .arg(size.width())
                          .arg(size.height())
+                         .arg(std::lround(size.width() * scale))
+                         .arg(std::lround(size.height() * scale))
                          .toUtf8();
     for (const PlacedPicture& p : picture.pictures) {
         const int x = twipsToPixels(p.x), y = twipsToPixels(p.y);
+        const QPainterPath outline = SignOutline(p.picture);
+        if (!outline.isEmpty()) {
+            svg += QStringLiteral("<g transform=\"translate(%1 %2)\"><rect width=\"%3\" "
+                                  "height=\"%4\" fill=\"#ffffff\"/><path d=\"%5\" fill=\"#000000\" "
+                                  "stroke=\"#000000\" stroke-width=\"%6\" "
+                                  "stroke-linejoin=\"round\"/></g>\n")
+                       .arg(x)
+                       .arg(y)
+                       .arg(p.picture.width / TwipsPerPixel)
+                       .arg(p.picture.height / TwipsPerPixel)
+                       .arg(SvgPathData(outline))
+                       .arg(SignInkStroke())
+                       .toUtf8();
+            continue;
+        }
         QImage sign;
         if (p.picture.ok) sign.load(QString::fromStdString(p.picture.file.string()));
         if (sign.isNull()) {
@@ -103,21 +121,22 @@ QByteArray WordPictureSvg(const WordPicture& picture) {
     return svg;
 }
 
-bool SaveWordPicture(const WordPicture& picture, const QString& file, ImageFormat format) {
+bool SaveWordPicture(const WordPicture& picture, const QString& file, ImageFormat format,
+                     double scale) {
     QSaveFile out(file);
     if (!out.open(QIODevice::WriteOnly)) return false;
     bool written = false;
     switch (format) {
     case ImageFormat::Svg: {
-        const QByteArray svg = WordPictureSvg(picture);
+        const QByteArray svg = WordPictureSvg(picture, scale);
         written = out.write(svg) == svg.size();
         break;
     }
     case ImageFormat::Png:
-        written = WordPictureImage(picture).save(&out, "PNG");
+        written = WordPictureImage(picture, scale).save(&out, "PNG");
         break;
     case ImageFormat::Bmp:
-        written = WordPictureImage(picture).save(&out, "BMP");
+        written = WordPictureImage(picture, scale).save(&out, "BMP");
         break;
     }
     if (!written) {

@@ -4,7 +4,9 @@
 #include "core/errors.h"
 #include "core/startup.h"
 #include "display/render.h"
+#include "display/zoom.h"
 #include "editing/navigation.h"
+#include "editing/undo.h"
 #include "editing/word_clipboard.h"
 #include "editing/word_editing.h"
 #include "translit/unicode_translit.h"
@@ -54,9 +56,13 @@ bool runBuiltIn(App& app, CommandId id) {
     case C::OpenDictionary:
         OpenCommand(app);
         return true;
-    case C::MergeDictionary:
+    case C::MergeDictionary: {
+        // The word on show is left first, so that storing it is a step of its own.
+        app.leaveWord(app);
+        UndoStep step(app.history, app.store, "Merge", app.store.lastIndex + 1);
         MergeCommand(app);
         return true;
+    }
     case C::SaveDictionary:
         SaveDictionary(app);
         return true;
@@ -130,6 +136,21 @@ bool runBuiltIn(App& app, CommandId id) {
     case C::CopyTranslitUnicode:
         copyTranslitUnicode(app);
         return true;
+    case C::Undo:
+        UndoCommand(app);
+        return true;
+    case C::Redo:
+        RedoCommand(app);
+        return true;
+    case C::ZoomIn:
+        ZoomIn(app);
+        return true;
+    case C::ZoomOut:
+        ZoomOut(app);
+        return true;
+    case C::ZoomReset:
+        ZoomReset(app);
+        return true;
     default:
         return false;
     }
@@ -193,6 +214,11 @@ const std::vector<CommandInfo>& commandTable() {
         {C::AboutProgram, "AboutProgram", false, "About the program"},
         {C::AboutDictionary, "AboutDictionary", true, "The information about the dictionary"},
         {C::Help, "Help", false, "This page"},
+        {C::Undo, "Undo", true, "Take back the last change to the dictionary"},
+        {C::Redo, "Redo", true, "Make again the change last taken back"},
+        {C::ZoomIn, "ZoomIn", true, "Draw the word larger"},
+        {C::ZoomOut, "ZoomOut", true, "Draw the word smaller"},
+        {C::ZoomReset, "ZoomReset", true, "Draw the word at its actual size"},
     };
     return table;
 }
@@ -223,6 +249,8 @@ void InstallCommandHandler(App& app, CommandId id, std::function<void(App&)> han
 }
 
 bool CommandAvailable(const App& app, CommandId id) {
+    if (id == C::Undo) return app.history.canUndo();
+    if (id == C::Redo) return app.history.canRedo();
     return app.commandHandlers.count(id) > 0 || Info(id).builtIn;
 }
 
@@ -351,6 +379,17 @@ std::vector<MenuItem> buildMenuBar() {
                  item("mnuPrintMultiple", "Print &Multiple", C::PrintMultiple),
                  item("mnuQuit", "&Quit", C::Quit, true),
              }),
+        menu("mnuEditing", "&Edit",
+             {
+                 item("mnuUndo", "&Undo", C::Undo),
+                 item("mnuRedo", "&Redo", C::Redo),
+             }),
+        menu("mnuView", "&View",
+             {
+                 item("mnuZoomIn", "Zoom &In", C::ZoomIn),
+                 item("mnuZoomOut", "Zoom &Out", C::ZoomOut),
+                 item("mnuZoomReset", "&Actual Size", C::ZoomReset),
+             }),
         menu("mnuWord", "&Word",
              {
                  item("mnuNew", "&New", C::NewWord),
@@ -410,6 +449,12 @@ const std::vector<MenuItem>& MenuBar() {
     return bar;
 }
 
+std::string CurrentCaption(const App& app, CommandId id, const std::string& caption) {
+    if (id == C::Undo && app.history.canUndo()) return "&Undo " + app.history.undoName();
+    if (id == C::Redo && app.history.canRedo()) return "&Redo " + app.history.redoName();
+    return caption;
+}
+
 const MenuItem& PopupMenu() {
     static const MenuItem popup =
         menu("mnuFieldEdit", "FieldEdit",
@@ -461,6 +506,12 @@ const std::vector<Shortcut>& Shortcuts() {
     // No Ctrl+G and no Ctrl+M: Ctrl followed by G or M toggles the Gardiner and Meaning boxes.
     static const std::vector<Shortcut> shortcuts = {
         {"Ctrl+O", C::OpenDictionary, S::Window},
+        {"Ctrl+Z", C::Undo, S::Window},
+        {"Ctrl+Shift+Z", C::Redo, S::Window},
+        {"Ctrl++", C::ZoomIn, S::Window},
+        {"Ctrl+=", C::ZoomIn, S::Window},
+        {"Ctrl+-", C::ZoomOut, S::Window},
+        {"Ctrl+0", C::ZoomReset, S::Window},
         {"Ctrl+S", C::SaveDictionary, S::Window},
         {"Ctrl+Shift+S", C::SaveDictionaryAs, S::Window},
         {"Ctrl+Q", C::Quit, S::Window},

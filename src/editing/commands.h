@@ -74,6 +74,13 @@ enum class CommandId : int {
     AboutProgram,
     AboutDictionary,
     Help,
+    // History of the changes to the dictionary
+    Undo,
+    Redo,
+    // Zoom of the word view
+    ZoomIn,
+    ZoomOut,
+    ZoomReset,
 };
 
 // Every command, in the order above, with a name for messages and logs.
@@ -129,6 +136,9 @@ struct MenuItem {
     bool checkable = false;
 };
 const std::vector<MenuItem>& MenuBar();
+// The caption a menu item shows now: Undo and Redo name the step they take ("&Undo Delete
+// word 12"); every other item its own caption.
+std::string CurrentCaption(const App& app, CommandId id, const std::string& caption);
 // mnuFieldEdit: the pop-up menu of the display area (not shown in the bar).
 const MenuItem& PopupMenu();
 

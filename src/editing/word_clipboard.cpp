@@ -3,6 +3,7 @@
 #include "core/app.h"
 #include "core/errors.h"
 #include "core/text.h"
+#include "editing/undo.h"
 #include "editing/word_editing.h"
 
 #include <algorithm>
@@ -49,7 +50,11 @@ void Copy(App& app) {
     app.cutIndex = app.store.currentIndex;
     app.clipboard.clear();
     app.clipboard.setText(ClipboardItem(app.store.row(app.cutIndex)));
-    if (cutting) Delete(app);
+    if (cutting) {
+        UndoStep step(app.history, app.store, "Cut word " + std::to_string(app.cutIndex),
+                      app.cutIndex);
+        Delete(app);
+    }
 }
 
 void Cut(App& app) {
@@ -72,6 +77,9 @@ void Paste(App& app) {
     const std::vector<std::string> parts = text::split(item, '|');
     const bool valid = parts[0] == "R" || parts[0] == "L";
     const bool complete = parts.size() >= static_cast<std::size_t>(FieldCount);
+    const int pasted =
+        DictionaryHasNoWords(store) ? 0 : std::clamp(store.currentIndex, -1, store.lastIndex) + 1;
+    UndoStep step(app.history, store, "Paste word " + std::to_string(pasted), pasted);
     if (DictionaryHasNoWords(store)) {
         // An empty dictionary has no word to copy after: a word pasted into it is its first
         // word, and an invalid one changes nothing.

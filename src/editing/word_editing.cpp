@@ -3,6 +3,7 @@
 #include "core/app.h"
 #include "core/errors.h"
 #include "display/render.h"
+#include "editing/undo.h"
 #include "editing/word_clipboard.h"
 
 namespace nebkaro {
@@ -122,6 +123,13 @@ bool Store(App& app) {
     // there is no word at all.
     const bool firstWord = !store.newWordPending && DictionaryHasNoWords(store);
     if (firstWord && !WordHasUnsavedEdits(app)) return false;
+    // The one row written: a new word's row (row 0 of an empty dictionary, else one past the
+    // last word), or the row on show.
+    const bool newRow = (store.newWordPending || firstWord) &&
+                        (firstWord || !app.insertPending || !rowInTable(store.currentIndex));
+    const int from = !newRow ? store.currentIndex : store.isEmpty() ? 0 : store.lastIndex + 1;
+    UndoStep step(app.history, store, "Store word", from,
+                  newRow && !store.isEmpty() ? from : from + 1);
     if (store.newWordPending || firstWord) {
         if (firstWord || !app.insertPending || !rowInTable(store.currentIndex)) {
             try {
@@ -136,6 +144,7 @@ bool Store(App& app) {
     } else if (!rowInTable(row)) {
         return false; // nothing on show, nothing to store
     }
+    step.rename("Store word " + std::to_string(row));
     if (app.extendedChosen) store.setField(row, FieldLibrary, "E");
     const WordView& view = app.view;
     store.setField(row, FieldLayout, view.RichGardinerlbl);
@@ -220,6 +229,7 @@ void Delete(App& app) {
         return;
     const int current = store.currentIndex;
     const int last = store.lastIndex;
+    UndoStep step(app.history, store, "Delete word " + std::to_string(current), current);
     if (current < last) {
         auto& rows = store.rowsForBulk(last + 1);
         const auto first = rows.begin() + current;
@@ -241,8 +251,10 @@ void Duplicate(App& app) {
         ReportNoWordOnShow(app);
         return;
     }
-    InsertRow(app);
     DictionaryStore& store = app.store;
+    UndoStep step(app.history, store, "Duplicate word " + std::to_string(store.currentIndex),
+                  store.currentIndex);
+    InsertRow(app);
     store.setRow(store.currentIndex, store.row(store.currentIndex - 1));
     store.isChanged = true;
     app.renderWord(app);

@@ -168,6 +168,8 @@ ImportReport ImportMdcLines(App& app, const std::string& text) {
     const bool wasNew = store.newWordPending, wasEdit = store.editPending,
                wasAccepted = store.composeAccepted;
     const std::string layoutText = app.layoutText, composedGardiner = app.composedGardiner;
+    // New words go after the last one, or into row 0 of an empty dictionary.
+    UndoStep step(app.history, store, "Import", store.isEmpty() ? 0 : store.lastIndex + 1);
 
     std::size_t start = 0;
     int lineNumber = 0;

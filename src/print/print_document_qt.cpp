@@ -1,5 +1,7 @@
 #include "print/print_document_qt.h"
 
+#include "display/sign_outlines_qt.h"
+
 #include <QColor>
 #include <QFont>
 #include <QFontDatabase>
@@ -313,6 +315,8 @@ struct PrintDocument::Impl {
         for (const PlacedPicture& placed : pic.pictures) {
             const QRectF r(x + (placed.x - PictureMargin) * s, y + (placed.y - PictureMargin) * s,
                            placed.picture.width * s, placed.picture.height * s);
+            // On paper a sign is its outline, sharp at the printer's resolution.
+            if (PaintSignOutline(p, placed.picture, r)) continue;
             QImage img;
             if (placed.picture.ok) {
                 const QSize pixels(std::max(1, static_cast<int>(std::lround(r.width() * kx))),

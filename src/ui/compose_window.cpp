@@ -1,5 +1,7 @@
 #include "ui/compose_window.h"
 
+#include "display/zoom.h"
+
 #include "core/errors.h"
 #include "ui/screen_fit.h"
 #include "ui/sign_pixmap.h"
@@ -21,6 +23,8 @@
 #include <QScrollArea>
 
 #include <cmath>
+#include <QShortcut>
+#include <QWheelEvent>
 
 #include <functional>
 
@@ -93,6 +97,13 @@ ComposeWindow::ComposeWindow(App& app, QWidget* parent)
     connect(mnuBasic_, &QAction::triggered, this, [this] { command([&] { model_.mnuBasic(); }); });
     connect(mnuExtended_, &QAction::triggered, this,
             [this] { command([&] { model_.mnuExtended(); }); });
+    // The same zoom keys as the word view's.
+    const std::pair<const char*, int> zoomKeys[] = {
+        {"Ctrl++", 1}, {"Ctrl+=", 1}, {"Ctrl+-", -1}, {"Ctrl+0", 0}};
+    for (const auto& [keys, step] : zoomKeys) {
+        auto* sc = new QShortcut(QKeySequence(QString::fromLatin1(keys)), this);
+        connect(sc, &QShortcut::activated, this, [this, step = step] { zoom(step); });
+    }
 
     // The canvas scrolls when the signs need more room than the screen leaves the window.
     scroll_ = new QScrollArea(this);
@@ -180,8 +191,14 @@ ComposeWindow::ComposeWindow(App& app, QWidget* parent)
                 const CanvasImage& image = model_.GlyphPic[static_cast<std::size_t>(i)];
                 // Released where it was pressed: the place is taken unchanged, half twips
                 // included, rather than as the pixel it is drawn on.
+                // A sign dropped on the zoomed canvas lands where it would stand at 100 %.
+                const Rect& shp = model_.geometry.ComposeShp;
+                const double k = ClampZoom(app_.settings.wordZoom) / 100.0;
+                const double cx = shp.left + shp.width / 2.0, cy = shp.top + shp.height / 2.0;
                 if (moved)
-                    model_.MoveImage(i, twips(at.x()), twips(at.y()));
+                    model_.MoveImage(i,
+                                     static_cast<int>(std::lround(cx + (twips(at.x()) - cx) / k)),
+                                     static_cast<int>(std::lround(cy + (twips(at.y()) - cy) / k)));
                 else
                     model_.MoveImage(i, image.left, image.top);
             });
@@ -276,6 +293,7 @@ void ComposeWindow::refresh() {
     placeControls();
     const QColor buttonFace = palette().color(QPalette::Button);
     const QColor workspace = palette().color(QPalette::Mid);
+    const int zoom = ClampZoom(app_.settings.wordZoom);
     for (int i = 0; i < Composer::Slots; ++i) {
         const CanvasImage& image = model_.GlyphPic[static_cast<std::size_t>(i)];
         GlyphPicture* pic = glyphPic_[static_cast<std::size_t>(i)];
@@ -283,16 +301,43 @@ void ComposeWindow::refresh() {
         pal.setColor(QPalette::Window,
                      image.background == SlotBackground::ButtonFace ? buttonFace : workspace);
         pic->setPalette(pal);
+        // A sign grows about the canvas centre; places keep their half twips.
+        const Rect& shp = model_.geometry.ComposeShp;
+        const double k = zoom / 100.0;
+        const double cx = shp.left + shp.width / 2.0, cy = shp.top + shp.height / 2.0;
         if (image.hasPicture) {
-            pic->setPixmap(signPixmap(image.picture));
+            pic->setPixmap(signPixmap(image.picture, zoom / 100.0, pic->devicePixelRatioF()));
             pic->setFrameShape(QFrame::NoFrame);
         } else {
             pic->clear();
             pic->setFrameStyle(QFrame::Panel | QFrame::Sunken);
         }
-        pic->setGeometry(rectPx(image.left, image.top, image.width, image.height));
+        const QRect r = rectPx(cx + (image.left - cx) * k, cy + (image.top - cy) * k,
+                               image.width * k, image.height * k);
+        pic->setGeometry(r);
+        // Zoomed signs are cut at the canvas frame.
+        const QRect inside = composeShp_->geometry().adjusted(1, 1, -1, -1);
+        if (zoom == MinZoom || inside.contains(r))
+            pic->clearMask();
+        else
+            pic->setMask(QRegion(inside.intersected(r).translated(-r.topLeft())));
         pic->setVisible(image.visible);
     }
+}
+
+void ComposeWindow::zoom(int step) {
+    int& z = app_.settings.wordZoom;
+    z = step > 0 ? ZoomedIn(z) : step < 0 ? ZoomedOut(z) : MinZoom;
+    refresh();
+}
+
+void ComposeWindow::wheelEvent(QWheelEvent* event) {
+    if (!(event->modifiers() & Qt::ControlModifier) || event->angleDelta().y() == 0) {
+        QMainWindow::wheelEvent(event);
+        return;
+    }
+    zoom(event->angleDelta().y() > 0 ? 1 : -1);
+    event->accept();
 }
 
 bool ComposeWindow::run() {

@@ -47,6 +47,8 @@ protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    // Ctrl and the wheel zoom the canvas.
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
     template <typename F> void command(F&& f);
@@ -59,6 +61,8 @@ private:
     // on the larger frame; the window grows with it as far as the screen lets it.
     void growForSigns();
     bool eventFilter(QObject* watched, QEvent* event) override;
+    // The canvas at the zoom the word view has: one step in (+1) or out (-1), or 100 % (0).
+    void zoom(int step);
 
     App& app_;
     Composer model_;

@@ -196,9 +196,10 @@ void LookupWindow::refresh() {
             translit->hide();
             continue;
         }
-        const QPixmap pixmap = signPixmap(p.picture);
+        const QPixmap pixmap = signPixmap(p.picture, 1.0, pic->devicePixelRatioF());
         pic->setPixmap(pixmap);
-        pic->setGeometry(px(p.left), px(p.top), pixmap.width(), pixmap.height());
+        const QSize size = pixmap.deviceIndependentSize().toSize();
+        pic->setGeometry(px(p.left), px(p.top), size.width(), size.height());
         pic->setToolTip(qs(p.tooltip));
         pic->show();
         const int centre = px(p.labelCentre);

@@ -11,6 +11,7 @@
 #include "display/unicode_text.h"
 #include "display/word_picture_qt.h"
 #include "display/word_view_events.h"
+#include "display/zoom.h"
 #include "editing/commands.h"
 #include "translit/guess.h"
 #include "ui/about_dialog.h"
@@ -24,9 +25,11 @@
 #include "ui/preferences_dialog.h"
 #include "ui/screen_fit.h"
 #include "ui/search_tools.h"
+#include "ui/sign_pixmap.h"
 #include "ui/sort_dialog.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -35,6 +38,7 @@
 #include <QFile>
 #include <QFocusEvent>
 #include <QFrame>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -44,12 +48,16 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QShortcutEvent>
 #include <QStatusBar>
 #include <QTemporaryFile>
 #include <QToolButton>
 #include <QUrl>
+#include <QWheelEvent>
 
 #include <cmath>
 
@@ -177,7 +185,14 @@ MainWindow::MainWindow(App& app, Options options)
     connect(exchange_, &ExchangeCommands::changed, this, [this] { wordViewChanged(); });
     surface_ = new WordSurface(this);
     surface_->setObjectName(QStringLiteral("MainSurface"));
-    setCentralWidget(surface_);
+    // On a screen too small for the whole word view (a large screen scale) the view scrolls
+    // rather than being cut off; a taller window gives the display area the extra height.
+    auto* scroll = new QScrollArea(this);
+    scroll->setObjectName(QStringLiteral("MainScroll"));
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setWidget(surface_);
+    setCentralWidget(scroll);
     buildToolBar();
     buildWordView();
     installHandlers();
@@ -185,9 +200,20 @@ MainWindow::MainWindow(App& app, Options options)
     buildShortcuts();
     statusBar()->setObjectName(QStringLiteral("StatusBar"));
     setMinimumWidth(px(MainGeometry::MinWidth));
-    surface_->setFixedHeight(px(SurfaceHeight));
-    requestedWidth_ = px(app_.view.windowWidth);
-    resize(requestedWidth_, sizeHint().height());
+    surface_->setMinimumHeight(px(SurfaceHeight));
+    const int whole =
+        px(SurfaceHeight) + menuBar()->sizeHint().height() + statusBar()->sizeHint().height();
+    int height = whole;
+    if (const QScreen* screen = QGuiApplication::primaryScreen())
+        height = std::min(whole, screen->availableGeometry().height() - FrameAllowance);
+    // A view that scrolls keeps its scroll bar beside the view, not over its right edge.
+    if (height < whole) {
+        scroll->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+        scrollBarRoom_ = scroll->verticalScrollBar()->sizeHint().width();
+        setMinimumWidth(px(MainGeometry::MinWidth) + scrollBarRoom_);
+    }
+    requestedWidth_ = px(app_.view.windowWidth) + scrollBarRoom_;
+    resize(requestedWidth_, height);
     qApp->installEventFilter(this);
     keepWindowsOnScreen(this);
     refreshAvailability();
@@ -440,6 +466,27 @@ QMenu* MainWindow::buildMenu(const MenuItem& item, QMenu* into) {
             exchange_->addWordItems(m);
         }
         if (child.objectName == "mnuMerge") exchange_->addFileItems(m);
+        // The scale Copy Glyph Image and Save Image draw the word at.
+        if (child.objectName == "mnuZoomReset") {
+            m->addSeparator();
+            QMenu* scales = m->addMenu(QStringLiteral("Picture &Scale"));
+            scales->setObjectName(QStringLiteral("mnuPictureScale"));
+            auto* group = new QActionGroup(scales);
+            for (int s = 1; s <= MaxPictureScaleSetting; ++s) {
+                QAction* a = scales->addAction(QStringLiteral("%1\u00d7").arg(s));
+                a->setObjectName(QStringLiteral("mnuPictureScale%1").arg(s));
+                a->setCheckable(true);
+                a->setChecked(app_.settings.pictureScale == s);
+                group->addAction(a);
+                connect(a, &QAction::triggered, this,
+                        [this, s] { app_.settings.pictureScale = s; });
+            }
+            connect(scales, &QMenu::aboutToShow, this, [scales, this] {
+                const QString on =
+                    QStringLiteral("mnuPictureScale%1").arg(app_.settings.pictureScale);
+                for (QAction* a : scales->actions()) a->setChecked(a->objectName() == on);
+            });
+        }
     }
     return m;
 }
@@ -517,7 +564,8 @@ void MainWindow::layoutControls() {
     const int w = v.windowWidth;
     toolbar_->setGeometry(0, 0, width(), px(480));
     const Rect& a = v.geometry.DispAreaShp;
-    dispArea_->setGeometry(pixelRect(a.left, a.top, a.width, a.height));
+    const int extra = extraHeight();
+    dispArea_->setGeometry(pixelRect(a.left, a.top, a.width, a.height).adjusted(0, 0, 0, extra));
     progressTrack_->setGeometry(pixelRect(a.left, 3060, v.geometry.progressContainerWidth, 120));
     for (const auto& [widget, r] : fixed_)
         widget->setGeometry(pixelRect(r.x(), r.y(), r.width(), r.height()));
@@ -535,7 +583,21 @@ void MainWindow::layoutControls() {
             pixelRect(w - 290, FieldTop[i] + 30, 270, 270));
     if (auto* hideLabel = surface_->findChild<QLabel*>(QStringLiteral("Label5")))
         hideLabel->setGeometry(pixelRect(w - 400, FieldTop[0] - 240, 400, 240));
+    // Everything below the display area moves down by the height it gained.
+    if (extra > 0) {
+        const int below = px(a.top + a.height);
+        for (QWidget* child : surface_->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+            if (child == dispArea_ || child == toolbar_ ||
+                std::find(glyphs_.begin(), glyphs_.end(), child) != glyphs_.end())
+                continue;
+            if (child->y() >= below) child->move(child->x(), child->y() + extra);
+        }
+    }
     showGlyphs();
+}
+
+int MainWindow::extraHeight() const {
+    return std::max(0, surface_->height() - px(SurfaceHeight));
 }
 
 void MainWindow::showGlyphs() {
@@ -547,14 +609,28 @@ void MainWindow::showGlyphs() {
             l->hide();
             continue;
         }
+        // Drawn for the screen's own pixels at the zoom, sharp on a scaled screen.
+        const int zoom = ClampZoom(app_.settings.wordZoom);
+        const double dpr = l->devicePixelRatioF();
         const QString file = QString::fromStdString(img.picture.file.string());
+        const QString key = file + QLatin1Char('@') + QString::number(dpr) + QLatin1Char('x') +
+                            QString::number(zoom);
         QPixmap pm;
         if (img.picture.ok) {
-            auto it = pixmaps_.find(file);
-            if (it == pixmaps_.end()) it = pixmaps_.insert(file, QPixmap(file));
+            auto it = pixmaps_.find(key);
+            if (it == pixmaps_.end()) {
+                // A picture that cannot be read stays a null pixmap: an empty framed square.
+                const bool readable = !QPixmap(file).isNull();
+                it = pixmaps_.insert(key, readable ? ui::signPixmap(img.picture, zoom / 100.0, dpr)
+                                                   : QPixmap());
+            }
             pm = *it;
         }
-        QRect r(px(img.left), px(img.top), px(img.picture.width), px(img.picture.height));
+        const Rect& area = v.geometry.DispAreaShp;
+        const Rect box =
+            ZoomedBox({img.left, img.top, img.picture.width, img.picture.height}, area, zoom);
+        // The word stays centred in an area that grew with the window.
+        QRect r(px(box.left), px(box.top) + extraHeight() / 2, px(box.width), px(box.height));
         // An unreadable picture is an empty framed square; Show Borders frames every sign,
         // the frame standing just outside the picture.
         const bool framed = pm.isNull() || v.showBorders;
@@ -568,13 +644,23 @@ void MainWindow::showGlyphs() {
         l->setLineWidth(1);
         if (framed && !pm.isNull()) r.adjust(-1, -1, 1, 1);
         l->setGeometry(r);
+        // A zoomed word larger than the display area is cut at its frame.
+        const QRect inside = dispArea_->geometry().adjusted(1, 1, -1, -1);
+        if (zoom == MinZoom || inside.contains(r))
+            l->clearMask();
+        else
+            l->setMask(QRegion(inside.intersected(r).translated(-r.topLeft())));
         l->show();
         l->raise();
     }
 }
 
 void MainWindow::refreshAvailability() {
-    for (const auto& [a, id] : actions_) a->setEnabled(CommandAvailable(app_, id));
+    for (const auto& [a, id] : actions_) {
+        a->setEnabled(CommandAvailable(app_, id));
+        if (id == CommandId::Undo || id == CommandId::Redo)
+            a->setText(qs(CurrentCaption(app_, id, id == CommandId::Undo ? "&Undo" : "&Redo")));
+    }
     for (const auto& [b, id] : buttons_) b->setEnabled(CommandAvailable(app_, id));
 }
 
@@ -583,12 +669,12 @@ void MainWindow::wordViewChanged() {
     // The renderer may ask for another width (a wide word, or back to 6960 twips); a width
     // the user gave the window by hand is kept, growing only for a wider word. The display
     // always follows the width the window really has.
-    const int wanted = std::max(px(v.windowWidth), userWidth_);
+    const int wanted = std::max(px(v.windowWidth) + scrollBarRoom_, userWidth_);
     if (wanted != width() && !isMaximized() && !isFullScreen()) {
         requestedWidth_ = wanted;
         resize(wanted, height());
     }
-    ResizeWordView(v, width() * TwipsPerPixel);
+    ResizeWordView(v, (width() - scrollBarRoom_) * TwipsPerPixel);
 
     auto setText = [](QLineEdit* e, const std::string& s) {
         const QString t = qs(s);
@@ -771,6 +857,20 @@ void MainWindow::showStatus(const std::string& text) {
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     const QEvent::Type type = event->type();
+    // The word view follows the height the scroll area gives it.
+    if (type == QEvent::Resize && watched == surface_ && !isMinimized()) layoutControls();
+    // The wheel with Ctrl over the word zooms it.
+    if (type == QEvent::Wheel) {
+        const auto* wheel = static_cast<QWheelEvent*>(event);
+        const bool overWord = watched == dispArea_ ||
+                              std::find(glyphs_.begin(), glyphs_.end(), watched) != glyphs_.end();
+        if (overWord && (wheel->modifiers() & Qt::ControlModifier)) {
+            const int turn = wheel->angleDelta().y();
+            if (turn != 0 && !QApplication::activeModalWidget())
+                runCommand(turn > 0 ? CommandId::ZoomIn : CommandId::ZoomOut);
+            return true;
+        }
+    }
     if (type == QEvent::Shortcut) {
         // A shortcut takes its key before the window sees it; the window still counts it as
         // the key pressed last, so that only Ctrl directly followed by G or M toggles a box.
@@ -853,7 +953,7 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
     if (isMinimized()) return;
     // A width this window did not ask for is the user's (or the screen's, when it is narrow).
     if (!isMaximized() && !isFullScreen() && width() != requestedWidth_) userWidth_ = width();
-    ResizeWordView(app_.view, width() * TwipsPerPixel);
+    ResizeWordView(app_.view, (width() - scrollBarRoom_) * TwipsPerPixel);
     layoutControls();
 }
 
@@ -892,7 +992,7 @@ void MainWindow::endProgram() {
 }
 
 void MainWindow::copyImage() {
-    const QByteArray png = WordPicturePng(app_.view.TemPic);
+    const QByteArray png = WordPicturePng(app_.view.TemPic, app_.settings.pictureScale);
     app_.clipboard.clear();
     app_.clipboard.setImagePng(std::vector<std::uint8_t>(png.begin(), png.end()));
 }
@@ -903,7 +1003,7 @@ void MainWindow::saveImage() {
     // A picture that cannot be written is not an error of the dictionary: the status bar
     // says so and nothing else happens.
     const QString name = QString::fromStdString(file->string());
-    if (SaveWordPicture(app_.view.TemPic, name, ImageFormatFor(*file)))
+    if (SaveWordPicture(app_.view.TemPic, name, ImageFormatFor(*file), app_.settings.pictureScale))
         statusBar()->showMessage(QStringLiteral("Picture saved: ") + name);
     else
         statusBar()->showMessage(QStringLiteral("The picture could not be saved: ") + name);

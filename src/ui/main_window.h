@@ -90,6 +90,8 @@ Q_SIGNALS:
 public:
     // The design geometry in twips: the word view's height, from the tool bar to the buttons.
     static constexpr int SurfaceHeight = 8580;
+    // Room left on the screen for the window's frame and title, in pixels.
+    static constexpr int FrameAllowance = 40;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -109,6 +111,10 @@ private:
 
     void layoutControls();
     void showGlyphs();
+    // The height the display area gained over its design height in a taller window.
+    int extraHeight() const;
+    // The width of the scroll bar a screen too small for the view needs (0 otherwise).
+    int scrollBarRoom_ = 0;
     void refreshAvailability();
     void surfaceMousePress(int button, QPoint at, QPoint global);
     void surfaceDoubleClick();

@@ -1,17 +1,30 @@
 #include "ui/sign_pixmap.h"
 
+#include "display/sign_outlines_qt.h"
+
 #include <QPainter>
 #include <QString>
 
+#include <cmath>
+
 namespace nebkaro::ui {
 
-QPixmap signPixmap(const SignPicture& picture) {
+QPixmap signPixmap(const SignPicture& picture, double scale, double devicePixelRatio) {
     if (picture.ok) {
         QPixmap p(QString::fromStdString(picture.file.string()));
-        if (!p.isNull()) return p;
+        if (!p.isNull()) {
+            const double pixels = scale * devicePixelRatio;
+            // Larger than the picture: drawn from the sign's outline (or its picture smoothly
+            // scaled) at the screen's own pixels.
+            if (pixels > 1.01 || pixels < 0.99) {
+                p = QPixmap::fromImage(SignImage(picture, pixels));
+                p.setDevicePixelRatio(devicePixelRatio);
+            }
+            return p;
+        }
     }
-    const int w = std::max(1, px(picture.width));
-    const int h = std::max(1, px(picture.height));
+    const int w = std::max(1, static_cast<int>(std::lround(picture.width / 15.0 * scale)));
+    const int h = std::max(1, static_cast<int>(std::lround(picture.height / 15.0 * scale)));
     QPixmap empty(w, h);
     empty.fill(Qt::transparent);
     QPainter painter(&empty);

@@ -6,10 +6,12 @@
 
 namespace nebkaro::ui {
 
-// The picture's file at its natural size; a picture that is missing or cannot be read is an
+// The sign at scale times its natural size (in logical pixels) for a screen of this device
+// pixel ratio: the picture's file itself at its natural size on a plain screen, otherwise the
+// sign drawn sharp for the screen's pixels. A picture that is missing or cannot be read is an
 // empty framed square of the size the picture port gave it, so the rest of the word still
 // draws.
-QPixmap signPixmap(const SignPicture& picture);
+QPixmap signPixmap(const SignPicture& picture, double scale = 1.0, double devicePixelRatio = 1.0);
 
 // Twips to pixels and back (15 twips to the pixel).
 inline int px(double twips) {

@@ -94,3 +94,31 @@ TEST(WriteSettingsFile, WritesTheExactTextAndCreatesTheSystemFolder) {
     EXPECT_FALSE(back.app.settings.showDictionaryInfo);
     EXPECT_EQ(back.app.store.dictionaryName, "Mine.nkd");
 }
+
+TEST(ApplySettings, TheZoomAndPictureScaleAreReadWithinTheirRangesAndWrittenOnlyWhenSet) {
+    const std::tuple<std::string, int, int> cases[] = {
+        {"", 100, 1},
+        {"Word View Zoom = 250\r\nWord Picture Scale = 4\r\n", 250, 4},
+        {"Word View Zoom = 900\r\nWord Picture Scale = 0\r\n", 400, 1},
+        {"Word View Zoom = 2x\r\nWord Picture Scale = -3\r\n", 100, 1},
+    };
+    for (const auto& [file, zoom, scale] : cases) {
+        TestApp t;
+        TempDir d;
+        ApplySettings(t.app, d.write("System/Settings.nks", "Library = Basic\r\n" + file));
+        EXPECT_EQ(t.app.settings.wordZoom, zoom) << file;
+        EXPECT_EQ(t.app.settings.pictureScale, scale) << file;
+    }
+    TestApp t;
+    TempDir d;
+    const auto p = d.path() / "Settings.nks";
+    WriteSettingsFile(t.app, p);
+    EXPECT_EQ(readFile(p).find("Zoom"), std::string::npos); // a default file stays as it was
+    t.app.settings.wordZoom = 300;
+    t.app.settings.pictureScale = 8;
+    WriteSettingsFile(t.app, p);
+    TestApp back;
+    ApplySettings(back.app, p);
+    EXPECT_EQ(back.app.settings.wordZoom, 300);
+    EXPECT_EQ(back.app.settings.pictureScale, 8);
+}

@@ -260,7 +260,7 @@ private Q_SLOTS:
         Program p;
         p.folder.settings(false, false);
         QVERIFY(p.startAndShow());
-        QWidget* surface = p.window->centralWidget();
+        auto* surface = p.find<QWidget>("MainSurface");
         const QRect area = p.find<QFrame>("DispAreaShp")->geometry();
         auto* popup = p.find<QMenu>("mnuFieldEdit");
         QVERIFY(popup);
@@ -878,10 +878,18 @@ private Q_SLOTS:
         for (QAction* a : p.window->menuBar()->actions())
             if (a->menu()) collect(a->menu());
         QVERIFY(controls.size() > 60);
-        int round = 0, triggered = 0, asked = 0;
+        int round = 0, triggered = 0, asked = 0, nothingToTake = 0;
         for (QObject* c : controls) {
             // Quitting ends the run; its questions have tests of their own.
             if (c->objectName() == QLatin1String("mnuQuit")) continue;
+            // Undo and Redo are offered only when there is a step to take.
+            if (auto* a = qobject_cast<QAction*>(c);
+                a && !a->isEnabled() &&
+                (a->objectName() == QLatin1String("mnuUndo") ||
+                 a->objectName() == QLatin1String("mnuRedo"))) {
+                ++nothingToTake;
+                continue;
+            }
             script(round++);
             if (auto* b = qobject_cast<QAbstractButton*>(c); b && b->isEnabled()) {
                 b->click();
@@ -902,7 +910,7 @@ private Q_SLOTS:
         }
         closer.stop();
         // Every control was offered and enabled, and the commands did ask their questions.
-        QCOMPARE(triggered, static_cast<int>(controls.size()) - 1);
+        QCOMPARE(triggered + nothingToTake, static_cast<int>(controls.size()) - 1);
         QVERIFY(asked > 20);
     }
 };

@@ -1,0 +1,197 @@
+#include "editing/undo.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace nebkaro {
+namespace {
+
+WordRecord word(const std::string& t) {
+    return {"L", "B", "A1(0,0) ", "A1", t, "meaning of " + t, ""};
+}
+
+// What Undo must give back: the words, how many, the word on show and the header.
+struct Snapshot {
+    std::vector<WordRecord> rows;
+    int lastIndex;
+    int currentIndex;
+    DictionaryHeader header;
+    bool operator==(const Snapshot&) const = default;
+};
+
+Snapshot snap(const DictionaryStore& s) {
+    Snapshot out{{}, s.lastIndex, s.currentIndex, s.header};
+    for (int w = 0; w <= s.lastIndex; ++w) out.rows.push_back(s.row(w));
+    return out;
+}
+
+// Six words w0..w5, word 2 on show, as opened from a file.
+void sixWords(DictionaryStore& s) {
+    for (int i = 0; i < 6; ++i) s.setRow(i, word("w" + std::to_string(i)));
+    s.lastIndex = 5;
+    s.currentIndex = 2;
+    s.isChanged = false;
+}
+
+void insertAt(DictionaryStore& s, int at, WordRecord r) {
+    for (int i = s.lastIndex; i >= at; --i) s.swapRows(i, i + 1);
+    s.setRow(at, std::move(r));
+    ++s.lastIndex;
+}
+
+void removeAt(DictionaryStore& s, int at) {
+    for (int i = at; i < s.lastIndex; ++i) s.swapRows(i, i + 1);
+    --s.lastIndex;
+}
+
+TEST(UndoHistory, EveryShapeOfChangeIsTakenBackAndDoneAgainKeepingOnlyTheRowsItChanged) {
+    struct Case {
+        const char* rule;
+        int from, to; // the rows the change declares it may touch (-1: to the end)
+        std::function<void(DictionaryStore&)> change;
+        std::size_t held; // words the step keeps
+    };
+    const std::vector<Case> cases = {
+        {"one word rewritten in place", 2, 3, [](auto& s) { s.setField(2, FieldMeaning, "x"); }, 1},
+        {"a word added after the last", 6, 6,
+         [](auto& s) {
+             s.setRow(6, word("new"));
+             s.lastIndex = 6;
+             s.currentIndex = 6;
+         },
+         0},
+        {"a word removed from the middle", 2, -1, [](auto& s) { removeAt(s, 2); }, 1},
+        {"the last word removed", 5, -1, [](auto& s) { removeAt(s, 5); }, 1},
+        {"the only words all removed", 0, -1, [](auto& s) { s.lastIndex = -1; }, 6},
+        {"a word inserted at the front", 0, -1, [](auto& s) { insertAt(s, 0, word("n")); }, 0},
+        {"a copy inserted after the word on show", 2, -1, [](auto& s) { insertAt(s, 3, s.row(2)); },
+         0},
+        {"the order reversed", 0, -1,
+         [](auto& s) {
+             for (int i = 0, j = s.lastIndex; i < j; ++i, --j) s.swapRows(i, j);
+         },
+         6},
+        {"two neighbours exchanged", 0, -1, [](auto& s) { s.swapRows(1, 2); }, 2},
+        {"words appended and the header replaced", 6, 6,
+         [](auto& s) {
+             s.setRow(6, word("m1"));
+             s.setRow(7, word("m2"));
+             s.lastIndex = 7;
+             s.header[0] = "Merged";
+         },
+         0},
+        {"a nested change below the declared rows widens the step", 6, 6,
+         [](auto& s) {
+             s.setField(1, FieldComment, "stored first");
+             s.setRow(6, word("m"));
+             s.lastIndex = 6;
+         },
+         5},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.rule);
+        DictionaryStore store;
+        sixWords(store);
+        UndoHistory history;
+        const Snapshot before = snap(store);
+        {
+            UndoStep step(history, store, c.rule, c.from, c.to);
+            if (std::string(c.rule).find("nested") != std::string::npos) {
+                UndoStep inner(history, store, "inner", 1, 2);
+                c.change(store);
+            } else {
+                c.change(store);
+            }
+            store.isChanged = true;
+        }
+        const Snapshot after = snap(store);
+        ASSERT_TRUE(history.canUndo());
+        EXPECT_EQ(history.undoName(), c.rule);
+        EXPECT_EQ(history.rowsHeld(), c.held);
+        ASSERT_TRUE(history.undo(store));
+        EXPECT_EQ(snap(store), before);
+        EXPECT_FALSE(store.isChanged);
+        EXPECT_EQ(history.redoName(), c.rule);
+        ASSERT_TRUE(history.redo(store));
+        EXPECT_EQ(snap(store), after);
+        EXPECT_TRUE(store.isChanged);
+    }
+}
+
+TEST(UndoHistory, ChangesThatChangeNothingAreNoStep) {
+    DictionaryStore store;
+    sixWords(store);
+    UndoHistory history;
+    {
+        UndoStep step(history, store, "Sort by Meaning", 0);
+        store.swapRows(0, 3);
+        store.swapRows(0, 3);
+        store.currentIndex = 0; // another word on show is not a change
+    }
+    EXPECT_FALSE(history.canUndo());
+}
+
+TEST(UndoHistory, TheDictionaryIsChangedExactlyWhenItDiffersFromTheSavedFile) {
+    DictionaryStore store;
+    sixWords(store);
+    UndoHistory history;
+    history.clear();
+    auto change = [&](const std::string& meaning) {
+        UndoStep step(history, store, "Store word 1", 1, 2);
+        store.setField(1, FieldMeaning, meaning);
+        store.isChanged = true;
+    };
+    change("a");
+    change("b");
+    history.markSaved(); // the file holds "b"
+    change("c");
+    // Each line: undo (true) or redo (false), then whether the store differs from the file.
+    const std::vector<std::pair<bool, bool>> moves = {{true, false}, {true, true},   {true, true},
+                                                      {false, true}, {false, false}, {false, true}};
+    for (std::size_t i = 0; i < moves.size(); ++i) {
+        SCOPED_TRACE(i);
+        ASSERT_TRUE(moves[i].first ? history.undo(store) : history.redo(store));
+        EXPECT_EQ(store.isChanged, moves[i].second);
+    }
+    // Back at "b" and then a new change: the saved state is gone from the redo side.
+    history.undo(store);
+    history.undo(store);
+    change("d");
+    EXPECT_FALSE(history.canRedo());
+    EXPECT_TRUE(history.undo(store));
+    EXPECT_TRUE(store.isChanged); // "a" is not what the file holds
+}
+
+TEST(UndoHistory, KeepsAtLeastFiftyStepsAndABulkStepCostsOneCopy) {
+    DictionaryStore store;
+    const int n = DictionaryStore::MaxWordIndex + 1;
+    for (int i = 0; i < n; ++i) store.setRow(i, word(std::to_string(i)));
+    store.lastIndex = n - 1;
+    UndoHistory history;
+    {
+        UndoStep step(history, store, "Shuffle", 0);
+        for (int i = 0; i + 1 < n; i += 2) store.swapRows(i, i + 1);
+    }
+    // The last word kept its place (an odd count) and is not held.
+    EXPECT_EQ(history.rowsHeld(), static_cast<std::size_t>(n - 1));
+    history.undo(store);
+    EXPECT_EQ(history.rowsHeld(), static_cast<std::size_t>(n - 1)); // Redo holds the other order
+    EXPECT_EQ(store.field(0, FieldTranslit), "0");
+    for (int k = 0; k < 120; ++k) {
+        UndoStep step(history, store, "Store word " + std::to_string(k), 7, 8);
+        store.setField(7, FieldComment, std::to_string(k));
+    }
+    EXPECT_EQ(history.undoCount(), UndoHistory::Capacity);
+    EXPECT_GE(UndoHistory::Capacity, 50u);
+    EXPECT_EQ(history.rowsHeld(), UndoHistory::Capacity);
+    while (history.undo(store)) {
+    }
+    EXPECT_EQ(store.field(7, FieldComment), std::to_string(119 - UndoHistory::Capacity));
+}
+
+} // namespace
+} // namespace nebkaro
