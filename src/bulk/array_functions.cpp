@@ -93,6 +93,49 @@ std::optional<bool> simpleGardinerGreater(std::string_view a, std::string_view b
     return sa > sb;
 }
 
+GardinerKey makeGardinerKey(std::string_view notation) {
+    GardinerKey key;
+    char buf[MaxSimpleLength];
+    std::size_t n = 0;
+    if (notation.empty() || !normalise(notation, buf, n) || n == 0) return key;
+    key.simple = true;
+    key.normal.assign(buf, n);
+    const std::string_view s(key.normal);
+    std::size_t pos = 0;
+    std::string_view x;
+    while (nextPart(s, pos, x)) {
+        GardinerKey::Part& part = key.parts.emplace_back();
+        if (x.empty()) continue;
+        part.empty = false;
+        part.first = x[0];
+        std::string_view suffix;
+        part.number = numberAndSuffix(x, part.value, suffix);
+        if (part.number && !suffix.empty())
+            part.suffix = static_cast<std::int16_t>(static_cast<unsigned char>(suffix[0]));
+    }
+    return key;
+}
+
+std::optional<bool> simpleGardinerGreater(const GardinerKey& a, const GardinerKey& b) {
+    // The same walk as over the texts, in the same order of tests.
+    const std::size_t na = a.parts.size(), nb = b.parts.size();
+    for (std::size_t p = 0;; ++p) {
+        const bool hasX = p < na, hasY = p < nb;
+        if (!hasX && !hasY) break;
+        if (!hasX || !hasY) return std::nullopt;
+        const GardinerKey::Part& x = a.parts[p];
+        const GardinerKey::Part& y = b.parts[p];
+        if (x.empty || y.empty) return std::nullopt;
+        // Parts whose first characters differ compare as texts, decided by that character.
+        if (x.first != y.first)
+            return static_cast<unsigned char>(x.first) > static_cast<unsigned char>(y.first);
+        if (!x.number || !y.number) return std::nullopt;
+        if (x.value != y.value) return x.value > y.value;
+        if (x.suffix != y.suffix) return x.suffix > y.suffix;
+    }
+    return a.normal > b.normal;
+}
+
 } // namespace detail
 
 RandomSource SeededRandom(std::uint64_t seed) {

@@ -5,6 +5,7 @@
 // itself, or its upper-cased text when case does not count; each key travels with its row, so
 // the order of comparisons and exchanges is exactly that of comparing the elements afresh.
 #include "core/app.h"
+#include "core/dictionary_store.h"
 #include "core/errors.h"
 #include "core/sign_lists.h"
 #include "core/text.h"
@@ -35,6 +36,8 @@ template <class T, class A>
 struct ArrayRank<std::vector<T, A>> : std::integral_constant<int, 1 + ArrayRank<T>::value> {};
 template <class T, std::size_t N>
 struct ArrayRank<std::array<T, N>> : std::integral_constant<int, 1 + ArrayRank<T>::value> {};
+// The dictionary itself: rows of seven text columns.
+template <> struct ArrayRank<DictionaryStore> : std::integral_constant<int, 2> {};
 
 template <class T> constexpr int NumberOfDimensions(const T&) {
     return ArrayRank<T>::value;
@@ -51,6 +54,11 @@ template <class Row, class A> void SwapRows(std::vector<Row, A>& table, int i, i
         static_cast<std::size_t>(j) >= table.size())
         throw RunError(SubscriptOutOfRange);
     Swap(table[static_cast<std::size_t>(i)], table[static_cast<std::size_t>(j)]);
+}
+
+// The dictionary's rows trade places without copying their texts.
+inline void SwapRows(DictionaryStore& store, int i, int j) {
+    store.swapRows(i, j);
 }
 
 // One-dimensional: exchanges two elements; two-dimensional: exchanges two rows. Either way the
@@ -94,6 +102,30 @@ template <class T> T makeKey(const T& value, bool caseSensitive) {
 }
 
 // The keys of entries 0..last of one column.
+inline std::vector<std::string> makeKeys(const DictionaryStore& store, int column, int last,
+                                         bool caseSensitive) {
+    std::vector<std::string> keys(static_cast<std::size_t>(std::max(last + 1, 0)));
+    for (int i = 0; i <= last; ++i) {
+        const std::string_view v = store.view(i, column);
+        std::string& k = keys[static_cast<std::size_t>(i)];
+        if (caseSensitive) {
+            k.assign(v);
+            continue;
+        }
+        // ASCII needs no table: its upper case is one subtraction.
+        bool ascii = true;
+        for (char c : v) ascii = ascii && static_cast<unsigned char>(c) < 0x80;
+        if (!ascii) {
+            k = text::upper(std::string(v));
+            continue;
+        }
+        k.assign(v);
+        for (char& c : k)
+            if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 32);
+    }
+    return keys;
+}
+
 template <class Table> auto makeKeys(const Table& table, int column, int last, bool caseSensitive) {
     using Cell = std::decay_t<decltype(cell(table, 0, column))>;
     std::vector<Cell> keys;
@@ -107,6 +139,26 @@ template <class Table> auto makeKeys(const Table& table, int column, int last, b
 // "-", ":" or "*", at most four digits, short); nullopt for anything else, which the full
 // comparison then decides (including its errors).
 std::optional<bool> simpleGardinerGreater(std::string_view a, std::string_view b);
+
+// A notation read once for all the comparisons of a sort: the parts simpleGardinerGreater
+// would find in it on every call. simple is false where that comparison gives up whatever
+// the other notation is (not plain ASCII, too long, nothing but blanks).
+struct GardinerKey {
+    struct Part {
+        bool empty = true;
+        char first = 0;
+        bool number = false;      // the part has a number of one to four digits
+        std::int16_t suffix = -1; // the variant letter, -1 for none
+        int value = 0;
+    };
+    bool simple = false;
+    std::string normal; // blanks gone, ":" and "*" turned into "-"
+    std::vector<Part> parts;
+};
+GardinerKey makeGardinerKey(std::string_view notation);
+// simpleGardinerGreater of the two notations the keys were made from, which start with the
+// same character.
+std::optional<bool> simpleGardinerGreater(const GardinerKey& a, const GardinerKey& b);
 
 // a > b, or for Gardiner notations a after b in Gardiner order. The notation comparison may
 // rewrite its arguments, so it works on copies (kept in the scratch strings to save
@@ -140,8 +192,20 @@ struct Greater {
 
 // Checks that entries lo..last exist.
 template <class Table> void checkRange(const Table& table, int last) {
-    if (last >= 0 && static_cast<std::size_t>(last) >= table.size())
-        throw RunError(SubscriptOutOfRange);
+    if constexpr (std::is_same_v<Table, DictionaryStore>) {
+        (void)table;
+        if (last > DictionaryStore::MaxWordIndex) throw RunError(SubscriptOutOfRange);
+    } else {
+        if (last >= 0 && static_cast<std::size_t>(last) >= table.size())
+            throw RunError(SubscriptOutOfRange);
+    }
+}
+
+template <class Table> void swapEntries(Table& table, std::size_t a, std::size_t b) {
+    if constexpr (std::is_same_v<Table, DictionaryStore>)
+        table.swapRows(static_cast<int>(a), static_cast<int>(b));
+    else
+        Swap(table[a], table[b]);
 }
 
 } // namespace detail
@@ -157,13 +221,39 @@ template <class Table>
 void CombSort(App& app, Table& table, int column, std::optional<int> upper, SortOrder order) {
     static_assert(ArrayRank<Table>::value == 1 || ArrayRank<Table>::value == 2);
     const int lo = 0;
-    const int up = upper ? *upper : static_cast<int>(table.size()) - 2;
+    int up = 0;
+    if constexpr (std::is_same_v<Table, DictionaryStore>)
+        up = upper ? *upper : table.lastIndex - 1;
+    else
+        up = upper ? *upper : static_cast<int>(table.size()) - 2;
     const int last = up + 1;
     detail::checkRange(table, last);
     auto keys = detail::makeKeys(table, column, last, order.caseSensitive);
     detail::Greater greater;
     greater.reverse = order.reverse;
     greater.gardiner = ArrayRank<Table>::value == 2 && column == FieldGardiner;
+    // Gardiner notations are read into their parts once, not at every comparison.
+    std::vector<detail::GardinerKey> parsed;
+    if constexpr (std::is_same_v<typename decltype(keys)::value_type, std::string>) {
+        if (greater.gardiner) {
+            parsed.reserve(keys.size());
+            for (const std::string& k : keys) parsed.push_back(detail::makeGardinerKey(k));
+        }
+    }
+    auto greaterAt = [&](std::size_t i, std::size_t j) {
+        if constexpr (std::is_same_v<typename decltype(keys)::value_type, std::string>) {
+            if (!parsed.empty()) {
+                const std::size_t x = order.reverse ? j : i, y = order.reverse ? i : j;
+                const std::string& a = keys[x];
+                const std::string& b = keys[y];
+                if (!a.empty() && !b.empty() && a[0] != b[0]) return a > b;
+                if (parsed[x].simple && parsed[y].simple)
+                    if (const auto simple = detail::simpleGardinerGreater(parsed[x], parsed[y]))
+                        return *simple;
+            }
+        }
+        return greater(keys[i], keys[j]);
+    };
     int gap = std::max(1, up - lo + 1);
     bool swapped = false;
     do {
@@ -172,9 +262,10 @@ void CombSort(App& app, Table& table, int column, std::optional<int> upper, Sort
         for (int i = lo; i <= up - gap + 1; ++i) {
             const auto a = static_cast<std::size_t>(i);
             const auto b = static_cast<std::size_t>(i + gap);
-            if (greater(keys[a], keys[b])) {
-                Swap(table[a], table[b]);
+            if (greaterAt(a, b)) {
+                detail::swapEntries(table, a, b);
                 Swap(keys[a], keys[b]);
+                if (!parsed.empty()) Swap(parsed[a], parsed[b]);
                 swapped = true;
             }
         }
@@ -221,7 +312,11 @@ RandomSource SeededRandom(std::uint64_t seed);
 template <class Table>
 void ShuffleRows(Table& table, std::optional<int> upper, const RandomSource& rnd) {
     const int lo = 0;
-    const int up = upper ? *upper : static_cast<int>(table.size()) - 1;
+    int up = 0;
+    if constexpr (std::is_same_v<Table, DictionaryStore>)
+        up = upper ? *upper : table.lastIndex;
+    else
+        up = upper ? *upper : static_cast<int>(table.size()) - 1;
     detail::checkRange(table, up);
     if (up < lo + 1) return;
     // The exchanges are made on row numbers first and the rows then moved once each into
@@ -234,11 +329,16 @@ void ShuffleRows(Table& table, std::optional<int> upper, const RandomSource& rnd
         if (j > i) j = i; // a source that returns 1 would otherwise reach past i
         std::swap(order[static_cast<std::size_t>(i - lo)], order[static_cast<std::size_t>(j - lo)]);
     }
-    std::vector<typename Table::value_type> moved;
-    moved.reserve(order.size());
-    for (int k : order) moved.push_back(std::move(table[static_cast<std::size_t>(k)]));
-    for (std::size_t k = 0; k < moved.size(); ++k)
-        table[static_cast<std::size_t>(lo) + k] = std::move(moved[k]);
+    if constexpr (std::is_same_v<Table, DictionaryStore>) {
+        table.permuteRows(order); // lo is 0: entry k is the row that goes to k
+        return;
+    } else {
+        std::vector<typename Table::value_type> moved;
+        moved.reserve(order.size());
+        for (int k : order) moved.push_back(std::move(table[static_cast<std::size_t>(k)]));
+        for (std::size_t k = 0; k < moved.size(); ++k)
+            table[static_cast<std::size_t>(lo) + k] = std::move(moved[k]);
+    }
 }
 
 } // namespace nebkaro

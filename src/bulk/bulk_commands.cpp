@@ -60,7 +60,7 @@ constexpr const char* SaveBeforeSorting = "Do you want to save before sorting?";
 void ShuffleDictionary(App& app, std::optional<std::uint64_t> seed) {
     DictionaryStore& store = app.store;
     const RandomSource rnd = seed ? SeededRandom(*seed) : ClockRandom();
-    ShuffleRows(WordRows(store), store.lastIndex, rnd);
+    ShuffleRows(store, store.lastIndex, rnd);
     store.currentIndex = 0;
     store.isChanged = true;
     app.renderWord(app);
