@@ -93,6 +93,65 @@ std::optional<bool> simpleGardinerGreater(std::string_view a, std::string_view b
     return sa > sb;
 }
 
+void combSortText(App& app, DictionaryStore& store, int column, int up, SortOrder order) {
+    struct Key {
+        std::uint64_t head = 0;
+        std::uint32_t offset = 0;
+        std::uint32_t length = 0;
+    };
+    const int last = up + 1;
+    std::vector<Key> keys(static_cast<std::size_t>(std::max(last + 1, 0)));
+    std::string all;
+    for (int i = 0; i <= last; ++i) {
+        const std::string_view v = store.view(i, column);
+        Key& k = keys[static_cast<std::size_t>(i)];
+        k.offset = static_cast<std::uint32_t>(all.size());
+        bool ascii = true;
+        for (const char c : v) ascii = ascii && static_cast<unsigned char>(c) < 0x80;
+        if (order.caseSensitive) {
+            all.append(v);
+        } else if (ascii) {
+            for (const char c : v)
+                all.push_back(c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c);
+        } else {
+            all.append(text::upper(v));
+        }
+        k.length = static_cast<std::uint32_t>(all.size() - k.offset);
+    }
+    // Heads after the buffer stops growing: big-endian, missing bytes as 0, so that two heads
+    // compare as the texts' first eight bytes do, and equal heads leave it to the texts.
+    for (Key& k : keys) {
+        for (std::uint32_t b = 0; b < 8; ++b)
+            k.head =
+                (k.head << 8) | (b < k.length ? static_cast<unsigned char>(all[k.offset + b]) : 0u);
+    }
+    const char* base = all.data();
+    auto greater = [&](const Key& x, const Key& y) {
+        const Key& a = order.reverse ? y : x;
+        const Key& b = order.reverse ? x : y;
+        if (a.head != b.head) return a.head > b.head;
+        return std::string_view(base + a.offset, a.length) >
+               std::string_view(base + b.offset, b.length);
+    };
+    int gap = std::max(1, up + 1);
+    bool swapped = false;
+    do {
+        gap = NextCombGap(gap);
+        swapped = false;
+        for (int i = 0; i <= up - gap + 1; ++i) {
+            const auto a = static_cast<std::size_t>(i);
+            const auto b = static_cast<std::size_t>(i + gap);
+            if (greater(keys[a], keys[b])) {
+                store.swapRows(i, i + gap);
+                std::swap(keys[a], keys[b]);
+                swapped = true;
+            }
+        }
+        app.events.yield();
+        if (app.sortCancelled) return;
+    } while (gap != 1 || swapped);
+}
+
 GardinerKey makeGardinerKey(std::string_view notation) {
     GardinerKey key;
     char buf[MaxSimpleLength];

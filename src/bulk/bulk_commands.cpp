@@ -71,6 +71,7 @@ void FlipAll(App& app, int mode) {
     app.sortCancelled = false;
     app.windows->showProgress("Flipping Started");
     const int remembered = store.currentIndex;
+    const RememberedPictures once(app.pictures);
     try {
         for (int w = 0; w <= store.lastIndex; ++w) {
             store.currentIndex = w;

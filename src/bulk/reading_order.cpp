@@ -69,6 +69,7 @@ std::pair<std::string, std::string> ReadingOrderTexts(App& app) {
 void SortGardinerAll(App& app, double overlapPercent) {
     DictionaryStore& store = app.store;
     const float tol = OverlapTolerance(overlapPercent);
+    const RememberedPictures once(app.pictures);
     try {
         for (store.currentIndex = 0; store.currentIndex <= store.lastIndex; ++store.currentIndex) {
             app.renderWord(app);

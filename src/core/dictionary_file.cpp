@@ -81,15 +81,16 @@ PackedDictionary ReadDictionaryPacked(std::string textValue, int maxWords) {
     auto text = std::make_shared<const std::string>(std::move(textValue));
     const char* base = text->data();
     out.words.rows.reserve(expectedWords(*text, maxWords));
+    std::array<TextSpan, FieldCount> spans;
     readFields(*text, maxWords, out.header, out.hasHeader, out.stoppedEarly, out.stopRecord,
                out.stopLine, [&](const std::array<std::string_view, FieldCount>& rec) {
-                   auto& spans = out.words.rows.emplace_back();
                    for (int f = 0; f < FieldCount; ++f) {
                        const std::string_view v = rec[static_cast<std::size_t>(f)];
                        spans[static_cast<std::size_t>(f)] = {
                            static_cast<std::uint32_t>(v.data() - base),
                            static_cast<std::uint32_t>(v.size())};
                    }
+                   out.words.rows.emplace_back(text.get(), spans);
                });
     out.words.text = std::move(text);
     return out;

@@ -53,12 +53,14 @@ void DictionaryStore::adoptWords(PackedWords words, int start) {
     if (words.rows.empty()) return;
     check(start, 0);
     check(start + static_cast<int>(words.rows.size()) - 1, 0);
-    const std::string* text = words.text.get();
     texts_.push_back(std::move(words.text));
     const std::size_t first = static_cast<std::size_t>(start);
+    if (first == 0 && rows_.empty()) {
+        rows_ = std::move(words.rows); // a whole new dictionary: no row is copied
+        return;
+    }
     if (rows_.size() < first + words.rows.size()) rows_.resize(first + words.rows.size());
-    for (std::size_t k = 0; k < words.rows.size(); ++k)
-        rows_[first + k] = StoredRow(text, words.rows[k]);
+    std::move(words.rows.begin(), words.rows.end(), rows_.begin() + static_cast<long>(first));
 }
 
 void DictionaryStore::permuteRows(const std::vector<int>& order) {

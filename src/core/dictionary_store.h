@@ -73,15 +73,12 @@ private:
     std::unique_ptr<WordRecord> own_;
 };
 
-// A dictionary's text with its words as spans into it, as the file reader leaves them.
+// A dictionary's text with its words as rows of spans into it, as the file reader leaves them.
 struct PackedWords {
     std::shared_ptr<const std::string> text;
-    std::vector<std::array<TextSpan, FieldCount>> rows;
+    std::vector<StoredRow> rows;
     std::size_t size() const { return rows.size(); }
-    std::string_view view(std::size_t w, int f) const {
-        const TextSpan s = rows[w][static_cast<std::size_t>(f)];
-        return std::string_view(text->data() + s.offset, s.length);
-    }
+    std::string_view view(std::size_t w, int f) const { return rows[w].view(f); }
 };
 
 class DictionaryStore {
