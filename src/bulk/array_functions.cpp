@@ -152,47 +152,83 @@ void combSortText(App& app, DictionaryStore& store, int column, int up, SortOrde
     } while (gap != 1 || swapped);
 }
 
-GardinerKey makeGardinerKey(std::string_view notation) {
-    GardinerKey key;
-    char buf[MaxSimpleLength];
-    std::size_t n = 0;
-    if (notation.empty() || !normalise(notation, buf, n) || n == 0) return key;
-    key.simple = true;
-    key.normal.assign(buf, n);
-    const std::string_view s(key.normal);
-    std::size_t pos = 0;
-    std::string_view x;
-    while (nextPart(s, pos, x)) {
-        GardinerKey::Part& part = key.parts.emplace_back();
-        if (x.empty()) continue;
-        part.empty = false;
-        part.first = x[0];
-        std::string_view suffix;
-        part.number = numberAndSuffix(x, part.value, suffix);
-        if (part.number && !suffix.empty())
-            part.suffix = static_cast<std::int16_t>(static_cast<unsigned char>(suffix[0]));
+namespace {
+// A part as one number whose order is the comparison's: first character, then number, then
+// variant letter. An empty part, or one without a plain number, is marked: the comparison
+// gives up there (after the first characters, for the latter).
+constexpr std::uint64_t EmptyPart = ~std::uint64_t{0};
+constexpr std::uint64_t NoNumber = std::uint64_t{1} << 31;
+
+std::uint64_t partCode(std::string_view x) {
+    if (x.empty()) return EmptyPart;
+    const std::uint64_t first = static_cast<unsigned char>(x[0]);
+    int value = 0;
+    std::string_view suffix;
+    if (!numberAndSuffix(x, value, suffix)) {
+        // A code of two letters ("Aa15"): the number the full comparison reads after the
+        // first letter starts with a letter, so it is 0, and only a last character that is
+        // not a digit is a variant letter.
+        const auto second = static_cast<unsigned char>(x.size() >= 2 ? x[1] : 0);
+        if (!((second >= 'A' && second <= 'Z') || (second >= 'a' && second <= 'z')))
+            return first << 32 | NoNumber;
+        const char back = x.back();
+        return first << 32 |
+               (isDigit(back) ? 0 : std::uint64_t{static_cast<unsigned char>(back)} + 1);
     }
-    return key;
+    const std::uint64_t letter =
+        suffix.empty() ? 0 : std::uint64_t{static_cast<unsigned char>(suffix[0])} + 1;
+    return first << 32 | static_cast<std::uint64_t>(value) << 9 | letter;
+}
+} // namespace
+
+GardinerKeys::GardinerKeys(const std::vector<std::string>& notations) {
+    keys_.resize(notations.size());
+    char buf[MaxSimpleLength];
+    for (std::size_t i = 0; i < notations.size(); ++i) {
+        const std::string& s = notations[i];
+        Key& k = keys_[i];
+        k.empty = s.empty();
+        if (k.empty) continue;
+        k.first = static_cast<unsigned char>(s[0]);
+        std::size_t n = 0;
+        if (!normalise(s, buf, n) || n == 0) continue;
+        k.simple = true;
+        k.normal = static_cast<std::uint32_t>(normals_.size());
+        k.normalLength = static_cast<std::uint32_t>(n);
+        normals_.append(buf, n);
+        k.parts = static_cast<std::uint32_t>(parts_.size());
+        const std::string_view normal(buf, n);
+        std::size_t pos = 0;
+        std::string_view x;
+        while (nextPart(normal, pos, x)) {
+            const std::uint64_t code = partCode(x);
+            if (k.count < 2) k.head[k.count] = code;
+            parts_.push_back(code);
+            ++k.count;
+        }
+    }
 }
 
-std::optional<bool> simpleGardinerGreater(const GardinerKey& a, const GardinerKey& b) {
-    // The same walk as over the texts, in the same order of tests.
-    const std::size_t na = a.parts.size(), nb = b.parts.size();
+std::optional<bool> GardinerKeys::greater(std::size_t ia, std::size_t ib) const {
+    const Key& a = keys_[ia];
+    const Key& b = keys_[ib];
+    // Texts whose first bytes differ compare by that byte.
+    if (!a.empty && !b.empty && a.first != b.first) return a.first > b.first;
+    if (!a.simple || !b.simple) return std::nullopt;
+    // The same walk as simpleGardinerGreater, in the same order of tests.
     for (std::size_t p = 0;; ++p) {
-        const bool hasX = p < na, hasY = p < nb;
+        const bool hasX = p < a.count, hasY = p < b.count;
         if (!hasX && !hasY) break;
         if (!hasX || !hasY) return std::nullopt;
-        const GardinerKey::Part& x = a.parts[p];
-        const GardinerKey::Part& y = b.parts[p];
-        if (x.empty || y.empty) return std::nullopt;
-        // Parts whose first characters differ compare as texts, decided by that character.
-        if (x.first != y.first)
-            return static_cast<unsigned char>(x.first) > static_cast<unsigned char>(y.first);
-        if (!x.number || !y.number) return std::nullopt;
-        if (x.value != y.value) return x.value > y.value;
-        if (x.suffix != y.suffix) return x.suffix > y.suffix;
+        const std::uint64_t x = part(a, p), y = part(b, p);
+        if (x == y && x != EmptyPart && !(x & NoNumber)) continue;
+        if (x == EmptyPart || y == EmptyPart) return std::nullopt;
+        if (x >> 32 != y >> 32) return x >> 32 > y >> 32;
+        if ((x | y) & NoNumber) return std::nullopt;
+        return x > y;
     }
-    return a.normal > b.normal;
+    return std::string_view(normals_.data() + a.normal, a.normalLength) >
+           std::string_view(normals_.data() + b.normal, b.normalLength);
 }
 
 } // namespace detail

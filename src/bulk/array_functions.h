@@ -140,25 +140,35 @@ template <class Table> auto makeKeys(const Table& table, int column, int last, b
 // comparison then decides (including its errors).
 std::optional<bool> simpleGardinerGreater(std::string_view a, std::string_view b);
 
-// A notation read once for all the comparisons of a sort: the parts simpleGardinerGreater
-// would find in it on every call. simple is false where that comparison gives up whatever
-// the other notation is (not plain ASCII, too long, nothing but blanks).
-struct GardinerKey {
-    struct Part {
-        bool empty = true;
-        char first = 0;
-        bool number = false;      // the part has a number of one to four digits
-        std::int16_t suffix = -1; // the variant letter, -1 for none
-        int value = 0;
+// The notations of a sort read once for all its comparisons: the parts simpleGardinerGreater
+// would find in them on every call, each part as one number, kept side by side so that a
+// comparison touches no text of its own.
+class GardinerKeys {
+public:
+    explicit GardinerKeys(const std::vector<std::string>& notations);
+    // For notations a and b (entries of the list given): a > b when their first bytes differ,
+    // otherwise simpleGardinerGreater(a, b); nullopt where that gives up.
+    std::optional<bool> greater(std::size_t a, std::size_t b) const;
+    void swap(std::size_t a, std::size_t b) { std::swap(keys_[a], keys_[b]); }
+
+private:
+    struct Key {
+        std::uint64_t head[2] = {0, 0}; // the first two parts
+        std::uint32_t parts = 0;        // where all its parts begin in parts_
+        std::uint32_t normal = 0;       // where its normalised text begins in normals_
+        std::uint32_t normalLength = 0;
+        std::uint16_t count = 0; // parts
+        unsigned char first = 0; // the notation's first byte
+        bool empty = true;       // the notation is empty
+        bool simple = false;     // plain ASCII, short enough, not only blanks
     };
-    bool simple = false;
-    std::string normal; // blanks gone, ":" and "*" turned into "-"
-    std::vector<Part> parts;
+    std::uint64_t part(const Key& k, std::size_t p) const {
+        return p < 2 ? k.head[p] : parts_[k.parts + p];
+    }
+    std::vector<Key> keys_;
+    std::vector<std::uint64_t> parts_;
+    std::string normals_;
 };
-GardinerKey makeGardinerKey(std::string_view notation);
-// simpleGardinerGreater of the two notations the keys were made from, which start with the
-// same character.
-std::optional<bool> simpleGardinerGreater(const GardinerKey& a, const GardinerKey& b);
 
 // a > b, or for Gardiner notations a after b in Gardiner order. The notation comparison may
 // rewrite its arguments, so it works on copies (kept in the scratch strings to save
@@ -244,24 +254,13 @@ void CombSort(App& app, Table& table, int column, std::optional<int> upper, Sort
     greater.reverse = order.reverse;
     greater.gardiner = ArrayRank<Table>::value == 2 && column == FieldGardiner;
     // Gardiner notations are read into their parts once, not at every comparison.
-    std::vector<detail::GardinerKey> parsed;
-    if constexpr (std::is_same_v<typename decltype(keys)::value_type, std::string>) {
-        if (greater.gardiner) {
-            parsed.reserve(keys.size());
-            for (const std::string& k : keys) parsed.push_back(detail::makeGardinerKey(k));
-        }
-    }
+    std::optional<detail::GardinerKeys> parsed;
+    if constexpr (std::is_same_v<typename decltype(keys)::value_type, std::string>)
+        if (greater.gardiner) parsed.emplace(keys);
     auto greaterAt = [&](std::size_t i, std::size_t j) {
-        if constexpr (std::is_same_v<typename decltype(keys)::value_type, std::string>) {
-            if (!parsed.empty()) {
-                const std::size_t x = order.reverse ? j : i, y = order.reverse ? i : j;
-                const std::string& a = keys[x];
-                const std::string& b = keys[y];
-                if (!a.empty() && !b.empty() && a[0] != b[0]) return a > b;
-                if (parsed[x].simple && parsed[y].simple)
-                    if (const auto simple = detail::simpleGardinerGreater(parsed[x], parsed[y]))
-                        return *simple;
-            }
+        if (parsed) {
+            const auto quick = order.reverse ? parsed->greater(j, i) : parsed->greater(i, j);
+            if (quick) return *quick;
         }
         return greater(keys[i], keys[j]);
     };
@@ -276,7 +275,7 @@ void CombSort(App& app, Table& table, int column, std::optional<int> upper, Sort
             if (greaterAt(a, b)) {
                 detail::swapEntries(table, a, b);
                 Swap(keys[a], keys[b]);
-                if (!parsed.empty()) Swap(parsed[a], parsed[b]);
+                if (parsed) parsed->swap(a, b);
                 swapped = true;
             }
         }

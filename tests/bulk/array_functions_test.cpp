@@ -94,8 +94,8 @@ TEST(ArrayFunctions, CombSortKeepsTheExactOrderOfTheLiteralAlgorithm) {
     // Notations of several signs all start with M and have two parts, so that any two of
     // them can be compared sign by sign.
     const std::vector<std::string> codes = {
-        "A1",   "A2",   "A10", "a2",     "A1a",     "B3",      "G17",     "N35",
-        "N35a", "Aa15", "D21", "M17-X1", "M17:X1a", "M1 * Y1", "m17-x1 ", "M17-X10"};
+        "A1",   "A2",  "A10",   "a2",  "A1a",    "B3",      "G17",     "N35",     "N35a",
+        "Aa15", "Aa2", "Aa15a", "D21", "M17-X1", "M17:X1a", "M1 * Y1", "m17-x1 ", "M17-X10"};
     std::mt19937 rng(7);
     BulkApp t;
     for (int round = 0; round < 400; ++round) {
