@@ -94,6 +94,144 @@ std::optional<bool> simpleGardinerGreater(std::string_view a, std::string_view b
     return sa > sb;
 }
 
+void combSortText(App& app, DictionaryStore& store, int column, int up, SortOrder order) {
+    struct Key {
+        std::uint64_t head = 0;
+        std::uint32_t offset = 0;
+        std::uint32_t length = 0;
+    };
+    const int last = up + 1;
+    std::vector<Key> keys(static_cast<std::size_t>(std::max(last + 1, 0)));
+    std::string all;
+    for (int i = 0; i <= last; ++i) {
+        const std::string_view v = store.view(i, column);
+        Key& k = keys[static_cast<std::size_t>(i)];
+        k.offset = static_cast<std::uint32_t>(all.size());
+        bool ascii = true;
+        for (const char c : v) ascii = ascii && static_cast<unsigned char>(c) < 0x80;
+        if (order.caseSensitive) {
+            all.append(v);
+        } else if (ascii) {
+            for (const char c : v)
+                all.push_back(c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c);
+        } else {
+            all.append(text::upper(v));
+        }
+        k.length = static_cast<std::uint32_t>(all.size() - k.offset);
+    }
+    // Heads after the buffer stops growing: big-endian, missing bytes as 0, so that two heads
+    // compare as the texts' first eight bytes do, and equal heads leave it to the texts.
+    for (Key& k : keys) {
+        for (std::uint32_t b = 0; b < 8; ++b)
+            k.head =
+                (k.head << 8) | (b < k.length ? static_cast<unsigned char>(all[k.offset + b]) : 0u);
+    }
+    const char* base = all.data();
+    auto greater = [&](const Key& x, const Key& y) {
+        const Key& a = order.reverse ? y : x;
+        const Key& b = order.reverse ? x : y;
+        if (a.head != b.head) return a.head > b.head;
+        return std::string_view(base + a.offset, a.length) >
+               std::string_view(base + b.offset, b.length);
+    };
+    int gap = std::max(1, up + 1);
+    bool swapped = false;
+    do {
+        gap = NextCombGap(gap);
+        swapped = false;
+        for (int i = 0; i <= up - gap + 1; ++i) {
+            const auto a = static_cast<std::size_t>(i);
+            const auto b = static_cast<std::size_t>(i + gap);
+            if (greater(keys[a], keys[b])) {
+                store.swapRows(i, i + gap);
+                std::swap(keys[a], keys[b]);
+                swapped = true;
+            }
+        }
+        app.events.yield();
+        if (app.sortCancelled) return;
+    } while (gap != 1 || swapped);
+}
+
+namespace {
+// A part as one number whose order is the comparison's: first character, then number, then
+// variant letter. An empty part, or one without a plain number, is marked: the comparison
+// gives up there (after the first characters, for the latter).
+constexpr std::uint64_t EmptyPart = ~std::uint64_t{0};
+constexpr std::uint64_t NoNumber = std::uint64_t{1} << 31;
+
+std::uint64_t partCode(std::string_view x) {
+    if (x.empty()) return EmptyPart;
+    const std::uint64_t first = static_cast<unsigned char>(x[0]);
+    int value = 0;
+    std::string_view suffix;
+    if (!numberAndSuffix(x, value, suffix)) {
+        // A code of two letters ("Aa15"): the number the full comparison reads after the
+        // first letter starts with a letter, so it is 0, and only a last character that is
+        // not a digit is a variant letter.
+        const auto second = static_cast<unsigned char>(x.size() >= 2 ? x[1] : 0);
+        if (!((second >= 'A' && second <= 'Z') || (second >= 'a' && second <= 'z')))
+            return first << 32 | NoNumber;
+        const char back = x.back();
+        return first << 32 |
+               (isDigit(back) ? 0 : std::uint64_t{static_cast<unsigned char>(back)} + 1);
+    }
+    const std::uint64_t letter =
+        suffix.empty() ? 0 : std::uint64_t{static_cast<unsigned char>(suffix[0])} + 1;
+    return first << 32 | static_cast<std::uint64_t>(value) << 9 | letter;
+}
+} // namespace
+
+GardinerKeys::GardinerKeys(const std::vector<std::string>& notations) {
+    keys_.resize(notations.size());
+    char buf[MaxSimpleLength];
+    for (std::size_t i = 0; i < notations.size(); ++i) {
+        const std::string& s = notations[i];
+        Key& k = keys_[i];
+        k.empty = s.empty();
+        if (k.empty) continue;
+        k.first = static_cast<unsigned char>(s[0]);
+        std::size_t n = 0;
+        if (!normalise(s, buf, n) || n == 0) continue;
+        k.simple = true;
+        k.normal = static_cast<std::uint32_t>(normals_.size());
+        k.normalLength = static_cast<std::uint32_t>(n);
+        normals_.append(buf, n);
+        k.parts = static_cast<std::uint32_t>(parts_.size());
+        const std::string_view normal(buf, n);
+        std::size_t pos = 0;
+        std::string_view x;
+        while (nextPart(normal, pos, x)) {
+            const std::uint64_t code = partCode(x);
+            if (k.count < 2) k.head[k.count] = code;
+            parts_.push_back(code);
+            ++k.count;
+        }
+    }
+}
+
+std::optional<bool> GardinerKeys::greater(std::size_t ia, std::size_t ib) const {
+    const Key& a = keys_[ia];
+    const Key& b = keys_[ib];
+    // Texts whose first bytes differ compare by that byte.
+    if (!a.empty && !b.empty && a.first != b.first) return a.first > b.first;
+    if (!a.simple || !b.simple) return std::nullopt;
+    // The same walk as simpleGardinerGreater, in the same order of tests.
+    for (std::size_t p = 0;; ++p) {
+        const bool hasX = p < a.count, hasY = p < b.count;
+        if (!hasX && !hasY) break;
+        if (!hasX || !hasY) return std::nullopt;
+        const std::uint64_t x = part(a, p), y = part(b, p);
+        if (x == y && x != EmptyPart && !(x & NoNumber)) continue;
+        if (x == EmptyPart || y == EmptyPart) return std::nullopt;
+        if (x >> 32 != y >> 32) return x >> 32 > y >> 32;
+        if ((x | y) & NoNumber) return std::nullopt;
+        return x > y;
+    }
+    return std::string_view(normals_.data() + a.normal, a.normalLength) >
+           std::string_view(normals_.data() + b.normal, b.normalLength);
+}
+
 } // namespace detail
 
 RandomSource SeededRandom(std::uint64_t seed) {

@@ -5,6 +5,7 @@
 // itself, or its upper-cased text when case does not count; each key travels with its row, so
 // the order of comparisons and exchanges is exactly that of comparing the elements afresh.
 #include "core/app.h"
+#include "core/dictionary_store.h"
 #include "core/errors.h"
 #include "core/sign_lists.h"
 #include "core/text.h"
@@ -35,6 +36,8 @@ template <class T, class A>
 struct ArrayRank<std::vector<T, A>> : std::integral_constant<int, 1 + ArrayRank<T>::value> {};
 template <class T, std::size_t N>
 struct ArrayRank<std::array<T, N>> : std::integral_constant<int, 1 + ArrayRank<T>::value> {};
+// The dictionary itself: rows of seven text columns.
+template <> struct ArrayRank<DictionaryStore> : std::integral_constant<int, 2> {};
 
 template <class T> constexpr int NumberOfDimensions(const T&) {
     return ArrayRank<T>::value;
@@ -51,6 +54,11 @@ template <class Row, class A> void SwapRows(std::vector<Row, A>& table, int i, i
         static_cast<std::size_t>(j) >= table.size())
         throw RunError(SubscriptOutOfRange);
     Swap(table[static_cast<std::size_t>(i)], table[static_cast<std::size_t>(j)]);
+}
+
+// The dictionary's rows trade places without copying their texts.
+inline void SwapRows(DictionaryStore& store, int i, int j) {
+    store.swapRows(i, j);
 }
 
 // One-dimensional: exchanges two elements; two-dimensional: exchanges two rows. Either way the
@@ -85,6 +93,30 @@ template <class T> T makeKey(const T& value, bool caseSensitive) {
 }
 
 // The keys of entries 0..last of one column.
+inline std::vector<std::string> makeKeys(const DictionaryStore& store, int column, int last,
+                                         bool caseSensitive) {
+    std::vector<std::string> keys(static_cast<std::size_t>(std::max(last + 1, 0)));
+    for (int i = 0; i <= last; ++i) {
+        const std::string_view v = store.view(i, column);
+        std::string& k = keys[static_cast<std::size_t>(i)];
+        if (caseSensitive) {
+            k.assign(v);
+            continue;
+        }
+        // ASCII needs no table: its upper case is one subtraction.
+        bool ascii = true;
+        for (char c : v) ascii = ascii && static_cast<unsigned char>(c) < 0x80;
+        if (!ascii) {
+            k = text::upper(std::string(v));
+            continue;
+        }
+        k.assign(v);
+        for (char& c : k)
+            if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 32);
+    }
+    return keys;
+}
+
 template <class Table> auto makeKeys(const Table& table, int column, int last, bool caseSensitive) {
     using Cell = std::decay_t<decltype(cell(table, 0, column))>;
     std::vector<Cell> keys;
@@ -98,6 +130,36 @@ template <class Table> auto makeKeys(const Table& table, int column, int last, b
 // "-", ":" or "*", at most four digits, short); nullopt for anything else, which the full
 // comparison then decides.
 std::optional<bool> simpleGardinerGreater(std::string_view a, std::string_view b);
+
+// The notations of a sort read once for all its comparisons: the parts simpleGardinerGreater
+// would find in them on every call, each part as one number, kept side by side so that a
+// comparison touches no text of its own.
+class GardinerKeys {
+public:
+    explicit GardinerKeys(const std::vector<std::string>& notations);
+    // For notations a and b (entries of the list given): a > b when their first bytes differ,
+    // otherwise simpleGardinerGreater(a, b); nullopt where that gives up.
+    std::optional<bool> greater(std::size_t a, std::size_t b) const;
+    void swap(std::size_t a, std::size_t b) { std::swap(keys_[a], keys_[b]); }
+
+private:
+    struct Key {
+        std::uint64_t head[2] = {0, 0}; // the first two parts
+        std::uint32_t parts = 0;        // where all its parts begin in parts_
+        std::uint32_t normal = 0;       // where its normalised text begins in normals_
+        std::uint32_t normalLength = 0;
+        std::uint16_t count = 0; // parts
+        unsigned char first = 0; // the notation's first byte
+        bool empty = true;       // the notation is empty
+        bool simple = false;     // plain ASCII, short enough, not only blanks
+    };
+    std::uint64_t part(const Key& k, std::size_t p) const {
+        return p < 2 ? k.head[p] : parts_[k.parts + p];
+    }
+    std::vector<Key> keys_;
+    std::vector<std::uint64_t> parts_;
+    std::string normals_;
+};
 
 // a > b, or for Gardiner notations a after b in Gardiner order. The notation comparison may
 // rewrite its arguments, so it works on copies (kept in the scratch strings to save
@@ -125,10 +187,27 @@ struct Greater {
     }
 };
 
+// The comb sort below for a text column of the dictionary, in plain text order: the keys lie
+// side by side in one buffer, each led by its first eight bytes as a number that orders as
+// the text does, so that most comparisons are one integer comparison.
+void combSortText(App& app, DictionaryStore& store, int column, int up, SortOrder order);
+
 // Checks that entries lo..last exist.
 template <class Table> void checkRange(const Table& table, int last) {
-    if (last >= 0 && static_cast<std::size_t>(last) >= table.size())
-        throw RunError(SubscriptOutOfRange);
+    if constexpr (std::is_same_v<Table, DictionaryStore>) {
+        (void)table;
+        if (last > DictionaryStore::MaxWordIndex) throw RunError(SubscriptOutOfRange);
+    } else {
+        if (last >= 0 && static_cast<std::size_t>(last) >= table.size())
+            throw RunError(SubscriptOutOfRange);
+    }
+}
+
+template <class Table> void swapEntries(Table& table, std::size_t a, std::size_t b) {
+    if constexpr (std::is_same_v<Table, DictionaryStore>)
+        table.swapRows(static_cast<int>(a), static_cast<int>(b));
+    else
+        Swap(table[a], table[b]);
 }
 
 } // namespace detail
@@ -143,13 +222,34 @@ template <class Table>
 void CombSort(App& app, Table& table, int column, std::optional<int> upper, SortOrder order) {
     static_assert(ArrayRank<Table>::value == 1 || ArrayRank<Table>::value == 2);
     const int lo = 0;
-    const int up = upper ? *upper : static_cast<int>(table.size()) - 2;
+    int up = 0;
+    if constexpr (std::is_same_v<Table, DictionaryStore>)
+        up = upper ? *upper : table.lastIndex - 1;
+    else
+        up = upper ? *upper : static_cast<int>(table.size()) - 2;
     const int last = up + 1;
     detail::checkRange(table, last);
+    if constexpr (std::is_same_v<Table, DictionaryStore>) {
+        if (column != FieldGardiner) {
+            detail::combSortText(app, table, column, up, order);
+            return;
+        }
+    }
     auto keys = detail::makeKeys(table, column, last, order.caseSensitive);
     detail::Greater greater;
     greater.reverse = order.reverse;
     greater.gardiner = ArrayRank<Table>::value == 2 && column == FieldGardiner;
+    // Gardiner notations are read into their parts once, not at every comparison.
+    std::optional<detail::GardinerKeys> parsed;
+    if constexpr (std::is_same_v<typename decltype(keys)::value_type, std::string>)
+        if (greater.gardiner) parsed.emplace(keys);
+    auto greaterAt = [&](std::size_t i, std::size_t j) {
+        if (parsed) {
+            const auto quick = order.reverse ? parsed->greater(j, i) : parsed->greater(i, j);
+            if (quick) return *quick;
+        }
+        return greater(keys[i], keys[j]);
+    };
     int gap = std::max(1, up - lo + 1);
     bool swapped = false;
     do {
@@ -158,9 +258,10 @@ void CombSort(App& app, Table& table, int column, std::optional<int> upper, Sort
         for (int i = lo; i <= up - gap + 1; ++i) {
             const auto a = static_cast<std::size_t>(i);
             const auto b = static_cast<std::size_t>(i + gap);
-            if (greater(keys[a], keys[b])) {
-                Swap(table[a], table[b]);
+            if (greaterAt(a, b)) {
+                detail::swapEntries(table, a, b);
                 Swap(keys[a], keys[b]);
+                if (parsed) parsed->swap(a, b);
                 swapped = true;
             }
         }
@@ -207,7 +308,11 @@ RandomSource SeededRandom(std::uint64_t seed);
 template <class Table>
 void ShuffleRows(Table& table, std::optional<int> upper, const RandomSource& rnd) {
     const int lo = 0;
-    const int up = upper ? *upper : static_cast<int>(table.size()) - 1;
+    int up = 0;
+    if constexpr (std::is_same_v<Table, DictionaryStore>)
+        up = upper ? *upper : table.lastIndex;
+    else
+        up = upper ? *upper : static_cast<int>(table.size()) - 1;
     detail::checkRange(table, up);
     if (up < lo + 1) return;
     // The exchanges are made on row numbers first and the rows then moved once each into
@@ -220,11 +325,16 @@ void ShuffleRows(Table& table, std::optional<int> upper, const RandomSource& rnd
         if (j > i) j = i; // a source that returns 1 would otherwise reach past i
         std::swap(order[static_cast<std::size_t>(i - lo)], order[static_cast<std::size_t>(j - lo)]);
     }
-    std::vector<typename Table::value_type> moved;
-    moved.reserve(order.size());
-    for (int k : order) moved.push_back(std::move(table[static_cast<std::size_t>(k)]));
-    for (std::size_t k = 0; k < moved.size(); ++k)
-        table[static_cast<std::size_t>(lo) + k] = std::move(moved[k]);
+    if constexpr (std::is_same_v<Table, DictionaryStore>) {
+        table.permuteRows(order); // lo is 0: entry k is the row that goes to k
+        return;
+    } else {
+        std::vector<typename Table::value_type> moved;
+        moved.reserve(order.size());
+        for (int k : order) moved.push_back(std::move(table[static_cast<std::size_t>(k)]));
+        for (std::size_t k = 0; k < moved.size(); ++k)
+            table[static_cast<std::size_t>(lo) + k] = std::move(moved[k]);
+    }
 }
 
 } // namespace nebkaro

@@ -62,7 +62,7 @@ void ShuffleDictionary(App& app, std::optional<std::uint64_t> seed) {
     DictionaryStore& store = app.store;
     const RandomSource rnd = seed ? SeededRandom(*seed) : ClockRandom();
     UndoStep step(app.history, store, "Shuffle", 0);
-    ShuffleRows(WordRows(store), store.lastIndex, rnd);
+    ShuffleRows(store, store.lastIndex, rnd);
     store.currentIndex = 0;
     store.isChanged = true;
     app.renderWord(app);
@@ -75,6 +75,7 @@ void FlipAll(App& app, int mode) {
     const int remembered = store.currentIndex;
     static const char* const names[] = {"Flip All Left", "Flip All Right", "Flip All Invert"};
     UndoStep step(app.history, store, names[std::clamp(mode, 0, 2)], 0);
+    const RememberedPictures once(app.pictures);
     try {
         for (int w = 0; w <= store.lastIndex; ++w) {
             store.currentIndex = w;

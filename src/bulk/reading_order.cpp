@@ -70,6 +70,7 @@ void SortGardinerAll(App& app, double overlapPercent) {
     DictionaryStore& store = app.store;
     const float tol = OverlapTolerance(overlapPercent);
     UndoStep step(app.history, store, "Sort Gardiner", 0);
+    const RememberedPictures once(app.pictures);
     try {
         for (store.currentIndex = 0; store.currentIndex <= store.lastIndex; ++store.currentIndex) {
             app.renderWord(app);

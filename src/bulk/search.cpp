@@ -39,6 +39,35 @@ void prepareInto(std::string& out, std::string_view value, const SearchCriteria&
     if (c.ignoreVariants) out = StripVariants(out);
 }
 
+// Whether the value, once prepared, holds the pattern of a plain substring search: 0 when it
+// certainly does not, 1 when it does, -1 when only preparing it can tell. The pattern's case
+// was folded once, with the criteria; an ASCII value is read in place, its blanks skipped and
+// its letters folded as they are met, which is exactly what preparing it would do. Most words
+// of a search do not match, and they cost no copy.
+int plainOccurrence(std::string_view v, const SearchCriteria& c) {
+    const std::string_view pat = c.pattern;
+    if (c.hasWildcards || c.exact == 1 || c.ignoreVariants || pat.empty()) return -1;
+    const bool fold = c.caseSensitive == 0;
+    auto folded = [fold](unsigned char ch) {
+        return fold && ch >= 'a' && ch <= 'z' ? static_cast<unsigned char>(ch - 32) : ch;
+    };
+    const auto first = static_cast<unsigned char>(pat[0]);
+    for (std::size_t i = 0; i < v.size(); ++i) {
+        const auto ch = static_cast<unsigned char>(v[i]);
+        if (ch >= 0x80) return -1;
+        if (folded(ch) != first) continue;
+        std::size_t j = i + 1, k = 1;
+        for (; k < pat.size(); ++j, ++k) {
+            while (j < v.size() && v[j] == ' ') ++j;
+            if (j >= v.size() ||
+                folded(static_cast<unsigned char>(v[j])) != static_cast<unsigned char>(pat[k]))
+                break;
+        }
+        if (k == pat.size()) return 1;
+    }
+    return 0;
+}
+
 void reportError(App& app, const RunError& e) {
     app.dialogs.message(e.report(), "", Buttons::OK, Icon::Critical);
 }
@@ -131,8 +160,11 @@ int FindMatch(const DictionaryStore& store, const SearchCriteria& criteria, int 
     const SearchMatcher matcher(criteria);
     std::string value;
     for (int i = start; step > 0 ? i <= end : i >= end; i += step) {
-        prepareInto(value, store.field(i, field), criteria);
-        if (matcher.matches(value)) return i;
+        const std::string_view stored = store.view(i, field);
+        if (plainOccurrence(stored, criteria) != 0) {
+            prepareInto(value, stored, criteria);
+            if (matcher.matches(value)) return i;
+        }
         if (!criteria.hasWildcards && progress)
             progress(store.lastIndex > 0
                          ? static_cast<float>(i) / static_cast<float>(store.lastIndex)
@@ -146,7 +178,9 @@ std::vector<int> FindAll(const DictionaryStore& store, const SearchCriteria& cri
     const SearchMatcher matcher(criteria);
     std::string value;
     for (int i = 0; i <= store.lastIndex; ++i) {
-        prepareInto(value, store.field(i, field), criteria);
+        const std::string_view stored = store.view(i, field);
+        if (plainOccurrence(stored, criteria) == 0) continue;
+        prepareInto(value, stored, criteria);
         if (matcher.matches(value)) found.push_back(i);
     }
     return found;

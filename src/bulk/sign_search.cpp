@@ -150,7 +150,7 @@ std::vector<int> FindAllBySigns(const DictionaryStore& store, const SignQuery& q
     const std::vector<Wanted> wanted = prepare(query);
     if (wanted.empty()) return found;
     for (int i = 0; i <= store.lastIndex; ++i)
-        if (holds(store.field(i, FieldLayout), wanted, query.foldVariants)) found.push_back(i);
+        if (holds(store.view(i, FieldLayout), wanted, query.foldVariants)) found.push_back(i);
     return found;
 }
 
@@ -159,7 +159,7 @@ int FindBySigns(const DictionaryStore& store, const SignQuery& query, int start,
     if (step != 1 && step != -1) throw RunError(InvalidArgument);
     const std::vector<Wanted> wanted = prepare(query);
     for (int i = start; step > 0 ? i <= end : i >= end; i += step)
-        if (holds(store.field(i, FieldLayout), wanted, query.foldVariants)) return i;
+        if (holds(store.view(i, FieldLayout), wanted, query.foldVariants)) return i;
     return -1;
 }
 

@@ -11,10 +11,6 @@
 
 namespace nebkaro {
 
-std::vector<WordRecord>& WordRows(DictionaryStore& store) {
-    return store.rowsForBulk(store.lastIndex + 1);
-}
-
 void EncodeTransliteration(App& app, int direction) {
     DictionaryStore& store = app.store;
     app.sortDialog.sortField = SortByTranslit;
@@ -24,7 +20,7 @@ void EncodeTransliteration(App& app, int direction) {
     std::vector<std::string> coded(static_cast<std::size_t>(std::max(store.lastIndex + 1, 0)));
     for (int w = 0; w <= store.lastIndex; ++w) {
         std::string& out = coded[static_cast<std::size_t>(w)];
-        for (const char32_t c : text::toU32(store.field(w, FieldTranslit))) {
+        for (const char32_t c : text::toU32(std::string(store.view(w, FieldTranslit)))) {
             if (c > 255) throw RunError(SubscriptOutOfRange);
             out += app.lists.Trans2Code[c][column];
         }
@@ -33,12 +29,11 @@ void EncodeTransliteration(App& app, int direction) {
         store.setField(w, FieldTranslit, std::move(coded[static_cast<std::size_t>(w)]));
 }
 
-std::vector<int> ToolbarOrder(const std::vector<WordRecord>& rows, int last, int field,
-                              SortOrder order) {
+namespace {
+std::vector<int> orderOfKeys(const std::vector<std::string>& keys, int last, SortOrder order) {
     std::vector<int> index(static_cast<std::size_t>(std::max(last + 1, 0)));
     std::iota(index.begin(), index.end(), 0);
     if (last < 1) return index;
-    const std::vector<std::string> keys = detail::makeKeys(rows, field, last, order.caseSensitive);
     // The exchange passes swap neighbours j, j+1 only when greater(j, j+1): equal keys never
     // pass each other, so the result is the stable order in which b precedes a whenever
     // greater(a, b).
@@ -49,6 +44,18 @@ std::vector<int> ToolbarOrder(const std::vector<WordRecord>& rows, int last, int
     };
     std::stable_sort(index.begin(), index.end(), before);
     return index;
+}
+} // namespace
+
+std::vector<int> ToolbarOrder(const std::vector<WordRecord>& rows, int last, int field,
+                              SortOrder order) {
+    if (last < 1) return orderOfKeys({}, last, order);
+    return orderOfKeys(detail::makeKeys(rows, field, last, order.caseSensitive), last, order);
+}
+
+std::vector<int> ToolbarOrder(const DictionaryStore& store, int last, int field, SortOrder order) {
+    if (last < 1) return orderOfKeys({}, last, order);
+    return orderOfKeys(detail::makeKeys(store, field, last, order.caseSensitive), last, order);
 }
 
 std::string SortStepName(int field) {
@@ -121,12 +128,7 @@ void ToolbarSort(App& app, int field, SortOrder order) {
             app.windows->showCounter(last);
             app.events.yield();
         }
-        std::vector<WordRecord>& rows = WordRows(store);
-        const std::vector<int> index = ToolbarOrder(rows, last, field, order);
-        std::vector<WordRecord> sorted(index.size());
-        for (std::size_t k = 0; k < index.size(); ++k)
-            sorted[k] = std::move(rows[static_cast<std::size_t>(index[k])]);
-        std::move(sorted.begin(), sorted.end(), rows.begin());
+        store.permuteRows(ToolbarOrder(store, last, field, order));
         if (last > 0) {
             app.windows->showCounter(0);
             app.events.yield();
@@ -152,9 +154,9 @@ double MenuSort(App& app, int field, SortOrder order, int algorithm) {
         app.sortCancelled = false;
         const auto t0 = std::chrono::steady_clock::now();
         if (algorithm == 1)
-            ExchangeSort(app, WordRows(store), field, store.lastIndex - 1, order);
+            ExchangeSort(app, store, field, store.lastIndex - 1, order);
         else
-            CombSort(app, WordRows(store), field, store.lastIndex - 1, order);
+            CombSort(app, store, field, store.lastIndex - 1, order);
         coding.decode();
         store.isChanged = true;
         store.currentIndex = 0;

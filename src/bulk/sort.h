@@ -23,10 +23,6 @@ enum SortChoice : int {
     SortNone = -1,
 };
 
-// The dictionary's words as a table for the array routines: rows 0..lastIndex exist in it
-// (the table may hold rows past lastIndex as well, which no sort touches).
-std::vector<WordRecord>& WordRows(DictionaryStore& store);
-
 // Rebuilds field 4 of words 0..lastIndex character by character through Trans2Code:
 // direction 0 encodes (column 0), 1 decodes (column 1). It leaves sortField at 4. A character
 // above code 255 is SubscriptOutOfRange: the words before it are rebuilt already, that word's
@@ -38,6 +34,7 @@ void EncodeTransliteration(App& app, int direction);
 // when case does not count). Entry k is the old index of the row that goes to k.
 std::vector<int> ToolbarOrder(const std::vector<WordRecord>& rows, int last, int field,
                               SortOrder order);
+std::vector<int> ToolbarOrder(const DictionaryStore& store, int last, int field, SortOrder order);
 
 // The tool-bar sort without its questions: classic order through the encoding, rows 0..lastIndex
 // put into ToolbarOrder, the counter label counting down to 0, the dictionary marked changed

@@ -78,7 +78,8 @@ int cmdCheck(const fs::path& home, const std::vector<std::string>& argv) {
     App app(c.dialogs, c.clipboard, c.events, pictures, c.files);
     app.home = home;
     const std::size_t wordCount = parsed.words.size();
-    app.store.rowsForBulk(0) = parsed.words;
+    for (std::size_t i = 0; i < wordCount; ++i)
+        app.store.setRow(static_cast<int>(i), parsed.words[i]);
     app.store.lastIndex = static_cast<int>(wordCount) - 1;
     SignLists lists[2];
     bool listLoaded[2] = {false, false};

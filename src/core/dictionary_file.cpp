@@ -7,45 +7,92 @@
 #include "core/text.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 namespace fs = std::filesystem;
 
 namespace nebkaro {
 
 namespace {
-bool isDirection(const std::string& s) {
+bool isDirection(std::string_view s) {
     return s == "R" || s == "L";
+}
+
+// The one reading of a dictionary's text, with every field a view into it: the header (when
+// the first value is not a direction), then the words until the end or a record whose
+// direction is neither "R" nor "L".
+template <class OnWord>
+void readFields(std::string_view text, int maxWords, DictionaryHeader& header, bool& hasHeader,
+                bool& stoppedEarly, WordRecord& stopRecord, int& stopLine, OnWord onWord) {
+    FieldReader in(text);
+    const std::string_view first = in.readView();
+    if (isDirection(first)) {
+        in = FieldReader(text);
+    } else {
+        hasHeader = true;
+        header[0] = first;
+        for (int i = 1; i < FieldCount; ++i) header[static_cast<std::size_t>(i)] = in.readView();
+    }
+    int words = 0;
+    std::array<std::string_view, FieldCount> rec;
+    while (!in.atEnd()) {
+        const int line = in.line();
+        for (int f = 0; f < FieldCount; ++f) rec[static_cast<std::size_t>(f)] = in.readView();
+        if (!isDirection(rec[0])) {
+            stoppedEarly = true;
+            for (int f = 0; f < FieldCount; ++f)
+                stopRecord[static_cast<std::size_t>(f)] = rec[static_cast<std::size_t>(f)];
+            stopLine = line;
+            break;
+        }
+        if (++words > maxWords) throw RunError(SubscriptOutOfRange);
+        onWord(rec);
+    }
+}
+
+// A word per line in the usual file: room for them all at once.
+std::size_t expectedWords(std::string_view text, int maxWords) {
+    std::size_t lines = 0;
+    for (const char *p = text.data(), *stop = p + text.size();
+         (p = static_cast<const char*>(std::memchr(p, '\n', static_cast<std::size_t>(stop - p))));
+         ++p)
+        ++lines;
+    return std::min(lines + 1, static_cast<std::size_t>(maxWords) + 1);
 }
 } // namespace
 
 ParsedDictionary ReadDictionaryText(const std::string& textValue, int maxWords) {
     ParsedDictionary out;
-    FieldReader in(textValue);
-    const std::string first = in.read();
-    if (isDirection(first)) {
-        in = FieldReader(textValue);
-    } else {
-        out.hasHeader = true;
-        out.header[0] = first;
-        for (int i = 1; i < FieldCount; ++i) out.header[static_cast<std::size_t>(i)] = in.read();
-    }
-    // A word per line in the usual file: room for them all at once, read in place.
-    const auto lines =
-        static_cast<std::size_t>(std::count(textValue.begin(), textValue.end(), '\n'));
-    out.words.reserve(std::min(lines + 1, static_cast<std::size_t>(maxWords) + 1));
-    while (!in.atEnd()) {
-        const int line = in.line();
-        WordRecord& rec = out.words.emplace_back();
-        for (int f = 0; f < FieldCount; ++f) rec[static_cast<std::size_t>(f)] = in.read();
-        if (!isDirection(rec[0])) {
-            out.stoppedEarly = true;
-            out.stopRecord = std::move(rec);
-            out.stopLine = line;
-            out.words.pop_back();
-            break;
-        }
-        if (static_cast<int>(out.words.size()) > maxWords) throw RunError(SubscriptOutOfRange);
-    }
+    out.words.reserve(expectedWords(textValue, maxWords));
+    readFields(textValue, maxWords, out.header, out.hasHeader, out.stoppedEarly, out.stopRecord,
+               out.stopLine, [&](const std::array<std::string_view, FieldCount>& rec) {
+                   WordRecord& w = out.words.emplace_back();
+                   for (int f = 0; f < FieldCount; ++f)
+                       w[static_cast<std::size_t>(f)] = rec[static_cast<std::size_t>(f)];
+               });
+    return out;
+}
+
+PackedDictionary ReadDictionaryPacked(std::string textValue, int maxWords) {
+    PackedDictionary out;
+    // Spans hold 32-bit offsets; a text beyond that is more than any dictionary can hold.
+    if (textValue.size() > UINT32_MAX) throw RunError(SubscriptOutOfRange);
+    auto text = std::make_shared<const std::string>(std::move(textValue));
+    const char* base = text->data();
+    out.words.rows.reserve(expectedWords(*text, maxWords));
+    std::array<TextSpan, FieldCount> spans;
+    readFields(*text, maxWords, out.header, out.hasHeader, out.stoppedEarly, out.stopRecord,
+               out.stopLine, [&](const std::array<std::string_view, FieldCount>& rec) {
+                   for (int f = 0; f < FieldCount; ++f) {
+                       const std::string_view v = rec[static_cast<std::size_t>(f)];
+                       spans[static_cast<std::size_t>(f)] = {
+                           static_cast<std::uint32_t>(v.data() - base),
+                           static_cast<std::uint32_t>(v.size())};
+                   }
+                   out.words.rows.emplace_back(text.get(), spans);
+               });
+    out.words.text = std::move(text);
     return out;
 }
 
@@ -71,14 +118,13 @@ std::string DictionaryFileText(const DictionaryStore& store, bool withWords) {
     if (!withWords) return out;
     std::size_t size = out.size();
     for (int w = 0; w <= store.lastIndex; ++w)
-        for (const auto& f : store.row(w)) size += f.size() + 3;
+        for (int f = 0; f < FieldCount; ++f) size += store.view(w, f).size() + 3;
     out.reserve(size + 2 * static_cast<std::size_t>(store.lastIndex + 1));
     for (int w = 0; w <= store.lastIndex; ++w) {
-        const WordRecord& r = store.row(w);
         for (int f = 0; f < FieldCount; ++f) {
             if (f) out += ',';
             out += '"';
-            out += r[static_cast<std::size_t>(f)];
+            out += store.view(w, f);
             out += '"';
         }
         out += "\r\n";
@@ -88,7 +134,7 @@ std::string DictionaryFileText(const DictionaryStore& store, bool withWords) {
 
 UnwritableValue FindUnwritableValue(const DictionaryStore& store, bool withWords) {
     // One pass over the bytes; three searches per value cost more than the save itself.
-    auto bad = [](const std::string& v) {
+    auto bad = [](std::string_view v) {
         for (char c : v)
             if (c == '"' || c == '\r' || c == '\n') return true;
         return false;
@@ -105,9 +151,8 @@ UnwritableValue FindUnwritableValue(const DictionaryStore& store, bool withWords
     }
     if (!withWords) return u;
     for (int w = 0; w <= store.lastIndex; ++w) {
-        const WordRecord& r = store.row(w);
         for (int f = 0; f < FieldCount; ++f) {
-            if (bad(r[static_cast<std::size_t>(f)])) {
+            if (bad(store.view(w, f))) {
                 u.found = true;
                 u.word = w;
                 u.field = f;
@@ -145,12 +190,12 @@ LoadOutcome LoadDictionary(App& app) {
         }
         return LoadOutcome::NotFound;
     }
-    ParsedDictionary parsed;
+    PackedDictionary parsed;
     std::vector<int> converted;
     const int start = app.mergeMode ? store.lastIndex + 1 : 0;
     try {
-        parsed = ReadDictionaryText(text::decodeFileText(readFileBytes(path), &converted),
-                                    DictionaryStore::MaxWordIndex + 1 - std::max(start, 0));
+        parsed = ReadDictionaryPacked(text::decodeFileText(readFileBytes(path), &converted),
+                                      DictionaryStore::MaxWordIndex + 1 - std::max(start, 0));
     } catch (const RunError& e) {
         app.dialogs.message(e.report(), "Dictionary Not Loaded", Buttons::OK, Icon::Critical);
         return LoadOutcome::Failed;
@@ -168,11 +213,12 @@ LoadOutcome LoadDictionary(App& app) {
     const int wordsRead = static_cast<int>(parsed.words.size());
     if (!app.mergeMode) {
         store.clear();
-        auto& rows = store.rowsForBulk(0);
-        rows = std::move(parsed.words);
         counter = wordsRead;
+        store.adoptWords(std::move(parsed.words), 0);
     } else {
-        for (auto& w : parsed.words) store.setRow(counter++, std::move(w));
+        const int n = static_cast<int>(parsed.words.size());
+        store.adoptWords(std::move(parsed.words), counter);
+        counter += n;
     }
     if (parsed.stoppedEarly) {
         app.dialogs.beep();

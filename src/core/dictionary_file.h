@@ -30,6 +30,17 @@ struct ParsedDictionary {
 // that ends inside a record, or an empty one, is InputPastEnd.
 ParsedDictionary ReadDictionaryText(const std::string& text, int maxWords);
 
+// The same reading, keeping the text and the words as spans into it (what a load stores).
+struct PackedDictionary {
+    DictionaryHeader header{};
+    bool hasHeader = false;
+    PackedWords words;
+    bool stoppedEarly = false;
+    WordRecord stopRecord{};
+    int stopLine = 0;
+};
+PackedDictionary ReadDictionaryPacked(std::string text, int maxWords);
+
 // The writer's form: the header line when hasHeader, then rows 0..lastIndex.
 std::string HeaderLine(const DictionaryHeader& header);
 std::string WordLine(const WordRecord& word);

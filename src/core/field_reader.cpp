@@ -3,6 +3,7 @@
 #include "core/errors.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace nebkaro {
 
@@ -38,14 +39,23 @@ void FieldReader::skipSeparator() {
 }
 
 std::string FieldReader::read() {
+    return std::string(readView());
+}
+
+std::string_view FieldReader::readView() {
     while (pos_ < s_.size() && (s_[pos_] == ' ' || s_[pos_] == '\t')) ++pos_;
     if (pos_ >= s_.size()) throw RunError(InputPastEnd);
     if (s_[pos_] == '"') {
         const std::size_t start = pos_ + 1;
         const std::size_t close = s_.find('"', start);
         const std::size_t end = close == std::string_view::npos ? s_.size() : close;
-        std::string value(s_.substr(start, end - start));
-        line_ += static_cast<int>(std::count(value.begin(), value.end(), '\n'));
+        const std::string_view value = s_.substr(start, end - start);
+        // Line breaks are rare inside a value: memchr finds them without a byte-wise count.
+        for (const char *p = value.data(), *stop = p + value.size();
+             (p = static_cast<const char*>(
+                  std::memchr(p, '\n', static_cast<std::size_t>(stop - p))));
+             ++p)
+            ++line_;
         pos_ = close == std::string_view::npos ? s_.size() : close + 1;
         skipSeparator();
         return value;
@@ -57,7 +67,7 @@ std::string FieldReader::read() {
     pos_ = static_cast<std::size_t>(p - s_.data());
     std::size_t end = pos_;
     while (end > start && (s_[end - 1] == ' ' || s_[end - 1] == '\t')) --end;
-    std::string value(s_.substr(start, end - start));
+    const std::string_view value = s_.substr(start, end - start);
     skipSeparator();
     return value;
 }

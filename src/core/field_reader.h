@@ -16,6 +16,8 @@ public:
     // fields run to the next comma or line end and lose their trailing blanks. Reading at the
     // end of the text is InputPastEnd.
     std::string read();
+    // The same field as a view into the text (valid as long as the text).
+    std::string_view readView();
     // End of text; trailing blank lines and blanks do not count as a further record.
     bool atEnd() const;
     // 1-based line of the next character to read.

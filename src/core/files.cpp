@@ -264,8 +264,27 @@ fs::path signPicturePath(const fs::path& home, const std::string& library,
     return home / library / direction / first / (code + ".GIF");
 }
 
+void FolderSignPictures::rememberPictures(bool on) {
+    remember_ = on;
+    if (!on) remembered_.clear();
+}
+
 SignPicture FolderSignPictures::picture(const std::string& library, const std::string& direction,
                                         const std::string& code) {
+    std::string key;
+    if (remember_) {
+        key.reserve(library.size() + direction.size() + code.size() + 2);
+        key.append(library).append(1, '/').append(direction).append(1, '/').append(code);
+        if (const auto it = remembered_.find(key); it != remembered_.end()) return it->second;
+    }
+    SignPicture p = readPicture(library, direction, code);
+    if (remember_) remembered_.emplace(std::move(key), p);
+    return p;
+}
+
+SignPicture FolderSignPictures::readPicture(const std::string& library,
+                                            const std::string& direction,
+                                            const std::string& code) const {
     SignPicture p;
     if (!isCodeShaped(code)) {
         // Shown as missing, under a name that points nowhere.

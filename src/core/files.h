@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <unordered_map>
 
 namespace nebkaro {
 
@@ -53,10 +54,15 @@ public:
     explicit FolderSignPictures(std::filesystem::path home) : home_(std::move(home)) {}
     SignPicture picture(const std::string& library, const std::string& direction,
                         const std::string& code) override;
+    void rememberPictures(bool on) override;
     static constexpr int EmptySlotSize = 612;
 
 private:
+    SignPicture readPicture(const std::string& library, const std::string& direction,
+                            const std::string& code) const;
     std::filesystem::path home_;
+    bool remember_ = false;
+    std::unordered_map<std::string, SignPicture> remembered_;
 };
 
 // <home>/<library>/<direction>/<first character of the code>/<code>.GIF, before the

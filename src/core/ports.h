@@ -59,6 +59,21 @@ struct SignPictures {
     // library "Basic" or "Extended", direction "Left" or "Right".
     virtual SignPicture picture(const std::string& library, const std::string& direction,
                                 const std::string& code) = 0;
+    // While on, a picture asked for again may be the one found before: work over the whole
+    // dictionary turns it on so that each sign's file is read once, not once per word.
+    virtual void rememberPictures(bool on) { (void)on; }
+};
+
+// Remembering pictures for as long as the guard lives.
+class RememberedPictures {
+public:
+    explicit RememberedPictures(SignPictures& p) : p_(p) { p_.rememberPictures(true); }
+    ~RememberedPictures() { p_.rememberPictures(false); }
+    RememberedPictures(const RememberedPictures&) = delete;
+    RememberedPictures& operator=(const RememberedPictures&) = delete;
+
+private:
+    SignPictures& p_;
 };
 
 // Writes a whole file so that either the new contents or the old file survive.

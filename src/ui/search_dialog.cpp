@@ -205,11 +205,12 @@ SearchDialog::SearchDialog(App& app, QWidget* parent) : QDialog(parent), app_(ap
     box->addWidget(lblFound_);
     box->addWidget(lstFound_, 1);
 
-    // The list follows the entries once the user pauses, so that typing stays smooth on a
-    // large dictionary.
+    // The list follows the entries as soon as the typing leaves the event loop free: a
+    // search of the whole dictionary takes a few milliseconds, and keys typed faster than
+    // that are taken together.
     liveTimer_ = new QTimer(this);
     liveTimer_->setSingleShot(true);
-    liveTimer_->setInterval(150);
+    liveTimer_->setInterval(0);
     connect(liveTimer_, &QTimer::timeout, this, [this] { updateFound(true); });
     connect(txtSearch_, &QLineEdit::textChanged, this, [this](const QString& t) {
         if (refreshing_) return;
