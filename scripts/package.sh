@@ -27,7 +27,7 @@ echo "built $deb"
 echo "== lintian"
 # Errors fail; warnings (a program without a manual page, fonts in a program's package) are
 # shown for information.
-lintian --fail-on error --no-tag-display-limit "$deb"
+lintian --fail-on error --tag-display-limit 0 "$deb"
 
 echo "== contents"
 contents=$(dpkg-deb --contents "$deb" | awk '{print $6}')
