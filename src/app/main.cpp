@@ -20,7 +20,6 @@
 #include "ui/qt_ports.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QIcon>
@@ -40,23 +39,15 @@ struct CommandLine {
     QString home;
     QString screenshot;
     std::string dictionary;
-    bool help = false;
-    bool version = false;
     QString error;
 };
 
-CommandLine parse(int argc, char** argv) {
-    QStringList args;
-    for (int i = 0; i < argc; ++i) args << QString::fromLocal8Bit(argv[i]);
+CommandLine parse(const QStringList& args) {
     CommandLine c;
     QStringList rest;
     for (int i = 1; i < args.size(); ++i) {
         const QString& a = args[i];
-        if (a == QLatin1String("--help") || a == QLatin1String("-h")) {
-            c.help = true;
-        } else if (a == QLatin1String("--version")) {
-            c.version = true;
-        } else if (a == QLatin1String("--home") || a == QLatin1String("--screenshot")) {
+        if (a == QLatin1String("--home") || a == QLatin1String("--screenshot")) {
             if (i + 1 >= args.size()) {
                 c.error = a + QStringLiteral(" needs a value");
                 return c;
@@ -86,25 +77,30 @@ void usage(std::ostream& out) {
 
 int main(int argc, char** argv) {
     // Help and version need no display: they are answered before Qt looks for one.
-    const CommandLine options = parse(argc, argv);
-    if (options.help) {
-        usage(std::cout);
-        return 0;
-    }
-    if (options.version) {
-        std::cout << "nebkaro " << versionText() << "\n";
-        return 0;
-    }
-    if (!options.error.isEmpty()) {
-        std::cerr << "nebkaro: " << options.error.toStdString() << "\n";
-        usage(std::cerr);
-        return 2;
+    for (int i = 1; i < argc; ++i) {
+        const std::string a = argv[i];
+        if (a == "--help" || a == "-h") {
+            usage(std::cout);
+            return 0;
+        }
+        if (a == "--version") {
+            std::cout << "nebkaro " << versionText() << "\n";
+            return 0;
+        }
     }
 
     QApplication qapp(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Nebkaro"));
     QApplication::setApplicationVersion(QString::fromStdString(versionText()));
     QApplication::setDesktopFileName(QStringLiteral(NEBKARO_APP_ID));
+
+    // Qt has taken its own options (-platform, -style ...) out of the arguments by now.
+    const CommandLine options = parse(QApplication::arguments());
+    if (!options.error.isEmpty()) {
+        std::cerr << "nebkaro: " << options.error.toStdString() << "\n";
+        usage(std::cerr);
+        return 2;
+    }
 
     std::optional<std::filesystem::path> homeOption;
     if (!options.home.isEmpty()) homeOption = options.home.toStdString();
