@@ -97,7 +97,7 @@ cmp -s "$mine/Dictionaries/Words.nkd" /usr/share/nebkaro/Dictionaries/Words.nkd 
 # The installed program draws the same window as the build folder's, on the same starter
 # dictionary and default settings.
 reference="$work/build.png"
-"${xvfb[@]}" "$dir/nebkaro" --screenshot "$reference" >/dev/null 2>&1
+env -u QT_QPA_PLATFORM "${xvfb[@]}" "$dir/nebkaro" --screenshot "$reference" >/dev/null 2>&1
 cmp -s "$shot" "$reference" || fail "the installed program's window differs from the build's ($shot, $reference)"
 # A second start says nothing about the user folder.
 as_user "${xvfb[@]}" /usr/bin/nebkaro --screenshot "$work/again.png" >/dev/null 2>"$work/err"
