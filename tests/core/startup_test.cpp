@@ -146,15 +146,15 @@ TEST(ProgramFoldersTest, OneFolderUnlessInstalledThenTheUsersDataFolder) {
         std::optional<std::string> xdg;
         std::filesystem::path shipped, user;
     };
-    const std::filesystem::path none = "/usr/bin";
+    const std::filesystem::path none = "/opt/neb/bin";
     const Case cases[] = {
         {"--home wins", "/data/neb/../neb", build.path(), "/x", "/data/neb", "/data/neb"},
         {"build folder", std::nullopt, build.path(), "/x", build.path(), build.path()},
-        {"installed", std::nullopt, none, std::nullopt, "/usr/share/nebkaro",
+        {"installed", std::nullopt, none, std::nullopt, "/opt/neb/share/nebkaro",
          "/home/ann/.local/share/nebkaro"},
-        {"XDG_DATA_HOME", std::nullopt, none, "/data/ann", "/usr/share/nebkaro",
+        {"XDG_DATA_HOME", std::nullopt, none, "/data/ann", "/opt/neb/share/nebkaro",
          "/data/ann/nebkaro"},
-        {"relative XDG_DATA_HOME is ignored", std::nullopt, none, "rel", "/usr/share/nebkaro",
+        {"relative XDG_DATA_HOME is ignored", std::nullopt, none, "rel", "/opt/neb/share/nebkaro",
          "/home/ann/.local/share/nebkaro"},
     };
     for (const Case& c : cases) {
