@@ -9,6 +9,8 @@ packages=(
   clang libclang-rt-14-dev
   xvfb xauth fonts-dejavu-core fonts-ancient-scripts
   python3 python3-fonttools python3-pil poppler-utils time
+  desktop-file-utils appstream shared-mime-info xdg-utils
+  dpkg-dev file lintian xdotool
 )
 missing=()
 for p in "${packages[@]}"; do

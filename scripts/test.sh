@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds, and runs every test: the normal build, the same suite
-# under AddressSanitizer and UndefinedBehaviorSanitizer, and short fuzzing runs.
+# Installs what is missing, builds, and runs every test: the normal build, the Debian package
+# (built, installed, run and removed), the same suite under AddressSanitizer and
+# UndefinedBehaviorSanitizer, and short fuzzing runs.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh
@@ -9,6 +10,9 @@ export QT_QPA_PLATFORM=offscreen
 echo "== build and test"
 BUILD_DIR=build-test BUILD_TYPE=Debug scripts/build.sh
 ctest --test-dir build-test --output-on-failure -j"$(nproc)"
+
+echo "== Debian package"
+scripts/package.sh
 
 echo "== sanitizers"
 BUILD_DIR=build-asan BUILD_TYPE=Debug scripts/build.sh -DNEBKARO_SANITIZE=ON

@@ -3,11 +3,14 @@
 #include "cli/args.h"
 #include "cli/console.h"
 #include "cli/subcommands.h"
+#include "core/app.h"
 #include "core/errors.h"
+#include "core/folders.h"
 
 #include <climits>
 #include <filesystem>
 #include <iostream>
+#include <optional>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -16,20 +19,15 @@ namespace nebkaro::cli {
 
 namespace {
 
-// The program folder the program itself would use: the folder of the executable.
-fs::path defaultHome() {
-    std::error_code ec;
-    fs::path exe = fs::read_symlink("/proc/self/exe", ec);
-    return ec ? fs::current_path() : exe.parent_path();
-}
-
 void printUsage(std::ostream& out) {
-    out << "usage: nebkaro-cli [--home DIR] COMMAND [ARGS]\n\n"
+    out << "usage: nebkaro-cli [--home DIR] COMMAND [ARGS]\n"
+           "       nebkaro-cli --version\n\n"
            "The dictionary from the command line, through the same logic as the program.\n"
            "Exit status: 0 success, 1 nothing found (or problems found by check), 2 bad input\n"
            "or a failed operation.\n\ncommands:\n";
     for (const Subcommand& s : subcommands()) out << "  " << s.synopsis << "\n";
-    out << "\n'nebkaro-cli COMMAND --help' describes a command.\n";
+    out << "\n'nebkaro-cli COMMAND --help' describes a command. --home names the program\n"
+           "folder; by default it is the one the program itself uses.\n";
 }
 
 } // namespace
@@ -37,7 +35,7 @@ void printUsage(std::ostream& out) {
 int run(int argc, char** argv) {
     std::vector<std::string> args(argv + 1, argv + argc);
     try {
-        fs::path home = defaultHome();
+        std::optional<fs::path> home;
         // --home may stand anywhere; it belongs to every command.
         for (std::size_t i = 0; i < args.size(); ++i) {
             if (args[i] == "--home") {
@@ -60,6 +58,10 @@ int run(int argc, char** argv) {
             printUsage(std::cout);
             return 0;
         }
+        if (args[0] == "--version") {
+            std::cout << "nebkaro-cli " << versionText() << "\n";
+            return 0;
+        }
         const Subcommand* cmd = findSubcommand(args[0]);
         if (!cmd) throw Usage("unknown command '" + args[0] + "' (see nebkaro-cli --help)");
         std::vector<std::string> rest(args.begin() + 1, args.end());
@@ -70,7 +72,11 @@ int run(int argc, char** argv) {
                 return 0;
             }
         }
-        return cmd->run(home, rest);
+        // The tool reads only the shipped files (sign lists, pictures); the dictionaries it
+        // works on are named on its command line.
+        const ProgramFolders folders =
+            ResolveFolders(home, ExecutableFolder(), NEBKARO_SHIPPED_FROM_BIN, EnvironmentValue);
+        return cmd->run(folders.shipped, rest);
     } catch (const Usage& e) {
         std::cerr << "nebkaro-cli: " << e.what() << "\n";
         return 2;

@@ -108,8 +108,12 @@ struct App {
     App(const App&) = delete;
     App& operator=(const App&) = delete;
 
-    // The program folder: System, Lists, Dictionaries, Images and the picture libraries.
+    // The program folder: the shipped files (Lists, Fonts, Help, the picture libraries) and,
+    // unless userHome names another folder, the user's (System, Dictionaries, Images).
     std::filesystem::path home;
+    std::filesystem::path userHome;
+    // Where settings, dictionaries and saved pictures are read and written.
+    std::filesystem::path userFolder() const { return userHome.empty() ? home : userHome; }
 
     Settings settings;
     DictionaryStore store;

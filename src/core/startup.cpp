@@ -18,7 +18,7 @@ bool programFileMissing(App& app, const ProgramFileError& e) {
 } // namespace
 
 bool StartUp(App& app, const std::string& commandLine) {
-    ApplySettings(app, settingsPath(app.home));
+    ApplySettings(app, settingsPath(app.userFolder()));
     app.windows->setPrinterDefaults();
     try {
         LoadSignList(app.lists, app.home, app.settings.useBasicLibrary);
@@ -26,7 +26,7 @@ bool StartUp(App& app, const std::string& commandLine) {
         return programFileMissing(app, e);
     }
     DictionaryStore& store = app.store;
-    store.dictionariesFolder = (app.home / "Dictionaries").string() + "/";
+    store.dictionariesFolder = (app.userFolder() / "Dictionaries").string() + "/";
     app.rememberedDictionary = store.dictionaryName;
     const fs::path named(store.dictionaryName);
     store.dictionaryPath =
@@ -68,7 +68,7 @@ bool StartUp(App& app, const std::string& commandLine) {
 namespace {
 void writeSettings(App& app) {
     try {
-        WriteSettingsFile(app, settingsPath(app.home));
+        WriteSettingsFile(app, settingsPath(app.userFolder()));
     } catch (const RunError& e) {
         app.dialogs.message(e.report(), "", Buttons::OK, Icon::Critical);
     }

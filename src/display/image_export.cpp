@@ -15,7 +15,7 @@ std::string ProposedImageName(const std::string& gardiner) {
 }
 
 std::filesystem::path ProposedImagePath(const App& app) {
-    return app.home / "Images" / ProposedImageName(app.view.GardinerTxt);
+    return app.userFolder() / "Images" / ProposedImageName(app.view.GardinerTxt);
 }
 
 ImageFormat ImageFormatFor(const std::filesystem::path& file) {

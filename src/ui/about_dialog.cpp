@@ -37,8 +37,8 @@ AboutDialog::AboutDialog(App& app, QWidget* parent) : QDialog(parent) {
     auto* contact =
         label(this, "lblContact",
               QStringLiteral("Your dictionaries, settings and saved pictures are kept in the "
-                             "program folder:\n") +
-                  QString::fromStdString(app.home.string()));
+                             "folder:\n") +
+                  QString::fromStdString(app.userFolder().string()));
     contact->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* version = label(this, "lblVersion",
                           QStringLiteral("Version: ") + QString::fromStdString(versionText()));

@@ -102,7 +102,7 @@ void ExchangeCommands::importLines() {
         if (a == Answer::Yes) app_.storeWord(app_);
     }
     const auto file = app_.dialogs.openFile("MdC Lines (*.txt)|*.txt|All Files (*.*)|*.*",
-                                            std::filesystem::path(app_.home) / "Dictionaries");
+                                            app_.userFolder() / "Dictionaries");
     if (!file) return;
     // Only a regular file, of a sensible size: a pipe would hold the window.
     const ImportReport report = ImportMdcLines(app_, readFileBytes(*file));
@@ -143,8 +143,8 @@ void ExchangeCommands::exportWords(Format format) {
     }
     const FormatInfo i = info(format);
     const std::string deck = DeckName(app_.store.dictionaryName);
-    const auto file = app_.dialogs.saveFile(i.filter, std::filesystem::path(app_.home) /
-                                                          "Dictionaries" / (deck + i.extension));
+    const auto file =
+        app_.dialogs.saveFile(i.filter, app_.userFolder() / "Dictionaries" / (deck + i.extension));
     if (!file) return;
     std::string bytes;
     std::vector<std::string> problems;

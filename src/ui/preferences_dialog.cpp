@@ -101,7 +101,7 @@ void PreferencesDialog::confirm() {
 
 void PreferencesDialog::save() {
     try {
-        WriteSettingsFile(app_, settingsPath(app_.home));
+        WriteSettingsFile(app_, settingsPath(app_.userFolder()));
     } catch (const RunError& e) {
         app_.dialogs.message(e.report(), "", Buttons::OK, Icon::Critical);
     }

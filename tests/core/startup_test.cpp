@@ -1,10 +1,13 @@
 #include "core/dictionary_file.h"
+#include "core/folders.h"
 #include "core/startup.h"
 #include "fakes.h"
 
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
+#include <map>
+#include <optional>
 
 using namespace nebkaro;
 using namespace nebkaro::testing;
@@ -138,4 +141,77 @@ TEST_F(StartUpTest, ClosingTheWindowOffersCancelAndCancelKeepsItOpen) {
     EXPECT_EQ(t.dialogs.prompts[0].buttons, Buttons::YesNoCancel);
     EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Question);
     EXPECT_TRUE(std::filesystem::exists(settings));
+}
+
+namespace {
+// Every file under a folder with its bytes, to tell whether anything changed there.
+std::map<std::string, std::string> snapshot(const std::filesystem::path& root) {
+    std::map<std::string, std::string> files;
+    for (const auto& e : std::filesystem::recursive_directory_iterator(root))
+        if (e.is_regular_file())
+            files[std::filesystem::relative(e.path(), root).string()] = readFile(e.path());
+    return files;
+}
+} // namespace
+
+TEST(ProgramFoldersTest, OneFolderUnlessInstalledThenTheUsersDataFolder) {
+    TempDir build;
+    build.write("Lists/BasicList.csv", "");
+    struct Case {
+        const char* name;
+        std::optional<std::filesystem::path> home;
+        std::filesystem::path exe;
+        std::optional<std::string> xdg;
+        std::filesystem::path shipped, user;
+    };
+    const std::filesystem::path none = "/opt/neb/bin";
+    const Case cases[] = {
+        {"--home wins", "/data/neb/../neb", build.path(), "/x", "/data/neb", "/data/neb"},
+        {"build folder", std::nullopt, build.path(), "/x", build.path(), build.path()},
+        {"installed", std::nullopt, none, std::nullopt, "/opt/neb/share/nebkaro",
+         "/home/ann/.local/share/nebkaro"},
+        {"XDG_DATA_HOME", std::nullopt, none, "/data/ann", "/opt/neb/share/nebkaro",
+         "/data/ann/nebkaro"},
+        {"relative XDG_DATA_HOME is ignored", std::nullopt, none, "rel", "/opt/neb/share/nebkaro",
+         "/home/ann/.local/share/nebkaro"},
+    };
+    for (const Case& c : cases) {
+        const auto env = [&](const char* name) -> std::optional<std::string> {
+            if (std::string(name) == "HOME") return "/home/ann";
+            return c.xdg;
+        };
+        const ProgramFolders f = ResolveFolders(c.home, c.exe, "../share/nebkaro", env);
+        EXPECT_EQ(f.shipped, c.shipped) << c.name;
+        EXPECT_EQ(f.user, c.user) << c.name;
+        EXPECT_EQ(f.separate(), c.shipped != c.user) << c.name;
+    }
+}
+
+TEST_F(StartUpTest, InstalledTheUserFolderIsMadeOnceAndTheShippedOneNeverWritten) {
+    home.write("System/Settings.nks", "Show About = False\r\nShow Dictionary Info = False\r\n"
+                                      "Dictionary Name = Words.nkd\r\n");
+    TempDir data;
+    const ProgramFolders folders{home.path(), data.path() / "nebkaro"};
+    const auto shipped = snapshot(home.path());
+    ASSERT_TRUE(PrepareUserFolder(folders));
+    EXPECT_FALSE(PrepareUserFolder(folders)); // said once
+    t.app.userHome = folders.user;
+    ASSERT_TRUE(StartUp(t.app, ""));
+    EXPECT_EQ(t.app.store.field(0, FieldMeaning), "reed");
+    EXPECT_EQ(t.app.store.dictionaryPath, (folders.user / "Dictionaries" / "Words.nkd").string());
+    t.app.store.setField(0, FieldMeaning, "rush");
+    t.app.store.isChanged = true;
+    ASSERT_TRUE(SaveDictionary(t.app));
+    EXPECT_TRUE(QuitCommand(t.app));
+    EXPECT_EQ(snapshot(home.path()), shipped);
+    const auto mine = snapshot(folders.user);
+    EXPECT_NE(mine.at("Dictionaries/Words.nkd").find("rush"), std::string::npos);
+    EXPECT_TRUE(mine.count("System/Settings.nks"));
+    EXPECT_TRUE(std::filesystem::is_directory(folders.user / "Images"));
+    // A settings file removed later comes back from the defaults; the dictionary is the user's.
+    std::filesystem::remove(folders.user / "System" / "Settings.nks");
+    std::filesystem::remove(folders.user / "Dictionaries" / "Words.nkd");
+    EXPECT_FALSE(PrepareUserFolder(folders));
+    EXPECT_TRUE(std::filesystem::exists(folders.user / "System" / "Settings.nks"));
+    EXPECT_FALSE(std::filesystem::exists(folders.user / "Dictionaries" / "Words.nkd"));
 }
