@@ -409,4 +409,28 @@ std::string todayLongDate() {
     return longDate(tm.tm_year + 1900, tm.tm_mon + 1, tm.tm_mday);
 }
 
+std::string escapeHtml(std::string_view s) {
+    std::string out;
+    out.reserve(s.size());
+    for (char c : s) {
+        switch (c) {
+        case '&':
+            out += "&amp;";
+            break;
+        case '<':
+            out += "&lt;";
+            break;
+        case '>':
+            out += "&gt;";
+            break;
+        case '"':
+            out += "&quot;";
+            break;
+        default:
+            out += c;
+        }
+    }
+    return out;
+}
+
 } // namespace nebkaro::text

@@ -20,6 +20,8 @@ std::size_t find(std::string_view hay, std::string_view needle, std::size_t star
 
 std::string replaceAll(std::string_view s, std::string_view from, std::string_view to);
 std::string removeAll(std::string_view s, char c);
+// The text with & < > " written as HTML character references.
+std::string escapeHtml(std::string_view s);
 std::vector<std::string> split(std::string_view s, char sep);
 
 // Upper-casing of ASCII, Latin-1, Latin Extended-A and the transliteration letters.

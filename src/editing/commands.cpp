@@ -3,6 +3,7 @@
 #include "core/dictionary_file.h"
 #include "core/errors.h"
 #include "core/startup.h"
+#include "core/text.h"
 #include "display/render.h"
 #include "display/zoom.h"
 #include "editing/navigation.h"
@@ -541,29 +542,6 @@ std::vector<Shortcut> ShortcutsOf(CommandId id) {
 
 namespace {
 
-std::string escapeHtml(std::string_view text) {
-    std::string out;
-    for (char c : text) {
-        switch (c) {
-        case '<':
-            out += "&lt;";
-            break;
-        case '>':
-            out += "&gt;";
-            break;
-        case '&':
-            out += "&amp;";
-            break;
-        case '"':
-            out += "&quot;";
-            break;
-        default:
-            out += c;
-        }
-    }
-    return out;
-}
-
 // A menu caption as it reads: the access-letter marks dropped, "&&" kept as one "&".
 std::string readable(std::string_view caption) {
     std::string out;
@@ -584,7 +562,7 @@ void menuPaths(const MenuItem& m, const std::string& above, CommandId id,
 
 std::string joined(const std::vector<std::string>& parts) {
     std::string out;
-    for (const std::string& p : parts) out += (out.empty() ? "" : "<br>") + escapeHtml(p);
+    for (const std::string& p : parts) out += (out.empty() ? "" : "<br>") + text::escapeHtml(p);
     return out;
 }
 
@@ -619,7 +597,7 @@ std::string CommandListHtml() {
             keys.push_back(std::string(s.keys) + (s.scope == ShortcutScope::DisplayArea
                                                       ? " (on the word's picture)"
                                                       : ""));
-        html += "<tr><td>" + escapeHtml(c.help) + "</td><td>" + joined(menus) + "</td><td>" +
+        html += "<tr><td>" + text::escapeHtml(c.help) + "</td><td>" + joined(menus) + "</td><td>" +
                 joined(buttons) + "</td><td>" + joined(tools) + "</td><td>" + joined(keys) +
                 "</td></tr>\n";
     }
@@ -635,7 +613,7 @@ std::string LetterCodeHtml() {
         const std::string scholarly = ScholarlyFromPlain(std::string(1, c));
         if (scholarly == std::string(1, c)) continue;
         html += std::string("<tr><td><code>") + c + "</code></td><td class=\"scholarly\">" +
-                escapeHtml(scholarly) + "</td></tr>\n";
+                text::escapeHtml(scholarly) + "</td></tr>\n";
     }
     return html + "</table>\n";
 }

@@ -2,6 +2,7 @@
 
 #include "core/app.h"
 #include "core/errors.h"
+#include "core/text.h"
 #include "display/word_picture_qt.h"
 #include "print/word_picture.h"
 #include "translit/unicode_translit.h"
@@ -24,29 +25,6 @@
 namespace nebkaro {
 
 namespace {
-
-std::string escapeHtml(const std::string& s) {
-    std::string out;
-    for (char c : s) {
-        switch (c) {
-        case '&':
-            out += "&amp;";
-            break;
-        case '<':
-            out += "&lt;";
-            break;
-        case '>':
-            out += "&gt;";
-            break;
-        case '"':
-            out += "&quot;";
-            break;
-        default:
-            out += c;
-        }
-    }
-    return out;
-}
 
 WordPicture pictureOf(SignPictures& pictures, const WordRecord& word) {
     try {
@@ -125,12 +103,12 @@ std::string ExportHtml(App& app, const std::vector<int>& words, const std::strin
         const WordRecord& word = app.store.row(w);
         rows += "<tr><td class=\"n\">" + std::to_string(w) + "</td><td class=\"pic\">" +
                 wordSvg(pictureOf(pictures, word), defs) + "</td><td class=\"tr\">" +
-                escapeHtml(ScholarlyFromPlain(word[FieldTranslit])) + "</td><td>" +
-                escapeHtml(word[FieldMeaning]) + "</td><td class=\"gard\">" +
-                escapeHtml(word[FieldGardiner]) + "</td><td>" + escapeHtml(word[FieldComment]) +
-                "</td></tr>\n";
+                text::escapeHtml(ScholarlyFromPlain(word[FieldTranslit])) + "</td><td>" +
+                text::escapeHtml(word[FieldMeaning]) + "</td><td class=\"gard\">" +
+                text::escapeHtml(word[FieldGardiner]) + "</td><td>" +
+                text::escapeHtml(word[FieldComment]) + "</td></tr>\n";
     }
-    const std::string t = escapeHtml(title);
+    const std::string t = text::escapeHtml(title);
     return "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>" + t +
            "</title>\n<style>\n"
            "body { font-family: 'DejaVu Sans', sans-serif; margin: 2em; }\n"
@@ -464,11 +442,11 @@ std::string ExportFlashCards(App& app, const std::vector<int>& words, const std:
         zip.add(mediaKey, pictureAt2x(pictureOf(pictures, word)).toStdString());
         media.insert(QString::fromStdString(mediaKey), QString::fromStdString(mediaName));
 
-        const std::string translit = escapeHtml(ScholarlyFromPlain(word[FieldTranslit]));
+        const std::string translit = text::escapeHtml(ScholarlyFromPlain(word[FieldTranslit]));
         const std::string fields = translit + '\x1f' + "<img src=\"" + mediaName + "\">" + '\x1f' +
-                                   escapeHtml(word[FieldMeaning]) + '\x1f' +
-                                   escapeHtml(word[FieldComment]) + '\x1f' +
-                                   escapeHtml(word[FieldGardiner]);
+                                   text::escapeHtml(word[FieldMeaning]) + '\x1f' +
+                                   text::escapeHtml(word[FieldComment]) + '\x1f' +
+                                   text::escapeHtml(word[FieldGardiner]);
         const std::int64_t noteId = nowMs + position;
         note.bind(1, noteId).bind(2, noteGuid(deckName, word)).bind(3, modelId).bind(4, seconds);
         note.bind(5, fields).bind(6, translit).bind(7, checksum(translit));
