@@ -66,6 +66,11 @@ public:
     std::filesystem::path stem() const { return path().stem(); }
 
     friend bool operator==(const SignFile& a, const SignFile& b) { return a.path() == b.path(); }
+    friend bool operator==(const SignFile& a, const std::filesystem::path& b) {
+        return a.path() == b;
+    }
+    friend bool operator==(const SignFile& a, const std::string& b) { return a.path() == b; }
+    friend bool operator==(const SignFile& a, const char* b) { return a.path() == b; }
     friend std::ostream& operator<<(std::ostream& out, const SignFile& f) {
         return out << f.path();
     }
