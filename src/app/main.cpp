@@ -159,8 +159,10 @@ int main(int argc, char** argv) {
     window.show();
 
     if (screenshot) {
-        // The first word was drawn during start-up; one turn of the event loop lays it out.
-        QTimer::singleShot(200, &window, [&] {
+        // The first word was drawn during start-up; once the event loop runs, the layout
+        // requests still queued are handled and the window is taken as it stands.
+        QTimer::singleShot(0, &window, [&] {
+            QCoreApplication::sendPostedEvents();
             const QString file = QFileInfo(options.screenshot).absoluteFilePath();
             if (!window.grab().save(file, "PNG")) {
                 std::cerr << "nebkaro: the picture could not be written to " << file.toStdString()

@@ -269,17 +269,18 @@ void FolderSignPictures::rememberPictures(bool on) {
     if (!on) remembered_.clear();
 }
 
+const SignPicture& FolderSignPictures::rememberedPicture(const std::string& library,
+                                                         const std::string& direction,
+                                                         const std::string& code) {
+    key_.assign(library).append(1, '/').append(direction).append(1, '/').append(code);
+    if (const auto it = remembered_.find(key_); it != remembered_.end()) return it->second;
+    return remembered_.emplace(key_, readPicture(library, direction, code)).first->second;
+}
+
 SignPicture FolderSignPictures::picture(const std::string& library, const std::string& direction,
                                         const std::string& code) {
-    std::string key;
-    if (remember_) {
-        key.reserve(library.size() + direction.size() + code.size() + 2);
-        key.append(library).append(1, '/').append(direction).append(1, '/').append(code);
-        if (const auto it = remembered_.find(key); it != remembered_.end()) return it->second;
-    }
-    SignPicture p = readPicture(library, direction, code);
-    if (remember_) remembered_.emplace(std::move(key), p);
-    return p;
+    if (remember_) return rememberedPicture(library, direction, code);
+    return readPicture(library, direction, code);
 }
 
 SignPicture FolderSignPictures::readPicture(const std::string& library,

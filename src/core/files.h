@@ -61,7 +61,10 @@ private:
     SignPicture readPicture(const std::string& library, const std::string& direction,
                             const std::string& code) const;
     std::filesystem::path home_;
+    const SignPicture& rememberedPicture(const std::string& library, const std::string& direction,
+                                         const std::string& code);
     bool remember_ = false;
+    std::string key_; // the look-up key, its buffer kept between look-ups
     std::unordered_map<std::string, SignPicture> remembered_;
 };
 

@@ -4,7 +4,9 @@
 // size of a sign's picture. The program implements them with Qt; tests with scripted fakes.
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -45,10 +47,46 @@ struct EventPump {
     virtual void yield() = 0;
 };
 
+// A picture's file name, shared by every copy: a word's signs are looked up and handed on
+// for every word drawn, and a copy is then a count, not a path taken apart again.
+class SignFile {
+public:
+    SignFile() = default;
+    SignFile(std::filesystem::path path)
+        : path_(std::make_shared<const std::filesystem::path>(std::move(path))) {}
+    SignFile(const std::string& path) : SignFile(std::filesystem::path(path)) {}
+    SignFile(const char* path) : SignFile(std::filesystem::path(path)) {}
+
+    const std::filesystem::path& path() const { return path_ ? *path_ : none(); }
+    operator const std::filesystem::path&() const { return path(); }
+    std::string string() const { return path().string(); }
+    const char* c_str() const { return path().c_str(); }
+    std::filesystem::path filename() const { return path().filename(); }
+    std::filesystem::path parent_path() const { return path().parent_path(); }
+    std::filesystem::path stem() const { return path().stem(); }
+
+    friend bool operator==(const SignFile& a, const SignFile& b) { return a.path() == b.path(); }
+    friend bool operator==(const SignFile& a, const std::filesystem::path& b) {
+        return a.path() == b;
+    }
+    friend bool operator==(const SignFile& a, const std::string& b) { return a.path() == b; }
+    friend bool operator==(const SignFile& a, const char* b) { return a.path() == b; }
+    friend std::ostream& operator<<(std::ostream& out, const SignFile& f) {
+        return out << f.path();
+    }
+
+private:
+    static const std::filesystem::path& none() {
+        static const std::filesystem::path empty;
+        return empty;
+    }
+    std::shared_ptr<const std::filesystem::path> path_;
+};
+
 // A sign's picture: its file and natural size in twips (pixels x 15). ok is false when the
 // file is missing or is not a picture; the size is then that of an empty slot.
 struct SignPicture {
-    std::filesystem::path file;
+    SignFile file;
     int width = 0;
     int height = 0;
     bool ok = false;

@@ -3,6 +3,7 @@
 #include "core/errors.h"
 
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
@@ -274,9 +275,10 @@ std::string decodeFileText(std::string bytes, std::vector<int>* convertedLines) 
 std::string plainNumber(double v) {
     if (v == 0) return "0";
     if (std::nearbyint(v) == v && std::fabs(v) < 1e15) {
-        char buf[32];
-        std::snprintf(buf, sizeof buf, "%.0f", v);
-        return buf;
+        // Exact as a 64-bit integer; the same digits as printf's "%.0f".
+        char buf[24];
+        const auto end = std::to_chars(buf, buf + sizeof buf, static_cast<std::int64_t>(v)).ptr;
+        return std::string(buf, end);
     }
     char buf[40];
     std::snprintf(buf, sizeof buf, "%.15g", v);
@@ -343,6 +345,18 @@ double leadingNumber(std::string_view s) {
 }
 
 double toNumber(std::string_view s) {
+    // Whole numbers of up to 15 digits, by far the most common, are exact as doubles and read
+    // without a copy; anything else takes the general way below.
+    if (!s.empty() && s.size() <= 16) {
+        const bool negative = s[0] == '-';
+        const std::size_t first = (negative || s[0] == '+') ? 1 : 0;
+        if (first < s.size() && s.size() - first <= 15) {
+            std::int64_t v = 0;
+            std::size_t i = first;
+            while (i < s.size() && s[i] >= '0' && s[i] <= '9') v = v * 10 + (s[i++] - '0');
+            if (i == s.size()) return negative ? -static_cast<double>(v) : static_cast<double>(v);
+        }
+    }
     std::string t = trim(s);
     while (!t.empty() && (t.back() == '\t')) t.pop_back();
     if (t.empty()) throw RunError(TypeMismatch);

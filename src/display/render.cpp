@@ -54,17 +54,21 @@ void PlaceGlyphGroup(App& app) {
 
 void DrawWordImage(App& app) {
     WordView& v = app.view;
-    WordPicture pic;
+    WordPicture& pic = v.TemPic;
     pic.width = text::toInt16(v.rightEdge + 64.0);
     pic.height = text::toInt16(v.bottomEdge + 64);
+    // The picture is rewritten in place: its signs' paths keep their buffers from word to word.
+    std::size_t n = 0;
     for (int i = 0; i < GlyphTable::Slots; ++i) {
         const GlyphSlot& s = app.glyphs[i];
         if (!s.used()) continue;
-        pic.pictures.push_back({v.mainGlyphPic[static_cast<std::size_t>(i)].picture,
-                                static_cast<int>(std::lround(s.x + 32)),
-                                static_cast<int>(std::lround(s.y + 32))});
+        if (n == pic.pictures.size()) pic.pictures.emplace_back();
+        PlacedPicture& placed = pic.pictures[n++];
+        placed.picture = v.mainGlyphPic[static_cast<std::size_t>(i)].picture;
+        placed.x = static_cast<int>(std::lround(s.x + 32));
+        placed.y = static_cast<int>(std::lround(s.y + 32));
     }
-    v.TemPic = std::move(pic);
+    pic.pictures.resize(n);
 }
 
 namespace {

@@ -3,6 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+
 using namespace nebkaro;
 
 TEST(NumberText, NonNegativeNumbersGetALeadingBlank) {
@@ -43,6 +47,21 @@ TEST(ToNumber, RejectsTextThatIsNotANumber) {
         } catch (const RunError& e) {
             EXPECT_EQ(e.number(), TypeMismatch);
         }
+    }
+}
+
+TEST(ToNumber, WholeNumbersReadAsStrtodReadsThem) {
+    for (const char* s :
+         {"0", "-0", "+0", "007", "-12", "+12", "999999999999999", "-999999999999999",
+          "9999999999999999", "123456789012345678", "1.0", "5 "}) {
+        const double want = std::strtod(s, nullptr), got = text::toNumber(s);
+        EXPECT_EQ(got, want) << s;
+        EXPECT_EQ(std::signbit(got), std::signbit(want)) << s;
+    }
+    for (double v : {1.0, -1.0, 999999999999999.0, -999999999999999.0, 1e15, 4503599627370497.0}) {
+        char buf[64];
+        std::snprintf(buf, sizeof buf, std::fabs(v) < 1e15 ? "%.0f" : "%.15g", v);
+        EXPECT_EQ(text::plainNumber(v), buf) << v;
     }
 }
 
