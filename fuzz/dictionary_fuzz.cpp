@@ -1,5 +1,6 @@
-// The dictionary reader on any bytes: no crash, and what the writer writes of what was read
-// reads back to the same words whenever no value holds a quote or a line break.
+// The dictionary reader on any bytes: no crash, the packed reader the program loads with reads
+// the same words as the plain one, and what the writer writes of what was read reads back to
+// the same words whenever no value holds a quote or a line break.
 #include "core/dictionary_file.h"
 #include "core/errors.h"
 #include "core/text.h"
@@ -10,14 +11,21 @@
 using namespace nebkaro;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    const std::string text =
-        text::decodeFileText(std::string(reinterpret_cast<const char*>(data), size));
+    std::string text;
     ParsedDictionary d;
     try {
+        // Text the program refuses to read (UTF-16) is refused here too.
+        text = text::decodeFileText(std::string(reinterpret_cast<const char*>(data), size));
         d = ReadDictionaryText(text, 1000);
     } catch (const RunError&) {
         return 0;
     }
+    const PackedDictionary packed = ReadDictionaryPacked(text, 1000);
+    FUZZ_CHECK(packed.hasHeader == d.hasHeader && packed.header == d.header);
+    FUZZ_CHECK(packed.stoppedEarly == d.stoppedEarly && packed.words.size() == d.words.size());
+    for (std::size_t w = 0; w < d.words.size(); ++w)
+        for (int f = 0; f < FieldCount; ++f)
+            FUZZ_CHECK(packed.words.view(w, f) == d.words[w][static_cast<std::size_t>(f)]);
     auto writable = [](const std::string& v) {
         return v.find_first_of("\"\r\n") == std::string::npos;
     };
