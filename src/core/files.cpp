@@ -105,8 +105,10 @@ std::string readFileBytes(const fs::path& path, std::uintmax_t limit) {
                                             " MB, more than the program reads");
     };
     if (static_cast<std::uintmax_t>(st.st_size) > limit) fail(tooLarge());
+    // One byte more than the file holds, so that the read that finds its end needs no larger
+    // buffer: the dictionary's text is kept as read, and a doubled buffer would stay with it.
     std::string data;
-    data.resize(static_cast<std::size_t>(st.st_size));
+    data.resize(static_cast<std::size_t>(st.st_size) + 1);
     std::size_t done = 0;
     // A file that grows meanwhile is read on, up to the limit.
     for (;;) {
@@ -126,6 +128,8 @@ std::string readFileBytes(const fs::path& path, std::uintmax_t limit) {
     ::close(fd);
     data.resize(done);
     if (done > limit) throw tooLarge();
+    // A file that grew while it was read leaves room to spare.
+    if (data.capacity() > done + done / 8 + 64) data.shrink_to_fit();
     return data;
 }
 
