@@ -22,9 +22,9 @@
 #include <QRadioButton>
 #include <QScrollArea>
 
-#include <cmath>
 #include <QShortcut>
 #include <QWheelEvent>
+#include <cmath>
 
 #include <functional>
 
@@ -314,13 +314,7 @@ void ComposeWindow::refresh() {
         }
         const QRect r = rectPx(cx + (image.left - cx) * k, cy + (image.top - cy) * k,
                                image.width * k, image.height * k);
-        pic->setGeometry(r);
-        // Zoomed signs are cut at the canvas frame.
-        const QRect inside = composeShp_->geometry().adjusted(1, 1, -1, -1);
-        if (zoom == MinZoom || inside.contains(r))
-            pic->clearMask();
-        else
-            pic->setMask(QRegion(inside.intersected(r).translated(-r.topLeft())));
+        placeSignCut(pic, r, composeShp_->geometry(), zoom != MinZoom);
         pic->setVisible(image.visible);
     }
 }

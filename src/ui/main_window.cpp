@@ -643,13 +643,7 @@ void MainWindow::showGlyphs() {
         l->setFrameStyle(framed ? QFrame::Box | QFrame::Plain : QFrame::NoFrame);
         l->setLineWidth(1);
         if (framed && !pm.isNull()) r.adjust(-1, -1, 1, 1);
-        l->setGeometry(r);
-        // A zoomed word larger than the display area is cut at its frame.
-        const QRect inside = dispArea_->geometry().adjusted(1, 1, -1, -1);
-        if (zoom == MinZoom || inside.contains(r))
-            l->clearMask();
-        else
-            l->setMask(QRegion(inside.intersected(r).translated(-r.topLeft())));
+        ui::placeSignCut(l, r, dispArea_->geometry(), zoom != MinZoom);
         l->show();
         l->raise();
     }

@@ -3,7 +3,9 @@
 #include "display/sign_outlines_qt.h"
 
 #include <QPainter>
+#include <QRegion>
 #include <QString>
+#include <QWidget>
 
 #include <cmath>
 
@@ -31,6 +33,15 @@ QPixmap signPixmap(const SignPicture& picture, double scale, double devicePixelR
     painter.setPen(QPen(Qt::gray, 1, Qt::DashLine));
     painter.drawRect(0, 0, w - 1, h - 1);
     return empty;
+}
+
+void placeSignCut(QWidget* picture, const QRect& at, const QRect& frame, bool zoomed) {
+    picture->setGeometry(at);
+    const QRect inside = frame.adjusted(1, 1, -1, -1);
+    if (!zoomed || inside.contains(at))
+        picture->clearMask();
+    else
+        picture->setMask(QRegion(inside.intersected(at).translated(-at.topLeft())));
 }
 
 } // namespace nebkaro::ui

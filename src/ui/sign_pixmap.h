@@ -3,6 +3,9 @@
 #include "core/ports.h"
 
 #include <QPixmap>
+#include <QRect>
+
+class QWidget;
 
 namespace nebkaro::ui {
 
@@ -12,6 +15,10 @@ namespace nebkaro::ui {
 // empty framed square of the size the picture port gave it, so the rest of the word still
 // draws.
 QPixmap signPixmap(const SignPicture& picture, double scale = 1.0, double devicePixelRatio = 1.0);
+
+// A sign's picture placed at `at`; while the word is zoomed it is cut at the inside of the
+// frame it is drawn in, so a large word never covers the controls around its area.
+void placeSignCut(QWidget* picture, const QRect& at, const QRect& frame, bool zoomed);
 
 // Twips to pixels and back (15 twips to the pixel).
 inline int px(double twips) {
