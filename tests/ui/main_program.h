@@ -69,6 +69,19 @@ inline void choose(QWidget* dialog, const char* option) {
     QTest::mouseClick(b, Qt::LeftButton, {}, QPoint(6, b->height() / 2));
 }
 
+// Every test starts with scripted answers and no question asked yet.
+inline void scriptDialogs() {
+    QtDialogs::setMode(QtDialogs::Mode::Scripted);
+    QtDialogs::reset();
+}
+
+// A question the test did not expect is a failure, named in the log.
+inline void verifyNoUnexpectedQuestion() {
+    for (const std::string& q : QtDialogs::unexpected())
+        qWarning("unexpected question: %s", q.c_str());
+    QVERIFY(QtDialogs::unexpected().empty());
+}
+
 inline std::vector<std::string> messageTexts() {
     std::vector<std::string> out;
     for (const auto& p : QtDialogs::prompts())

@@ -37,15 +37,8 @@ using namespace nebkaro::uitest;
 class MainWindowTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void init() {
-        QtDialogs::setMode(QtDialogs::Mode::Scripted);
-        QtDialogs::reset();
-    }
-    void cleanup() {
-        for (const std::string& q : QtDialogs::unexpected())
-            qWarning("unexpected question: %s", q.c_str());
-        QVERIFY(QtDialogs::unexpected().empty());
-    }
+    void init() { scriptDialogs(); }
+    void cleanup() { verifyNoUnexpectedQuestion(); }
 
     void startUpWithASettingsFileShowsTheFirstWord() {
         Program p;

@@ -55,15 +55,8 @@ void sortBy(const char* option) {
 class UndoWindowTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void init() {
-        QtDialogs::setMode(QtDialogs::Mode::Scripted);
-        QtDialogs::reset();
-    }
-    void cleanup() {
-        for (const std::string& q : QtDialogs::unexpected())
-            qWarning("unexpected question: %s", q.c_str());
-        QVERIFY(QtDialogs::unexpected().empty());
-    }
+    void init() { scriptDialogs(); }
+    void cleanup() { verifyNoUnexpectedQuestion(); }
 
     void everyKindOfChangeIsUndoneAndRedone() {
         struct Step {

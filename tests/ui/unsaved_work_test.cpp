@@ -86,15 +86,8 @@ private:
     QString handedOver_;
 
 private Q_SLOTS:
-    void init() {
-        QtDialogs::setMode(QtDialogs::Mode::Scripted);
-        QtDialogs::reset();
-    }
-    void cleanup() {
-        for (const std::string& q : QtDialogs::unexpected())
-            qWarning("unexpected question: %s", q.c_str());
-        QVERIFY(QtDialogs::unexpected().empty());
-    }
+    void init() { scriptDialogs(); }
+    void cleanup() { verifyNoUnexpectedQuestion(); }
 
     void aWordThatCannotBeDrawnKeepsItsOwnTextsThroughSaveAndDelete() {
         for (const QByteArray& layout : undrawableLayouts()) {

@@ -15,10 +15,7 @@ using namespace nebkaro::uitest;
 class ZoomWindowTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void init() {
-        QtDialogs::setMode(QtDialogs::Mode::Scripted);
-        QtDialogs::reset();
-    }
+    void init() { scriptDialogs(); }
 
     void theWordGrowsAboutTheCentreOfItsArea() {
         Program p;
