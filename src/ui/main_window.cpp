@@ -27,6 +27,7 @@
 #include "ui/search_tools.h"
 #include "ui/sign_pixmap.h"
 #include "ui/sort_dialog.h"
+#include "ui/word_view_widget.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -67,19 +68,8 @@ namespace {
 
 constexpr int TwipsPerPixel = 15;
 
-// The design of the word view, in twips: the boxes' left edge and height, and the tops of
-// RichGardinerlbl, GardinerTxt, TransLitTxt, MeaningTxt and CommentTxt (each box's caption
-// stands 240 twips above it).
-constexpr int FieldLeft = 400;
-constexpr int BoxHeight = 330;
-constexpr int FieldTop[5] = {3960, 4620, 5280, 5940, 6600};
-
 int px(int twips) {
     return static_cast<int>(std::lround(twips / static_cast<double>(TwipsPerPixel)));
-}
-
-QRect pixelRect(int left, int top, int width, int height) {
-    return {px(left), px(top), px(width), px(height)};
 }
 
 // Key codes as the word view counts them: Ctrl 17, Shift 16, Alt 18; letters and digits
@@ -94,19 +84,6 @@ int keyCode(int qtKey) {
         return 18;
     default:
         return qtKey;
-    }
-}
-
-int buttonCode(Qt::MouseButton b) {
-    switch (b) {
-    case Qt::LeftButton:
-        return 1;
-    case Qt::RightButton:
-        return RightButton;
-    case Qt::MiddleButton:
-        return 4;
-    default:
-        return 0;
     }
 }
 
@@ -141,25 +118,6 @@ QIcon toolIcon(std::string_view name, std::string_view tip) {
 
 } // namespace
 
-// The window's surface (its client area): the display area's right-click menu and the double
-// click that edits the word are events of the surface itself.
-class WordSurface : public QWidget {
-public:
-    WordSurface(MainWindow* main) : QWidget(main), main_(main) {}
-
-protected:
-    void mousePressEvent(QMouseEvent* e) override {
-        main_->surfaceMousePress(buttonCode(e->button()), e->position().toPoint(),
-                                 e->globalPosition().toPoint());
-    }
-    void mouseDoubleClickEvent(QMouseEvent* e) override {
-        if (e->button() == Qt::LeftButton) main_->surfaceDoubleClick();
-    }
-
-private:
-    MainWindow* main_;
-};
-
 template <typename Fn> void MainWindow::guarded(Fn fn) {
     try {
         fn();
@@ -183,8 +141,13 @@ MainWindow::MainWindow(App& app, Options options)
     tools_ = new SearchTools(app_, this);
     exchange_ = new ExchangeCommands(app_, *tools_, this);
     connect(exchange_, &ExchangeCommands::changed, this, [this] { wordViewChanged(); });
-    surface_ = new WordSurface(this);
-    surface_->setObjectName(QStringLiteral("MainSurface"));
+    surface_ = new WordViewWidget(app_, this);
+    dispArea_ = surface_->displayArea();
+    for (const auto& button : surface_->commandButtons()) buttons_.push_back(button);
+    connect(surface_, &WordViewWidget::commandRequested, this, &MainWindow::runCommand);
+    connect(surface_, &WordViewWidget::viewChanged, this, [this] { wordViewChanged(); });
+    connect(surface_, &WordViewWidget::fieldMenuRequested, this,
+            [this](QPoint global) { popup_->popup(global); });
     // On a screen too small for the whole word view (a large screen scale) the view scrolls
     // rather than being cut off; a taller window gives the display area the extra height.
     auto* scroll = new QScrollArea(this);
@@ -194,15 +157,15 @@ MainWindow::MainWindow(App& app, Options options)
     scroll->setWidget(surface_);
     setCentralWidget(scroll);
     buildToolBar();
-    buildWordView();
+    surface_->setToolBar(toolbar_);
     installHandlers();
     buildMenus();
     buildShortcuts();
     statusBar()->setObjectName(QStringLiteral("StatusBar"));
     setMinimumWidth(px(MainGeometry::MinWidth));
-    surface_->setMinimumHeight(px(SurfaceHeight));
-    const int whole =
-        px(SurfaceHeight) + menuBar()->sizeHint().height() + statusBar()->sizeHint().height();
+    surface_->setMinimumHeight(px(WordViewWidget::DesignHeight));
+    const int whole = px(WordViewWidget::DesignHeight) + menuBar()->sizeHint().height() +
+                      statusBar()->sizeHint().height();
     int height = whole;
     if (const QScreen* screen = QGuiApplication::primaryScreen())
         height = std::min(whole, screen->availableGeometry().height() - FrameAllowance);
@@ -217,7 +180,7 @@ MainWindow::MainWindow(App& app, Options options)
     qApp->installEventFilter(this);
     keepWindowsOnScreen(this);
     refreshAvailability();
-    layoutControls();
+    surface_->layoutControls();
 }
 
 MainWindow::~MainWindow() {
@@ -261,163 +224,6 @@ void MainWindow::buildToolBar() {
         row->addWidget(b);
     }
     row->addStretch();
-}
-
-void MainWindow::buildWordView() {
-    WordView& v = app_.view;
-
-    dispArea_ = new QFrame(surface_);
-    dispArea_->setObjectName(QStringLiteral("DispAreaShp"));
-    dispArea_->setFrameStyle(QFrame::Box | QFrame::Plain);
-    dispArea_->setLineWidth(1);
-    dispArea_->setAutoFillBackground(true);
-    QPalette white = dispArea_->palette();
-    white.setColor(QPalette::Window, Qt::white);
-    white.setColor(QPalette::WindowText, QColor(120, 120, 120));
-    dispArea_->setPalette(white);
-    // The display area takes the focus when clicked, so that its own keys (Home, End, Del,
-    // copy and paste of words) reach it while the text boxes keep theirs.
-    dispArea_->setFocusPolicy(Qt::ClickFocus);
-
-    for (int i = 0; i < GlyphTable::Slots; ++i) {
-        auto* l = new QLabel(surface_);
-        l->setObjectName(QStringLiteral("mainGlyphPic%1").arg(i));
-        l->setAlignment(Qt::AlignCenter);
-        l->hide();
-        glyphs_[static_cast<std::size_t>(i)] = l;
-    }
-
-    auto label = [this](const char* name, const char* caption, int left, int top) {
-        auto* l = new QLabel(QLatin1String(caption), surface_);
-        l->setObjectName(QLatin1String(name));
-        fixed_.emplace_back(l, QRect(left, top, 3000, 240));
-        return l;
-    };
-    // Fields: a caption, then the box under it; the hide switch of the box in the margin on
-    // the right. Widths follow the window (layoutControls); tops are the design's.
-    label("Label1", "Enriched Notation", FieldLeft, FieldTop[0] - 240);
-    label("Label2", "Gardiner's Notation", FieldLeft, FieldTop[1] - 240);
-    label("Label3", "Translitteration", FieldLeft, FieldTop[2] - 240);
-    label("Label4", "Meaning", FieldLeft, FieldTop[3] - 240);
-    label("Commentlbl", "Comment", FieldLeft, FieldTop[4] - 240);
-    auto* hideLabel = new QLabel(QStringLiteral("Hide"), surface_);
-    hideLabel->setObjectName(QStringLiteral("Label5"));
-    hideLabel->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
-
-    richGardiner_ = new QLabel(surface_);
-    richGardiner_->setObjectName(QStringLiteral("RichGardinerlbl"));
-    richGardiner_->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-    richGardiner_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    richGardiner_->setTextFormat(Qt::PlainText);
-
-    const char* boxNames[4] = {"GardinerTxt", "TransLitTxt", "MeaningTxt", "CommentTxt"};
-    const char* boxTips[4] = {"Displays the Gardiner's Notation",
-                              "Transliteration of the word displayed", "Meaning of the word",
-                              nullptr};
-    for (int i = 0; i < 4; ++i) {
-        auto* e = new QLineEdit(surface_);
-        e->setObjectName(QLatin1String(boxNames[i]));
-        if (boxTips[i]) e->setToolTip(QLatin1String(boxTips[i]));
-        const TextBox box = static_cast<TextBox>(i);
-        connect(e, &QLineEdit::textEdited, this, [this, box, e](const QString& text) {
-            TextBoxChanged(app_, box, text.toStdString());
-            showKeptText(e, text, qs(textOf(app_.view, box)));
-        });
-        boxes_[static_cast<std::size_t>(i)] = e;
-    }
-    // The transliteration is typed in plain letters and shown in their scholarly forms.
-    QFont translit(QStringLiteral("Transliteration"));
-    translit.setPointSizeF(boxes_[1]->font().pointSizeF() * 1.25);
-    boxes_[1]->setFont(translit);
-
-    const char* hideNames[5] = {"ChkHideEnriched", "ChkHideGardiner", "ChkHideTrans",
-                                "ChkHideMeaning", "ChkHideComment"};
-    const char* hideTips[5] = {nullptr, "Hide the Gardiner's notation", "Hide the transliteration",
-                               "Hide the Meaning", "Hide the comment"};
-    for (int i = 0; i < 5; ++i) {
-        auto* c = new QCheckBox(surface_);
-        c->setObjectName(QLatin1String(hideNames[i]));
-        if (hideTips[i]) c->setToolTip(QLatin1String(hideTips[i]));
-        c->setChecked(v.hidden[static_cast<std::size_t>(i)]);
-        connect(c, &QCheckBox::toggled, this, [this, i](bool on) {
-            app_.view.hidden[static_cast<std::size_t>(i)] = on;
-            wordViewChanged();
-        });
-        hide_[static_cast<std::size_t>(i)] = c;
-    }
-
-    number_ = new QLineEdit(surface_);
-    number_->setObjectName(QStringLiteral("txtNumber"));
-    number_->setAlignment(Qt::AlignRight);
-    connect(number_, &QLineEdit::textEdited, this,
-            [this](const QString& t) { app_.view.txtNumber = t.toStdString(); });
-    connect(number_, &QLineEdit::returnPressed, this, [this] {
-        if (CommandAvailable(app_, CommandId::Go)) runCommand(CommandId::Go);
-    });
-
-    counter_ = new QLabel(surface_);
-    counter_->setObjectName(QStringLiteral("lblCounter"));
-    counter_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    counter_->setToolTip(QStringLiteral("Passes left of the sort"));
-    fixed_.emplace_back(counter_, QRect(5900, 3240, 660, 390));
-
-    progressTrack_ = new QFrame(surface_);
-    progressTrack_->setObjectName(QStringLiteral("fraProgress"));
-    progressTrack_->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-    progressTrack_->setToolTip(QStringLiteral("Where the word on show lies in the dictionary"));
-    progress_ = new QFrame(progressTrack_);
-    progress_->setObjectName(QStringLiteral("shpProgress"));
-    progress_->setAutoFillBackground(true);
-    QPalette bar = progress_->palette();
-    bar.setColor(QPalette::Window, bar.color(QPalette::Highlight));
-    progress_->setPalette(bar);
-
-    // The buttons beside the word, in rows under the fields.
-    const std::pair<const char*, QRect> navigation[] = {
-        {"cmdFirst", {400, 3240, 660, 390}}, {"cmdPrev", {1120, 3240, 660, 390}},
-        {"cmdGo", {2800, 3240, 540, 390}},   {"cmdNext", {3400, 3240, 660, 390}},
-        {"cmdLast", {4120, 3240, 660, 390}}, {"cmdRandom", {4840, 3240, 960, 390}},
-    };
-    fixed_.emplace_back(number_, QRect(1840, 3240, 900, 390));
-    const char* rows[3][6] = {
-        {"NewCmd", "cmdEdit", "cmdStore", "cmdDelete", "Duplicatecmd", "cmdFlip"},
-        {"cmdSearch", "cmdSearchNext", "cmdSearchPrevious", "cmdSort", "cmdTransTable", nullptr},
-        {"CmdLoad", "cmdSave", "CmdSaveAs", "cmdPreferences", "cmdAbout", "cmdQuit"},
-    };
-    auto designPlace = [&](const std::string_view name) -> std::optional<QRect> {
-        for (const auto& [n, r] : navigation)
-            if (name == n) return r;
-        for (int r = 0; r < 3; ++r)
-            for (int c = 0; c < 6; ++c)
-                if (rows[r][c] && name == rows[r][c])
-                    return QRect(400 + c * 1050, 7140 + r * 450, 990, 390);
-        return std::nullopt;
-    };
-    int spare = 5; // buttons the design does not place go after the second row's
-    for (const ViewButton& b : WordViewButtons()) {
-        auto* button = new QPushButton(
-            QString::fromLatin1(b.caption.data(), static_cast<qsizetype>(b.caption.size())),
-            surface_);
-        button->setObjectName(
-            QString::fromLatin1(b.objectName.data(), static_cast<qsizetype>(b.objectName.size())));
-        button->setToolTip(
-            QString::fromLatin1(b.toolTip.data(), static_cast<qsizetype>(b.toolTip.size())));
-        button->setAutoDefault(false);
-        const CommandId id = b.command;
-        connect(button, &QPushButton::clicked, this, [this, id] { runCommand(id); });
-        buttons_.emplace_back(button, id);
-        if (b.objectName == "cmdTransGuess") {
-            // Placed beside TransLitTxt, in the narrow room the design leaves it.
-            QFont small = button->font();
-            small.setPointSizeF(small.pointSizeF() * 0.9);
-            button->setFont(small);
-            continue;
-        }
-        if (const auto r = designPlace(b.objectName))
-            fixed_.emplace_back(button, *r);
-        else
-            fixed_.emplace_back(button, QRect(400 + (spare++) * 1050, 7590, 990, 390));
-    }
 }
 
 QAction* MainWindow::commandAction(const MenuItem& item, QMenu* menu) {
@@ -559,96 +365,6 @@ void MainWindow::installHandlers() {
 
 // ---------------------------------------------------------------------------- showing the view
 
-void MainWindow::layoutControls() {
-    const WordView& v = app_.view;
-    const int w = v.windowWidth;
-    toolbar_->setGeometry(0, 0, width(), px(480));
-    const Rect& a = v.geometry.DispAreaShp;
-    const int extra = extraHeight();
-    dispArea_->setGeometry(pixelRect(a.left, a.top, a.width, a.height).adjusted(0, 0, 0, extra));
-    progressTrack_->setGeometry(pixelRect(a.left, 3060, v.geometry.progressContainerWidth, 120));
-    for (const auto& [widget, r] : fixed_)
-        widget->setGeometry(pixelRect(r.x(), r.y(), r.width(), r.height()));
-
-    const MainLayout l = MainLayoutFor(w);
-    richGardiner_->setGeometry(pixelRect(FieldLeft, FieldTop[0], l.textWidth, BoxHeight));
-    boxes_[0]->setGeometry(pixelRect(FieldLeft, FieldTop[1], l.textWidth, BoxHeight));
-    boxes_[1]->setGeometry(pixelRect(FieldLeft, FieldTop[2], l.translitWidth, BoxHeight));
-    boxes_[2]->setGeometry(pixelRect(FieldLeft, FieldTop[3], l.textWidth, BoxHeight));
-    boxes_[3]->setGeometry(pixelRect(FieldLeft, FieldTop[4], l.textWidth, BoxHeight));
-    if (auto* guess = surface_->findChild<QPushButton*>(QStringLiteral("cmdTransGuess")))
-        guess->setGeometry(pixelRect(FieldLeft + l.guessLeftOffset, FieldTop[2], 590, BoxHeight));
-    for (int i = 0; i < 5; ++i)
-        hide_[static_cast<std::size_t>(i)]->setGeometry(
-            pixelRect(w - 290, FieldTop[i] + 30, 270, 270));
-    if (auto* hideLabel = surface_->findChild<QLabel*>(QStringLiteral("Label5")))
-        hideLabel->setGeometry(pixelRect(w - 400, FieldTop[0] - 240, 400, 240));
-    // Everything below the display area moves down by the height it gained.
-    if (extra > 0) {
-        const int below = px(a.top + a.height);
-        for (QWidget* child : surface_->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-            if (child == dispArea_ || child == toolbar_ ||
-                std::find(glyphs_.begin(), glyphs_.end(), child) != glyphs_.end())
-                continue;
-            if (child->y() >= below) child->move(child->x(), child->y() + extra);
-        }
-    }
-    showGlyphs();
-}
-
-int MainWindow::extraHeight() const {
-    return std::max(0, surface_->height() - px(SurfaceHeight));
-}
-
-void MainWindow::showGlyphs() {
-    const WordView& v = app_.view;
-    for (int i = 0; i < GlyphTable::Slots; ++i) {
-        QLabel* l = glyphs_[static_cast<std::size_t>(i)];
-        const GlyphImage& img = v.mainGlyphPic[static_cast<std::size_t>(i)];
-        if (!img.visible) {
-            l->hide();
-            continue;
-        }
-        // Drawn for the screen's own pixels at the zoom, sharp on a scaled screen.
-        const int zoom = ClampZoom(app_.settings.wordZoom);
-        const double dpr = l->devicePixelRatioF();
-        const QString file = QString::fromStdString(img.picture.file.string());
-        const QString key = file + QLatin1Char('@') + QString::number(dpr) + QLatin1Char('x') +
-                            QString::number(zoom);
-        QPixmap pm;
-        if (img.picture.ok) {
-            auto it = pixmaps_.find(key);
-            if (it == pixmaps_.end()) {
-                // A picture that cannot be read stays a null pixmap: an empty framed square.
-                const bool readable = !QPixmap(file).isNull();
-                it = pixmaps_.insert(key, readable ? ui::signPixmap(img.picture, zoom / 100.0, dpr)
-                                                   : QPixmap());
-            }
-            pm = *it;
-        }
-        const Rect& area = v.geometry.DispAreaShp;
-        const Rect box =
-            ZoomedBox({img.left, img.top, img.picture.width, img.picture.height}, area, zoom);
-        // The word stays centred in an area that grew with the window.
-        QRect r(px(box.left), px(box.top) + extraHeight() / 2, px(box.width), px(box.height));
-        // An unreadable picture is an empty framed square; Show Borders frames every sign,
-        // the frame standing just outside the picture.
-        const bool framed = pm.isNull() || v.showBorders;
-        if (!pm.isNull()) {
-            r.setSize(pm.deviceIndependentSize().toSize());
-            l->setPixmap(pm);
-        } else {
-            l->clear();
-        }
-        l->setFrameStyle(framed ? QFrame::Box | QFrame::Plain : QFrame::NoFrame);
-        l->setLineWidth(1);
-        if (framed && !pm.isNull()) r.adjust(-1, -1, 1, 1);
-        ui::placeSignCut(l, r, dispArea_->geometry(), zoom != MinZoom);
-        l->show();
-        l->raise();
-    }
-}
-
 void MainWindow::refreshAvailability() {
     for (const auto& [a, id] : actions_) {
         a->setEnabled(CommandAvailable(app_, id));
@@ -670,39 +386,11 @@ void MainWindow::wordViewChanged() {
     }
     ResizeWordView(v, (width() - scrollBarRoom_) * TwipsPerPixel);
 
-    auto setText = [](QLineEdit* e, const std::string& s) {
-        const QString t = qs(s);
-        if (e->text() != t) {
-            const QSignalBlocker block(e);
-            e->setText(t);
-        }
-    };
-    setText(boxes_[0], v.GardinerTxt);
-    setText(boxes_[1], v.TransLitTxt);
-    setText(boxes_[2], v.MeaningTxt);
-    setText(boxes_[3], v.CommentTxt);
-    setText(number_, v.txtNumber);
-    richGardiner_->setText(qs(v.RichGardinerlbl));
-    richGardiner_->setToolTip(qs(v.RichGardinerlbl)); // a long layout runs past the box
-
-    for (int i = 0; i < 5; ++i) {
-        const QSignalBlocker block(hide_[static_cast<std::size_t>(i)]);
-        hide_[static_cast<std::size_t>(i)]->setChecked(v.hidden[static_cast<std::size_t>(i)]);
-    }
-    richGardiner_->setVisible(!v.hidden[0]);
-    for (int i = 0; i < 4; ++i)
-        boxes_[static_cast<std::size_t>(i)]->setVisible(!v.hidden[static_cast<std::size_t>(i + 1)]);
+    surface_->showView();
     if (showBorders_) {
         const QSignalBlocker block(showBorders_);
         showBorders_->setChecked(v.showBorders);
     }
-
-    // The bar starts 200 twips into its track and is empty with one word or none.
-    progressPixels_ = -1;
-    progress_->setGeometry(px(200), 2, px(v.progressWidth), std::max(1, px(120) - 4));
-    progress_->setVisible(v.progressWidth > 0);
-
-    counter_->clear();
     // The line naming a missing picture, or why the signs could not be drawn, goes with the
     // word that had it.
     if (!v.missingPictures.empty() || !v.drawProblem.empty()) {
@@ -712,7 +400,7 @@ void MainWindow::wordViewChanged() {
         pictureMessage_.clear();
     }
     refreshAvailability();
-    layoutControls();
+    surface_->layoutControls();
 }
 
 void MainWindow::setCaption(const std::string& caption) {
@@ -759,13 +447,7 @@ void MainWindow::runComposer() {
 }
 
 void MainWindow::setProgress(float fraction) {
-    const int track = px(app_.view.geometry.progressContainerWidth - 400);
-    const int length = static_cast<int>(std::lround(std::clamp(fraction, 0.0f, 1.0f) * track));
-    if (length == progressPixels_) return;
-    progressPixels_ = length;
-    progress_->setGeometry(px(200), 2, length, std::max(1, px(120) - 4));
-    progress_->setVisible(length > 0);
-    progress_->repaint();
+    surface_->setProgress(fraction);
 }
 
 void MainWindow::showSearchDialogAndWait() {
@@ -839,8 +521,7 @@ void MainWindow::setPrinterDefaults() {
 }
 
 void MainWindow::showCounter(int value) {
-    // The passes left of a long sort; the count goes when the sorted word is drawn.
-    counter_->setText(QString::number(value));
+    surface_->showCounter(value);
 }
 
 void MainWindow::showStatus(const std::string& text) {
@@ -851,20 +532,6 @@ void MainWindow::showStatus(const std::string& text) {
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     const QEvent::Type type = event->type();
-    // The word view follows the height the scroll area gives it.
-    if (type == QEvent::Resize && watched == surface_ && !isMinimized()) layoutControls();
-    // The wheel with Ctrl over the word zooms it.
-    if (type == QEvent::Wheel) {
-        const auto* wheel = static_cast<QWheelEvent*>(event);
-        const bool overWord = watched == dispArea_ ||
-                              std::find(glyphs_.begin(), glyphs_.end(), watched) != glyphs_.end();
-        if (overWord && (wheel->modifiers() & Qt::ControlModifier)) {
-            const int turn = wheel->angleDelta().y();
-            if (turn != 0 && !QApplication::activeModalWidget())
-                runCommand(turn > 0 ? CommandId::ZoomIn : CommandId::ZoomOut);
-            return true;
-        }
-    }
     if (type == QEvent::Shortcut) {
         // A shortcut takes its key before the window sees it; the window still counts it as
         // the key pressed last, so that only Ctrl directly followed by G or M toggles a box.
@@ -897,35 +564,8 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
             const auto* key = static_cast<QKeyEvent*>(event);
             if (WindowKeyDown(app_.view, keyCode(key->key()))) wordViewChanged();
         }
-    } else if (type == QEvent::FocusIn || type == QEvent::FocusOut) {
-        for (int i = 0; i < 4; ++i) {
-            if (watched != boxes_[static_cast<std::size_t>(i)]) continue;
-            const TextBox box = static_cast<TextBox>(i);
-            // A menu or another window taking the focus for a while does not move it within
-            // the window: the box neither leaves nor is entered again when it comes back.
-            const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-            const bool passing = reason == Qt::PopupFocusReason ||
-                                 reason == Qt::ActiveWindowFocusReason ||
-                                 reason == Qt::MenuBarFocusReason;
-            if (type == QEvent::FocusIn) {
-                if (passing && focusedBox_ == i) break;
-                focusedBox_ = i;
-                TextBoxGotFocus(app_, box);
-            } else {
-                if (passing) break;
-                focusedBox_ = -1;
-                TextBoxLostFocus(app_, box);
-            }
-            break;
-        }
     }
     return QMainWindow::eventFilter(watched, event);
-}
-
-void MainWindow::surfaceMousePress(int button, QPoint at, QPoint global) {
-    const int x = at.x() * TwipsPerPixel, y = at.y() * TwipsPerPixel;
-    if (app_.view.geometry.DispAreaShp.contains(x, y)) dispArea_->setFocus(Qt::MouseFocusReason);
-    if (OpensFieldMenu(app_.view, button, x, y)) popup_->popup(global);
 }
 
 void MainWindow::showEvent(QShowEvent* event) {
@@ -938,17 +578,13 @@ void MainWindow::showEvent(QShowEvent* event) {
     }
 }
 
-void MainWindow::surfaceDoubleClick() {
-    if (CommandAvailable(app_, CommandId::EditWord)) runCommand(CommandId::EditWord);
-}
-
 void MainWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
     if (isMinimized()) return;
     // A width this window did not ask for is the user's (or the screen's, when it is narrow).
     if (!isMaximized() && !isFullScreen() && width() != requestedWidth_) userWidth_ = width();
     ResizeWordView(app_.view, (width() - scrollBarRoom_) * TwipsPerPixel);
-    layoutControls();
+    surface_->layoutControls();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

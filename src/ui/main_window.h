@@ -42,7 +42,7 @@ namespace ui {
 class ComposeWindow;
 class LookupHost;
 } // namespace ui
-class WordSurface;
+class WordViewWidget;
 
 class MainWindow : public QMainWindow, public Windows {
     Q_OBJECT
@@ -88,8 +88,6 @@ Q_SIGNALS:
     void programEnded(int exitCode);
 
 public:
-    // The design geometry in twips: the word view's height, from the tool bar to the buttons.
-    static constexpr int SurfaceHeight = 8580;
     // Room left on the screen for the window's frame and title, in pixels.
     static constexpr int FrameAllowance = 40;
 
@@ -100,8 +98,6 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    friend class WordSurface;
-    void buildWordView();
     void buildToolBar();
     void buildMenus();
     void buildShortcuts();
@@ -109,15 +105,9 @@ private:
     QAction* commandAction(const MenuItem& item, QMenu* menu);
     QMenu* buildMenu(const MenuItem& item, QMenu* into);
 
-    void layoutControls();
-    void showGlyphs();
-    // The height the display area gained over its design height in a taller window.
-    int extraHeight() const;
     // The width of the scroll bar a screen too small for the view needs (0 otherwise).
     int scrollBarRoom_ = 0;
     void refreshAvailability();
-    void surfaceMousePress(int button, QPoint at, QPoint global);
-    void surfaceDoubleClick();
 
     // Commands of this window.
     void copyImage();
@@ -139,36 +129,25 @@ private:
     Windows* previousWindows_;
     bool ending_ = false;
 
-    WordSurface* surface_ = nullptr;
+    WordViewWidget* surface_ = nullptr;
     QFrame* toolbar_ = nullptr;
-    QFrame* dispArea_ = nullptr;
-    std::array<QLabel*, GlyphTable::Slots> glyphs_{};
-    QLabel* richGardiner_ = nullptr;
-    std::array<QLineEdit*, 4> boxes_{}; // GardinerTxt, TransLitTxt, MeaningTxt, CommentTxt
-    std::array<QCheckBox*, 5> hide_{};  // in HideBox order
-    QLineEdit* number_ = nullptr;
-    QFrame* progressTrack_ = nullptr;
-    QFrame* progress_ = nullptr;
+    QFrame* dispArea_ = nullptr; // the word view's display area, home of its own keys
     QMenu* popup_ = nullptr;
     QAction* showBorders_ = nullptr;
     std::set<CommandId> installed_; // handlers this window put into App::commandHandlers
     std::vector<std::pair<QAction*, CommandId>> actions_;
     std::vector<std::pair<QShortcut*, CommandId>> shortcuts_;
     std::vector<std::pair<QAbstractButton*, CommandId>> buttons_;
-    std::vector<std::pair<QWidget*, QRect>> fixed_; // controls placed by the design, in twips
-    QHash<QString, QPixmap> pixmaps_;
     QPointer<AboutDialog> about_;
     QPointer<HelpWindow> help_;
     // Kept once made: the Sort dialog's choices live on between sorts.
     SortDialog* sort_ = nullptr;
     CancelDialog* progressDialog_ = nullptr;
-    QLabel* counter_ = nullptr;
     // The other windows of the program, made when first needed.
     ui::ComposeWindow* composer_ = nullptr;
     std::unique_ptr<ui::LookupHost> lookup_;
     SearchTools* tools_ = nullptr;
     ExchangeCommands* exchange_ = nullptr;
-    int progressPixels_ = -1; // the bar's length while a search runs
     // Print 1 collects words on a page until Form Feed; the options of the last print.
     Printing printing_;
     QString pictureMessage_; // the status line naming a missing picture, while it stands
@@ -178,8 +157,6 @@ private:
     // (0 until then): the window is never narrower than that.
     int requestedWidth_ = -1;
     int userWidth_ = 0;
-    // The text box that has the focus within the window (0..3 as boxes_), -1 for none.
-    int focusedBox_ = -1;
 };
 
 } // namespace nebkaro
