@@ -27,4 +27,14 @@ ImageFormat ImageFormatFor(const std::filesystem::path& file) {
     return ImageFormat::Bmp;
 }
 
+void saveWordImage(App& app,
+                   const std::function<bool(const std::filesystem::path&, ImageFormat)>& write) {
+    const auto file = app.dialogs.saveFile(ImageSaveFilter, ProposedImagePath(app));
+    if (!file || file->empty()) return;
+    app.windows->showStatus((write(*file, ImageFormatFor(*file))
+                                 ? "Picture saved: "
+                                 : "The picture could not be saved: ") +
+                            file->string());
+}
+
 } // namespace nebkaro

@@ -2,6 +2,7 @@
 // The picture of the word on show leaving the program: the file name proposed for it and the
 // formats it can be saved in.
 #include <filesystem>
+#include <functional>
 #include <string>
 
 namespace nebkaro {
@@ -20,5 +21,11 @@ std::filesystem::path ProposedImagePath(const App& app);
 enum class ImageFormat { Bmp, Png, Svg };
 // By the chosen file's extension, whatever its case; anything else is a bitmap.
 ImageFormat ImageFormatFor(const std::filesystem::path& file);
+
+// Save Image: asks where, writes the picture with `write` (false when the file cannot be
+// written) and says in the status bar how it went. A picture that cannot be written is not an
+// error of the dictionary, so nothing else happens.
+void saveWordImage(App& app,
+                   const std::function<bool(const std::filesystem::path&, ImageFormat)>& write);
 
 } // namespace nebkaro

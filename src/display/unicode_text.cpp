@@ -1,6 +1,7 @@
 #include "display/unicode_text.h"
 
 #include "core/app.h"
+#include "core/text.h"
 #include "display/unicode_signs.h"
 
 #include <algorithm>
@@ -142,6 +143,28 @@ bool WordOnShowFacesLeft(const App& app) {
 
 UnicodeWord UnicodeWordText(const App& app) {
     return UnicodeText(PlacedSigns(app.glyphs, app.view.mainGlyphPic), WordOnShowFacesLeft(app));
+}
+
+void copyWordAsUnicode(App& app) {
+    const UnicodeWord w = UnicodeWordText(app);
+    if (w.text.empty() && w.missing.empty()) {
+        app.dialogs.message("The word on show has no signs to copy.", "Copy as Unicode",
+                            Buttons::OK, Icon::Exclamation);
+        return;
+    }
+    if (!w.text.empty()) {
+        app.clipboard.clear();
+        app.clipboard.setText(text::toUtf8(w.text));
+    }
+    if (w.missing.empty()) return;
+    std::string list;
+    for (const std::string& code : w.missing) list += (list.empty() ? "" : ", ") + code;
+    const std::string what =
+        w.text.empty() ? "No sign of the word is in the Unicode block of Egyptian hieroglyphs, so "
+                         "nothing was copied:"
+                       : "These signs are not in the Unicode block of Egyptian hieroglyphs and "
+                         "were left out of the copy:";
+    app.dialogs.message(what + "\r\n" + list, "Copy as Unicode", Buttons::OK, Icon::Exclamation);
 }
 
 } // namespace nebkaro

@@ -46,5 +46,8 @@ std::vector<PlacedSign> PlacedSigns(const GlyphTable& glyphs,
 bool WordOnShowFacesLeft(const App& app);
 // The word on show (the current word, or a composed one not yet stored).
 UnicodeWord UnicodeWordText(const App& app);
+// Copy as Unicode: the word on show goes to the clipboard as Unicode hieroglyphs. Signs outside
+// the block are left out and named in one message; a word with none in it copies nothing.
+void copyWordAsUnicode(App& app);
 
 } // namespace nebkaro

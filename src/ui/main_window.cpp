@@ -5,9 +5,7 @@
 #include "core/dictionary_file.h"
 #include "core/errors.h"
 #include "core/startup.h"
-#include "core/text.h"
 #include "display/image_export.h"
-#include "display/main_layout.h"
 #include "display/unicode_text.h"
 #include "display/word_picture_qt.h"
 #include "display/word_view_events.h"
@@ -15,40 +13,30 @@
 #include "editing/commands.h"
 #include "translit/guess.h"
 #include "ui/about_dialog.h"
-#include "ui/cancel_dialog.h"
 #include "ui/compose_window.h"
 #include "ui/exchange_commands.h"
-#include "ui/header_dialog.h"
 #include "ui/help_window.h"
-#include "ui/letter_column.h"
 #include "ui/lookup_window.h"
 #include "ui/preferences_dialog.h"
 #include "ui/screen_fit.h"
 #include "ui/search_tools.h"
-#include "ui/sign_pixmap.h"
-#include "ui/sort_dialog.h"
 #include "ui/word_view_widget.h"
 
 #include <QAction>
 #include <QActionGroup>
 #include <QApplication>
-#include <QCheckBox>
 #include <QCloseEvent>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFile>
-#include <QFocusEvent>
 #include <QFrame>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMouseEvent>
 #include <QPainter>
-#include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -58,7 +46,6 @@
 #include <QTemporaryFile>
 #include <QToolButton>
 #include <QUrl>
-#include <QWheelEvent>
 
 #include <cmath>
 
@@ -403,131 +390,6 @@ void MainWindow::wordViewChanged() {
     surface_->layoutControls();
 }
 
-void MainWindow::setCaption(const std::string& caption) {
-    setWindowTitle(qs(caption));
-}
-
-void MainWindow::showHeaderDialog(const DictionaryHeader& boxes) {
-    if (options_.unattended) return;
-    HeaderDialog dialog(app_, boxes, this);
-    dialog.exec();
-}
-
-void MainWindow::showAboutModal() {
-    if (options_.unattended) return;
-    AboutDialog dialog(app_, this);
-    dialog.exec();
-}
-
-void MainWindow::unloadBrowser() {
-    // The sign-list browser is built for one library; the next opening builds it afresh.
-    lookup_->unload();
-}
-
-bool MainWindow::chooseSignFromBrowser() {
-    return lookup_->chooseSign();
-}
-
-void MainWindow::showTypewriter() {
-    // Asked for by the sign browser: the typewriter goes beside it.
-    if (lookup_->isLoaded())
-        tools_->showTypewriterBeside(lookup_->window());
-    else
-        tools_->showTypewriterBesideMain();
-}
-
-void MainWindow::runComposer() {
-    // One composer window; every New and Edit loads it afresh (the first load is its
-    // construction), so it starts empty or from the word on show.
-    if (!composer_)
-        composer_ = new ui::ComposeWindow(app_, this);
-    else
-        composer_->load();
-    if (!app_.endRequested) composer_->run();
-}
-
-void MainWindow::setProgress(float fraction) {
-    surface_->setProgress(fraction);
-}
-
-void MainWindow::showSearchDialogAndWait() {
-    tools_->showSearchDialogAndWait();
-}
-
-namespace {
-// The line edit of another window that a typewriter target names.
-QLineEdit* targetBox(QWidget* window, TypewriterTarget target) {
-    if (!window || !window->isVisible()) return nullptr;
-    return window->findChild<QLineEdit*>(target == TypewriterTarget::ComposerMdC
-                                             ? QStringLiteral("txtMdC")
-                                             : QStringLiteral("txtTrans"));
-}
-} // namespace
-
-std::string* MainWindow::typewriterText(TypewriterTarget target) {
-    std::string* text = nullptr;
-    QWidget* window = nullptr;
-    if (target == TypewriterTarget::ComposerMdC && composer_) {
-        window = composer_;
-        text = &composer_->model().txtMdC;
-    } else if (target == TypewriterTarget::BrowserTrans && lookup_->isLoaded()) {
-        window = lookup_->window();
-        text = &lookup_->window()->model().txtTrans;
-    }
-    QLineEdit* box = targetBox(window, target);
-    if (!box) return nullptr;
-    // What the user typed by hand counts too: the typewriter appends to the box as it stands.
-    *text = box->text().toStdString();
-    return text;
-}
-
-void MainWindow::typewriterTextChanged(TypewriterTarget target) {
-    switch (target) {
-    case TypewriterTarget::MainTransLit:
-        wordViewChanged();
-        return;
-    case TypewriterTarget::SearchText:
-        tools_->typewriterTextChanged(target);
-        return;
-    case TypewriterTarget::ComposerMdC:
-        if (QLineEdit* box = composer_ ? targetBox(composer_, target) : nullptr)
-            box->setText(qs(composer_->model().txtMdC));
-        return;
-    case TypewriterTarget::BrowserTrans:
-        if (QLineEdit* box = lookup_->isLoaded() ? targetBox(lookup_->window(), target) : nullptr)
-            box->setText(qs(lookup_->window()->model().txtTrans));
-        return;
-    case TypewriterTarget::None:
-        return;
-    }
-}
-
-void MainWindow::showSortDialog() {
-    if (!sort_) sort_ = new SortDialog(app_, this);
-    sort_->showModal();
-}
-
-void MainWindow::showProgress(const std::string& text) {
-    if (!progressDialog_) progressDialog_ = new CancelDialog(app_, this);
-    progressDialog_->showWith(text);
-}
-
-void MainWindow::hideProgress() {
-    if (progressDialog_) progressDialog_->hide();
-}
-
-void MainWindow::setPrinterDefaults() {
-    printing_.setDefaults(app_);
-}
-
-void MainWindow::showCounter(int value) {
-    surface_->showCounter(value);
-}
-
-void MainWindow::showStatus(const std::string& text) {
-    statusBar()->showMessage(qs(text));
-}
-
 // ------------------------------------------------------------------------------------ events
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
@@ -628,15 +490,10 @@ void MainWindow::copyImage() {
 }
 
 void MainWindow::saveImage() {
-    const auto file = app_.dialogs.saveFile(ImageSaveFilter, ProposedImagePath(app_));
-    if (!file || file->empty()) return;
-    // A picture that cannot be written is not an error of the dictionary: the status bar
-    // says so and nothing else happens.
-    const QString name = QString::fromStdString(file->string());
-    if (SaveWordPicture(app_.view.TemPic, name, ImageFormatFor(*file), app_.settings.pictureScale))
-        statusBar()->showMessage(QStringLiteral("Picture saved: ") + name);
-    else
-        statusBar()->showMessage(QStringLiteral("The picture could not be saved: ") + name);
+    saveWordImage(app_, [this](const std::filesystem::path& file, ImageFormat format) {
+        return SaveWordPicture(app_.view.TemPic, QString::fromStdString(file.string()), format,
+                               app_.settings.pictureScale);
+    });
 }
 
 void MainWindow::pasteToPaint() {
@@ -658,28 +515,7 @@ void MainWindow::pasteToPaint() {
 }
 
 void MainWindow::copyAsUnicode() {
-    const UnicodeWord w = UnicodeWordText(app_);
-    if (w.text.empty() && w.missing.empty()) {
-        app_.dialogs.message("The word on show has no signs to copy.", "Copy as Unicode",
-                             Buttons::OK, Icon::Exclamation);
-        return;
-    }
-    if (!w.text.empty()) {
-        app_.clipboard.clear();
-        app_.clipboard.setText(text::toUtf8(w.text));
-    }
-    if (!w.missing.empty()) {
-        std::string list;
-        for (const std::string& code : w.missing) list += (list.empty() ? "" : ", ") + code;
-        const std::string what =
-            w.text.empty()
-                ? "No sign of the word is in the Unicode block of Egyptian hieroglyphs, so "
-                  "nothing was copied:"
-                : "These signs are not in the Unicode block of Egyptian hieroglyphs and were "
-                  "left out of the copy:";
-        app_.dialogs.message(what + "\r\n" + list, "Copy as Unicode", Buttons::OK,
-                             Icon::Exclamation);
-    }
+    copyWordAsUnicode(app_);
 }
 
 void MainWindow::showPreferences() {

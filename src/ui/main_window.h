@@ -1,13 +1,12 @@
 #pragma once
-// Main: the word view with its display area, text boxes, hide switches and buttons, the tool
-// bar, the menus and the pop-up menu of the display area. The window holds no state of its
-// own beyond its widgets: it shows App::view and forwards every event to the logic.
+// Main: the word view (word_view_widget.h) under the tool bar, the menus, the pop-up menu of
+// the display area and the window's keys. The window holds no state of its own beyond its
+// widgets: it shows App::view and forwards every event to the logic. Its side as the logic's
+// port to the windows is in main_window_port.cpp.
 #include "core/app.h"
 #include "ui/printing.h"
 
-#include <QHash>
 #include <QMainWindow>
-#include <QPixmap>
 #include <QPointer>
 #include <QStringList>
 
@@ -20,10 +19,7 @@
 
 class QAbstractButton;
 class QAction;
-class QCheckBox;
 class QFrame;
-class QLabel;
-class QLineEdit;
 class QMenu;
 class QPushButton;
 class QShortcut;

@@ -40,3 +40,37 @@ TEST(ImageExport, AWordWithoutSignsIsAnEmptyPictureOf64Twips) {
     EXPECT_EQ(t.app.view.TemPic.height, 64);
     EXPECT_TRUE(t.app.view.TemPic.pictures.empty());
 }
+
+TEST(ImageExport, SaveImageSaysInTheStatusBarHowItWent) {
+    struct StatusWindows : Windows {
+        std::vector<std::string> shown;
+        void showStatus(const std::string& text) override { shown.push_back(text); }
+    };
+    const struct {
+        std::optional<std::filesystem::path> chosen;
+        bool written;
+        const char* status; // nullptr: nothing written, nothing said
+    } cases[] = {
+        {std::nullopt, true, nullptr},
+        {std::filesystem::path(), true, nullptr},
+        {"/pics/a.PNG", true, "Picture saved: /pics/a.PNG"},
+        {"/pics/a.svg", false, "The picture could not be saved: /pics/a.svg"},
+    };
+    for (const auto& c : cases) {
+        TestApp t;
+        StatusWindows windows;
+        t.app.windows = &windows;
+        t.dialogs.files.push_back(c.chosen);
+        std::vector<ImageFormat> writes;
+        saveWordImage(t.app, [&](const std::filesystem::path& file, ImageFormat format) {
+            EXPECT_EQ(file, *c.chosen);
+            writes.push_back(format);
+            return c.written;
+        });
+        EXPECT_EQ(windows.shown.size(), c.status ? 1u : 0u);
+        if (c.status) {
+            EXPECT_EQ(windows.shown.front(), c.status);
+            EXPECT_EQ(writes, std::vector<ImageFormat>{ImageFormatFor(*c.chosen)});
+        }
+    }
+}

@@ -111,3 +111,32 @@ TEST(UnicodeText, TheWordOnShowUsesItsDirectionAndPictureSizes) {
     t.app.store.setField(0, FieldDirection, "L");
     EXPECT_EQ(UnicodeWordText(t.app).text, (std::u32string{A1, G17}));
 }
+
+TEST(UnicodeText, CopyTakesWhatTheBlockHoldsAndNamesTheRest) {
+    const struct {
+        const char* layout;
+        const char* copied; // the clipboard afterwards, which starts as "old"
+        const char* message;
+    } cases[] = {
+        {"A1(0,0) ", "\U00013000", nullptr},
+        {"A1(0,0) - Zz1(300,0) ", "\U00013000",
+         "These signs are not in the Unicode block of Egyptian hieroglyphs and were left out "
+         "of the copy:\r\nZz1"},
+        {"Zz1(0,0) - Q99x(300,0) ", "old",
+         "No sign of the word is in the Unicode block of Egyptian hieroglyphs, so nothing was "
+         "copied:\r\nZz1, Q99x"},
+        {"", "old", "The word on show has no signs to copy."},
+    };
+    for (const auto& c : cases) {
+        TestApp t;
+        t.pictures.sizes = {{"A1", {300, 540}}, {"Zz1", {300, 540}}, {"Q99x", {300, 540}}};
+        t.app.store.setRow(0, {"L", "B", c.layout, "", "", "", ""});
+        RenderWord(t.app);
+        t.clipboard.content = "old";
+        copyWordAsUnicode(t.app);
+        EXPECT_EQ(t.clipboard.content, c.copied) << c.layout;
+        EXPECT_EQ(t.dialogs.messages(),
+                  c.message ? std::vector<std::string>{c.message} : std::vector<std::string>{})
+            << c.layout;
+    }
+}
