@@ -100,6 +100,25 @@ PrintOptionsDialog::PrintOptionsDialog(App& app, const PrintOptions& initial, QW
 PrintOptionsDialog::~PrintOptionsDialog() = default;
 
 void PrintOptionsDialog::build() {
+    auto* left = new QVBoxLayout;
+    for (QWidget* w : {buildPrinterBox(), buildRangeBox(), buildFieldsBox(), buildLayoutBox(),
+                       buildQualityBox()})
+        left->addWidget(w);
+    left->addStretch(1);
+    QLayout* right = buildPreview();
+    QLayout* buttons = buildButtons();
+
+    auto* body = new QHBoxLayout;
+    body->addLayout(left, 0);
+    body->addLayout(right, 1);
+    auto* all = new QVBoxLayout(this);
+    all->addLayout(body, 1);
+    all->addLayout(buttons);
+
+    connectControls();
+}
+
+QGroupBox* PrintOptionsDialog::buildPrinterBox() {
     auto* printerBox = new QGroupBox(tr("Printer"), this);
     cboPrinter_ = named(new QComboBox(printerBox), "cboPrinter");
     const QString defaultPrinter = QPrinterInfo::defaultPrinterName();
@@ -119,7 +138,10 @@ void PrintOptionsDialog::build() {
     printerForm->addRow(tr("P&aper:"), cboPaper_);
     printerForm->addRow(tr("&Orientation:"), cboOrientation_);
     printerForm->addRow(tr("Cop&ies:"), txtCopies_);
+    return printerBox;
+}
 
+QGroupBox* PrintOptionsDialog::buildRangeBox() {
     auto* rangeBox = new QGroupBox(tr("Print range"), this);
     optAll_ = named(new QRadioButton(tr("&Whole dictionary"), rangeBox), "optAll");
     optCurrentWord_ = named(new QRadioButton(rangeBox), "optCurrentWord");
@@ -146,7 +168,10 @@ void PrintOptionsDialog::build() {
     rangeGrid->addWidget(txtPageTo_, 3, 3);
     rangeGrid->addWidget(lblPageCount_, 3, 4);
     rangeGrid->setColumnStretch(4, 1);
+    return rangeBox;
+}
 
+QGroupBox* PrintOptionsDialog::buildFieldsBox() {
     auto* fieldsBox = new QGroupBox(tr("Fields"), this);
     chkSigns_ = named(new QCheckBox(tr("&Signs"), fieldsBox), "chkSigns");
     chkGardiner_ = named(new QCheckBox(tr("Gardiner's &notation"), fieldsBox), "chkGardiner");
@@ -162,7 +187,10 @@ void PrintOptionsDialog::build() {
     fieldsGrid->addWidget(chkMeaning_, 0, 1);
     fieldsGrid->addWidget(chkComment_, 1, 1);
     fieldsGrid->addWidget(chkNumber_, 2, 1);
+    return fieldsBox;
+}
 
+QGroupBox* PrintOptionsDialog::buildLayoutBox() {
     auto* layoutBox = new QGroupBox(tr("Layout"), this);
     optOneColumn_ = named(new QRadioButton(tr("O&ne column"), layoutBox), "optOneColumn");
     optTwoColumns_ = named(new QRadioButton(tr("Two co&lumns"), layoutBox), "optTwoColumns");
@@ -188,7 +216,10 @@ void PrintOptionsDialog::build() {
     layoutGrid->addWidget(txtMarginRight_, 2, 3);
     layoutGrid->addWidget(new QLabel(tr("Line spacing"), layoutBox), 3, 0);
     layoutGrid->addWidget(cboLineSpacing_, 3, 1, 1, 3);
+    return layoutBox;
+}
 
+QGroupBox* PrintOptionsDialog::buildQualityBox() {
     auto* qualityBox = new QGroupBox(tr("Print Quality"), this);
     quality_ = new QButtonGroup(qualityBox);
     auto* qualityRow = new QHBoxLayout(qualityBox);
@@ -198,14 +229,11 @@ void PrintOptionsDialog::build() {
         quality_->addButton(b, -q.value); // button ids cannot be -1 and below
         qualityRow->addWidget(b);
     }
+    return qualityBox;
+}
 
-    auto* left = new QVBoxLayout;
-    for (QWidget* w : {static_cast<QWidget*>(printerBox), static_cast<QWidget*>(rangeBox),
-                       static_cast<QWidget*>(fieldsBox), static_cast<QWidget*>(layoutBox),
-                       static_cast<QWidget*>(qualityBox)})
-        left->addWidget(w);
-    left->addStretch(1);
-
+QLayout* PrintOptionsDialog::buildPreview() {
+    // The preview with its page buttons, right of the choices.
     preview_ = new PrintPreview(this);
     cmdPreviousPage_ = named(new QPushButton(QStringLiteral("\u25C0"), this), "cmdPreviousPage");
     cmdPreviousPage_->setToolTip(tr("Previous page"));
@@ -221,7 +249,10 @@ void PrintOptionsDialog::build() {
     auto* right = new QVBoxLayout;
     right->addWidget(preview_, 1);
     right->addLayout(pageRow);
+    return right;
+}
 
+QLayout* PrintOptionsDialog::buildButtons() {
     lblStatus_ = named(new QLabel(this), "lblStatus");
     lblStatus_->setWordWrap(true);
     cmdPrint_ = named(new QPushButton(tr("&Print"), this), "cmdPrint");
@@ -231,14 +262,10 @@ void PrintOptionsDialog::build() {
     buttons->addWidget(lblStatus_, 1);
     buttons->addWidget(cmdPrint_);
     buttons->addWidget(cmdCancel_);
+    return buttons;
+}
 
-    auto* body = new QHBoxLayout;
-    body->addLayout(left, 0);
-    body->addLayout(right, 1);
-    auto* all = new QVBoxLayout(this);
-    all->addLayout(body, 1);
-    all->addLayout(buttons);
-
+void PrintOptionsDialog::connectControls() {
     connect(cmdPrint_, &QPushButton::clicked, this, &PrintOptionsDialog::accept);
     connect(cmdCancel_, &QPushButton::clicked, this, &PrintOptionsDialog::reject);
     connect(cmdPreviousPage_, &QPushButton::clicked, preview_, &PrintPreview::previousPage);

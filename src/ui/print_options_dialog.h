@@ -17,7 +17,9 @@ class QButtonGroup;
 class QCheckBox;
 class QComboBox;
 class QDoubleSpinBox;
+class QGroupBox;
 class QLabel;
+class QLayout;
 class QPushButton;
 class QRadioButton;
 class QSpinBox;
@@ -56,6 +58,14 @@ public slots:
 
 private:
     void build();
+    QGroupBox* buildPrinterBox();
+    QGroupBox* buildRangeBox();
+    QGroupBox* buildFieldsBox();
+    QGroupBox* buildLayoutBox();
+    QGroupBox* buildQualityBox();
+    QLayout* buildPreview();
+    QLayout* buildButtons();
+    void connectControls();
     void load(const print::PrintOptions& o);
     void scheduleRefresh();
     void syncEnabled();
