@@ -32,6 +32,10 @@ constexpr int TwipsPerPixel = 15;
 QString qs(const std::string& s) {
     return QString::fromStdString(s);
 }
+template <class W> W* named(W* w, const char* name) {
+    w->setObjectName(QString::fromLatin1(name));
+    return w;
+}
 } // namespace
 
 FoundWordsModel::FoundWordsModel(App& app, QObject* parent)
@@ -105,67 +109,99 @@ SearchDialog::SearchDialog(App& app, QWidget* parent) : QDialog(parent), app_(ap
     setAttribute(Qt::WA_DeleteOnClose);
     setMinimumWidth((SearchDialogMinWidth + TwipsPerPixel - 1) / TwipsPerPixel);
 
-    auto named = [](QWidget* w, const char* name) {
-        w->setObjectName(QString::fromLatin1(name));
-        return w;
-    };
-    txtSearch_ = static_cast<QLineEdit*>(named(new QLineEdit(this), "txtSearch"));
+    txtSearch_ = named(new QLineEdit(this), "txtSearch");
     txtSearch_->installEventFilter(this);
 
-    Frame1_ =
-        static_cast<QGroupBox*>(named(new QGroupBox(QStringLiteral("Search By:"), this), "Frame1"));
-    optMeaning_ = static_cast<QRadioButton*>(
-        named(new QRadioButton(QStringLiteral("Meaning")), "optMeaning"));
-    optTranslit_ = static_cast<QRadioButton*>(
-        named(new QRadioButton(QStringLiteral("Transliteration")), "optTranslit"));
-    optGardiner_ = static_cast<QRadioButton*>(
-        named(new QRadioButton(QStringLiteral("Gardiner's notation")), "optGardiner"));
-    optComment_ = static_cast<QRadioButton*>(
-        named(new QRadioButton(QStringLiteral("Comment")), "optComment"));
-    optSigns_ =
-        static_cast<QRadioButton*>(named(new QRadioButton(QStringLiteral("Signs")), "optSigns"));
+    QLayout* options = buildOptions();
+    QLayout* buttons = buildButtons();
+    auto* Label1 = named(
+        new QLabel(QStringLiteral("Wildcards: / = 0 or more characters; ? = any one character"),
+                   this),
+        "Label1");
+    Label1->setWordWrap(true);
+
+    buildFoundList();
+
+    // The side margins add up to less than the 400 twips the search box leaves free.
+    auto* box = new QVBoxLayout(this);
+    box->setContentsMargins(13, 10, 13, 10);
+    box->addWidget(txtSearch_, 0, Qt::AlignLeft);
+    box->addLayout(options);
+    box->addWidget(Label1);
+    box->addLayout(buttons);
+    box->addWidget(lblFound_);
+    box->addWidget(lstFound_, 1);
+
+    connectEntries();
+    connect(cmdTypewriter_, &QPushButton::clicked, this, &SearchDialog::typewriterRequested);
+    connect(cmdPickSign_, &QPushButton::clicked, this, &SearchDialog::pickSign);
+    connect(cmdOk_, &QPushButton::clicked, this, &SearchDialog::ok);
+    connect(cmdCancel_, &QPushButton::clicked, this, &SearchDialog::cancel);
+    connect(cmdFindAll_, &QPushButton::clicked, this, [this] { updateFound(false); });
+    connect(lstFound_, &QTableView::doubleClicked, this, &SearchDialog::showFound);
+
+    if (!app_.search.loaded) SearchDialogLoad(app_);
+    refresh();
+}
+
+QLayout* SearchDialog::buildOptions() {
+    Frame1_ = named(new QGroupBox(QStringLiteral("Search By:"), this), "Frame1");
+    optMeaning_ = named(new QRadioButton(QStringLiteral("Meaning")), "optMeaning");
+    optTranslit_ = named(new QRadioButton(QStringLiteral("Transliteration")), "optTranslit");
+    optGardiner_ = named(new QRadioButton(QStringLiteral("Gardiner's notation")), "optGardiner");
+    optComment_ = named(new QRadioButton(QStringLiteral("Comment")), "optComment");
+    optSigns_ = named(new QRadioButton(QStringLiteral("Signs")), "optSigns");
     optSigns_->setToolTip(QStringLiteral("Words written with all these signs, in any order: "
                                          "codes or phonetic values, such as G17 D21 or m r"));
     auto* frameBox = new QVBoxLayout(Frame1_);
     for (QRadioButton* o : {optMeaning_, optTranslit_, optGardiner_, optComment_, optSigns_})
         frameBox->addWidget(o);
 
-    ChkExact_ = static_cast<QCheckBox*>(
-        named(new QCheckBox(QStringLiteral("Exact match"), this), "ChkExact"));
-    chkExactWord_ = static_cast<QCheckBox*>(
-        named(new QCheckBox(QStringLiteral("Exact word"), this), "chkExactWord"));
-    chkCase_ = static_cast<QCheckBox*>(
-        named(new QCheckBox(QStringLiteral("Case sensitive"), this), "chkCase"));
-    chkIgnoreVariants_ = static_cast<QCheckBox*>(
-        named(new QCheckBox(QStringLiteral("Ignore Variants"), this), "chkIgnoreVariants"));
+    ChkExact_ = named(new QCheckBox(QStringLiteral("Exact match"), this), "ChkExact");
+    chkExactWord_ = named(new QCheckBox(QStringLiteral("Exact word"), this), "chkExactWord");
+    chkCase_ = named(new QCheckBox(QStringLiteral("Case sensitive"), this), "chkCase");
+    chkIgnoreVariants_ =
+        named(new QCheckBox(QStringLiteral("Ignore Variants"), this), "chkIgnoreVariants");
     chkIgnoreVariants_->setToolTip(
         QStringLiteral("Consider variants same as base glyph: A1 = A1a = A1b etc."));
 
-    cmdTypewriter_ = static_cast<QPushButton*>(
-        named(new QPushButton(QStringLiteral("Typewriter"), this), "cmdTypewriter"));
+    auto* checks = new QVBoxLayout;
+    for (QCheckBox* c : {ChkExact_, chkExactWord_, chkCase_, chkIgnoreVariants_})
+        checks->addWidget(c);
+    checks->addStretch();
+    auto* options = new QHBoxLayout;
+    options->addWidget(Frame1_);
+    options->addLayout(checks);
+    return options;
+}
+
+QLayout* SearchDialog::buildButtons() {
+    cmdTypewriter_ = named(new QPushButton(QStringLiteral("Typewriter"), this), "cmdTypewriter");
     cmdTypewriter_->setToolTip(QStringLiteral("Show Typewriter"));
-    cmdOk_ = static_cast<QPushButton*>(named(new QPushButton(QStringLiteral("OK"), this), "cmdOk"));
+    cmdOk_ = named(new QPushButton(QStringLiteral("OK"), this), "cmdOk");
     cmdOk_->setDefault(true);
-    cmdCancel_ = static_cast<QPushButton*>(
-        named(new QPushButton(QStringLiteral("Cancel"), this), "cmdCancel"));
-    cmdFindAll_ = static_cast<QPushButton*>(
-        named(new QPushButton(QStringLiteral("Find All"), this), "cmdFindAll"));
+    cmdCancel_ = named(new QPushButton(QStringLiteral("Cancel"), this), "cmdCancel");
+    cmdFindAll_ = named(new QPushButton(QStringLiteral("Find All"), this), "cmdFindAll");
     cmdFindAll_->setToolTip(QStringLiteral("List every word that matches"));
-    cmdPickSign_ = static_cast<QPushButton*>(
-        named(new QPushButton(QStringLiteral("Pick Sign..."), this), "cmdPickSign"));
+    cmdPickSign_ = named(new QPushButton(QStringLiteral("Pick Sign..."), this), "cmdPickSign");
     cmdPickSign_->setToolTip(QStringLiteral("Add a sign chosen in the sign list"));
     for (QPushButton* b : {cmdTypewriter_, cmdCancel_, cmdFindAll_, cmdPickSign_})
         b->setAutoDefault(false);
 
-    auto* Label1 = static_cast<QLabel*>(named(
-        new QLabel(QStringLiteral("Wildcards: / = 0 or more characters; ? = any one character"),
-                   this),
-        "Label1"));
-    Label1->setWordWrap(true);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(cmdTypewriter_);
+    buttons->addWidget(cmdPickSign_);
+    buttons->addStretch();
+    buttons->addWidget(cmdFindAll_);
+    buttons->addWidget(cmdOk_);
+    buttons->addWidget(cmdCancel_);
+    return buttons;
+}
 
-    lblFound_ = static_cast<QLabel*>(named(new QLabel(this), "lblFound"));
+void SearchDialog::buildFoundList() {
+    lblFound_ = named(new QLabel(this), "lblFound");
     found_ = new FoundWordsModel(app_, this);
-    lstFound_ = static_cast<QTableView*>(named(new QTableView(this), "lstFound"));
+    lstFound_ = named(new QTableView(this), "lstFound");
     lstFound_->setModel(found_);
     lstFound_->setSelectionBehavior(QAbstractItemView::SelectRows);
     lstFound_->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -179,32 +215,9 @@ SearchDialog::SearchDialog(App& app, QWidget* parent) : QDialog(parent), app_(ap
     lstFound_->setToolTip(QStringLiteral("Double-click a word to show it"));
     lblFound_->hide();
     lstFound_->hide();
+}
 
-    auto* checks = new QVBoxLayout;
-    for (QCheckBox* c : {ChkExact_, chkExactWord_, chkCase_, chkIgnoreVariants_})
-        checks->addWidget(c);
-    checks->addStretch();
-    auto* options = new QHBoxLayout;
-    options->addWidget(Frame1_);
-    options->addLayout(checks);
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(cmdTypewriter_);
-    buttons->addWidget(cmdPickSign_);
-    buttons->addStretch();
-    buttons->addWidget(cmdFindAll_);
-    buttons->addWidget(cmdOk_);
-    buttons->addWidget(cmdCancel_);
-
-    // The side margins add up to less than the 400 twips the search box leaves free.
-    auto* box = new QVBoxLayout(this);
-    box->setContentsMargins(13, 10, 13, 10);
-    box->addWidget(txtSearch_, 0, Qt::AlignLeft);
-    box->addLayout(options);
-    box->addWidget(Label1);
-    box->addLayout(buttons);
-    box->addWidget(lblFound_);
-    box->addWidget(lstFound_, 1);
-
+void SearchDialog::connectEntries() {
     // The list follows the entries as soon as the typing leaves the event loop free: a
     // search of the whole dictionary takes a few milliseconds, and keys typed faster than
     // that are taken together.
@@ -252,15 +265,6 @@ SearchDialog::SearchDialog(App& app, QWidget* parent) : QDialog(parent), app_(ap
         app_.search.chkIgnoreVariants = on ? 1 : 0;
         entriesChanged();
     });
-    connect(cmdTypewriter_, &QPushButton::clicked, this, &SearchDialog::typewriterRequested);
-    connect(cmdPickSign_, &QPushButton::clicked, this, &SearchDialog::pickSign);
-    connect(cmdOk_, &QPushButton::clicked, this, &SearchDialog::ok);
-    connect(cmdCancel_, &QPushButton::clicked, this, &SearchDialog::cancel);
-    connect(cmdFindAll_, &QPushButton::clicked, this, [this] { updateFound(false); });
-    connect(lstFound_, &QTableView::doubleClicked, this, &SearchDialog::showFound);
-
-    if (!app_.search.loaded) SearchDialogLoad(app_);
-    refresh();
 }
 
 void SearchDialog::refresh() {

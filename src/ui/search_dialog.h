@@ -19,6 +19,7 @@
 class QCheckBox;
 class QGroupBox;
 class QLabel;
+class QLayout;
 class QLineEdit;
 class QPushButton;
 class QRadioButton;
@@ -79,6 +80,10 @@ protected:
     bool eventFilter(QObject* watched, QEvent* e) override;
 
 private:
+    QLayout* buildOptions();
+    QLayout* buildButtons();
+    void buildFoundList();
+    void connectEntries();
     void choose(int field);
     void ok();
     void cancel();
