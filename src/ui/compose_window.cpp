@@ -86,6 +86,19 @@ ComposeWindow::ComposeWindow(App& app, QWidget* parent)
     setWindowTitle("Compose");
     if (parent) setWindowModality(Qt::WindowModal);
 
+    buildMenu();
+    buildCanvas();
+    buildEntry();
+    buildLibraryChoice();
+    buildSignPictures();
+    buildFooter();
+
+    load();
+    resize(px(ComposeGeometry::MinWidth),
+           px(ComposeGeometry::DesignHeight) + menuBar()->sizeHint().height());
+}
+
+void ComposeWindow::buildMenu() {
     QMenu* mnuLibrary = menuBar()->addMenu("Library");
     mnuLibrary->setObjectName("mnuLibrary");
     mnuBasic_ = mnuLibrary->addAction("Basic");
@@ -104,7 +117,9 @@ ComposeWindow::ComposeWindow(App& app, QWidget* parent)
         auto* sc = new QShortcut(QKeySequence(QString::fromLatin1(keys)), this);
         connect(sc, &QShortcut::activated, this, [this, step = step] { zoom(step); });
     }
+}
 
+void ComposeWindow::buildCanvas() {
     // The canvas scrolls when the signs need more room than the screen leaves the window.
     scroll_ = new QScrollArea(this);
     scroll_->setObjectName("scrCanvas");
@@ -115,7 +130,9 @@ ComposeWindow::ComposeWindow(App& app, QWidget* parent)
     scroll_->setWidget(canvas_);
     scroll_->viewport()->installEventFilter(this);
     setCentralWidget(scroll_);
+}
 
+void ComposeWindow::buildEntry() {
     lblMdC_ = new QLabel("MdC:", canvas_);
     lblMdC_->setObjectName("lblMdC");
     txtMdC_ = new QLineEdit(canvas_);
@@ -138,7 +155,9 @@ ComposeWindow::ComposeWindow(App& app, QWidget* parent)
         command([&] { model_.Arrange(); });
         growForSigns();
     });
+}
 
+void ComposeWindow::buildLibraryChoice() {
     frame1_ = new QGroupBox("Library", canvas_);
     frame1_->setObjectName("Frame1");
     frame1_->setToolTip("Select Basic or Extended Library");
@@ -168,7 +187,9 @@ ComposeWindow::ComposeWindow(App& app, QWidget* parent)
     composeShp_->setObjectName("ComposeShp");
     composeShp_->setFrameShape(QFrame::Box);
     composeShp_->setFrameShadow(QFrame::Plain);
+}
 
+void ComposeWindow::buildSignPictures() {
     for (int i = 0; i < Composer::Slots; ++i) {
         auto* pic = new GlyphPicture(canvas_);
         pic->setObjectName(QString("GlyphPic%1").arg(i));
@@ -186,26 +207,30 @@ ComposeWindow::ComposeWindow(App& app, QWidget* parent)
             setEnabled(true);
             choosing_ = false;
         };
-        pic->dropped = [this, i](QPoint at, bool moved) {
-            command([&] {
-                const CanvasImage& image = model_.GlyphPic[static_cast<std::size_t>(i)];
-                // Released where it was pressed: the place is taken unchanged, half twips
-                // included, rather than as the pixel it is drawn on.
-                // A sign dropped on the zoomed canvas lands where it would stand at 100 %.
-                const Rect& shp = model_.geometry.ComposeShp;
-                const double k = ClampZoom(app_.settings.wordZoom) / 100.0;
-                const double cx = shp.left + shp.width / 2.0, cy = shp.top + shp.height / 2.0;
-                if (moved)
-                    model_.MoveImage(i,
-                                     static_cast<int>(std::lround(cx + (twips(at.x()) - cx) / k)),
-                                     static_cast<int>(std::lround(cy + (twips(at.y()) - cy) / k)));
-                else
-                    model_.MoveImage(i, image.left, image.top);
-            });
-        };
+        pic->dropped = [this, i](QPoint at, bool moved) { dropSign(i, at, moved); };
         pic->keyDown = [this, i](int key) { command([&] { model_.KeyDown(i, key); }); };
         glyphPic_[static_cast<std::size_t>(i)] = pic;
     }
+}
+
+void ComposeWindow::dropSign(int i, QPoint at, bool moved) {
+    command([&] {
+        const CanvasImage& image = model_.GlyphPic[static_cast<std::size_t>(i)];
+        // Released where it was pressed: the place is taken unchanged, half twips
+        // included, rather than as the pixel it is drawn on.
+        // A sign dropped on the zoomed canvas lands where it would stand at 100 %.
+        const Rect& shp = model_.geometry.ComposeShp;
+        const double k = ClampZoom(app_.settings.wordZoom) / 100.0;
+        const double cx = shp.left + shp.width / 2.0, cy = shp.top + shp.height / 2.0;
+        if (moved)
+            model_.MoveImage(i, static_cast<int>(std::lround(cx + (twips(at.x()) - cx) / k)),
+                             static_cast<int>(std::lround(cy + (twips(at.y()) - cy) / k)));
+        else
+            model_.MoveImage(i, image.left, image.top);
+    });
+}
+
+void ComposeWindow::buildFooter() {
     auto* temPic = new QLabel(canvas_);
     temPic->setObjectName("TemPic");
     temPic->hide();
@@ -229,10 +254,6 @@ ComposeWindow::ComposeWindow(App& app, QWidget* parent)
         command([&] { model_.Cancel(); });
         hide();
     });
-
-    load();
-    resize(px(ComposeGeometry::MinWidth),
-           px(ComposeGeometry::DesignHeight) + menuBar()->sizeHint().height());
 }
 
 ComposeWindow::~ComposeWindow() = default;

@@ -51,6 +51,14 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    void buildMenu();
+    void buildCanvas();
+    void buildEntry();
+    void buildLibraryChoice();
+    void buildSignPictures();
+    void buildFooter();
+    // A sign let go at `at` on the canvas; `moved` says whether it was dragged at all.
+    void dropSign(int i, QPoint at, bool moved);
     template <typename F> void command(F&& f);
     void refresh();
     void placeControls();
