@@ -53,6 +53,16 @@ LookupWindow::LookupWindow(App& app, QWidget* parent)
     setWindowTitle("Lookup");
     setFixedSize(px(BrowserGeometry::Width), px(BrowserGeometry::Height));
 
+    buildCategoryRow();
+    buildNavigation();
+    buildSearchRow();
+    buildOptionsRow();
+    buildPage();
+
+    command([&] { model_.Load(); });
+}
+
+void LookupWindow::buildCategoryRow() {
     cmbCategory_ = new QComboBox(this);
     cmbCategory_->setObjectName("cmbCategory");
     for (const std::string& name : SignBrowser::Categories()) cmbCategory_->addItem(qs(name));
@@ -64,7 +74,9 @@ LookupWindow::LookupWindow(App& app, QWidget* parent)
     lblLibrary_->setObjectName("lblLibrary");
     lblLibrary_->setGeometry(rectPx(4440, 150, 3240, 255));
     lblLibrary_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+}
 
+void LookupWindow::buildNavigation() {
     struct Nav {
         const char* name;
         const char* caption;
@@ -89,7 +101,9 @@ LookupWindow::LookupWindow(App& app, QWidget* parent)
         connect(b, &QPushButton::clicked, this, [this, run] { command([&] { (model_.*run)(); }); });
         left += 1260;
     }
+}
 
+void LookupWindow::buildSearchRow() {
     auto* lblCode = new QLabel("Code", this);
     lblCode->setGeometry(rectPx(120, 1095, 570, 255));
     txtGlyph_ = new QLineEdit(this);
@@ -117,7 +131,9 @@ LookupWindow::LookupWindow(App& app, QWidget* parent)
     connect(txtGlyph_, &QLineEdit::returnPressed, this, goCode);
     connect(cmdGoTrans, &QPushButton::clicked, this, goTrans);
     connect(txtTrans_, &QLineEdit::returnPressed, this, goTrans);
+}
 
+void LookupWindow::buildOptionsRow() {
     chkShowTrans_ = new QCheckBox("Show transliteration", this);
     chkShowTrans_->setObjectName("chkShowTrans");
     chkShowTrans_->setGeometry(rectPx(120, 1500, 2400, 300));
@@ -138,7 +154,9 @@ LookupWindow::LookupWindow(App& app, QWidget* parent)
     QFont bold = lblCategory_->font();
     bold.setBold(true);
     lblCategory_->setFont(bold);
+}
 
+void LookupWindow::buildPage() {
     for (int i = 0; i < SignBrowser::PageSize; ++i) {
         auto* pic = new PagePicture(this);
         pic->setObjectName(QString("picGlyph%1").arg(i));
@@ -159,8 +177,6 @@ LookupWindow::LookupWindow(App& app, QWidget* parent)
         translit->hide();
         lblTranslit_[static_cast<std::size_t>(i)] = translit;
     }
-
-    command([&] { model_.Load(); });
 }
 
 template <typename F> void LookupWindow::command(F&& f) {

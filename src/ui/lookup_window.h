@@ -33,6 +33,12 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    void buildCategoryRow();
+    void buildNavigation();
+    void buildSearchRow();
+    void buildOptionsRow();
+    // The page of signs: each picture with its code and transliteration under it.
+    void buildPage();
     template <typename F> void command(F&& f);
     void refresh();
     void choose(int i);
