@@ -172,6 +172,21 @@ std::string CaptionText(const App& app) {
            "    Dictionary: " + (app.store.untitled ? "Untitled" : app.store.dictionaryName);
 }
 
+namespace {
+// The dictionary to load is not there: the user opens another one or quits.
+void offerAnotherDictionary(App& app) {
+    const std::string prompt = "The dictionary: '" + app.store.dictionaryPath + "' was not found." +
+                               "\r\nClick 'OK' to load another dictionary" +
+                               "\r\nClick 'Cancel' to Quit";
+    if (app.dialogs.message(prompt, "Dictionary Not Found", Buttons::OKCancel, Icon::Exclamation) ==
+        Answer::OK) {
+        OpenDictionaryDialog(app);
+    } else {
+        app.requestEnd(0);
+    }
+}
+} // namespace
+
 LoadOutcome LoadDictionary(App& app) {
     DictionaryStore& store = app.store;
     const fs::path path = resolveCaseBlind(fs::path(store.dictionaryPath));
@@ -179,15 +194,7 @@ LoadOutcome LoadDictionary(App& app) {
     // Something that is there but is no file (a pipe, a device, a folder) fails as a load
     // does, with the reason.
     if (!fs::exists(path, ec)) {
-        const std::string prompt = "The dictionary: '" + store.dictionaryPath + "' was not found." +
-                                   "\r\nClick 'OK' to load another dictionary" +
-                                   "\r\nClick 'Cancel' to Quit";
-        if (app.dialogs.message(prompt, "Dictionary Not Found", Buttons::OKCancel,
-                                Icon::Exclamation) == Answer::OK) {
-            OpenDictionaryDialog(app);
-        } else {
-            app.requestEnd(0);
-        }
+        offerAnotherDictionary(app);
         return LoadOutcome::NotFound;
     }
     PackedDictionary parsed;

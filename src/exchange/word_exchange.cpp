@@ -101,6 +101,43 @@ std::string wordKey(const std::string& gardiner, const std::string& translit,
     return gardiner + '\t' + translit + '\t' + meaning + '\t' + comment;
 }
 
+// The dictionary's words as keys, so that an import adds no word twice.
+std::set<std::string> knownWords(const App& app) {
+    std::set<std::string> known;
+    for (int w : AllWords(app)) {
+        const WordRecord& r = app.store.row(w);
+        known.insert(wordKey(r[FieldGardiner], r[FieldTranslit], r[FieldMeaning], r[FieldComment]));
+    }
+    return known;
+}
+
+std::vector<std::string> tabFields(const std::string& line) {
+    std::vector<std::string> fields;
+    for (std::size_t at = 0;;) {
+        const std::size_t tab = line.find('\t', at);
+        fields.push_back(line.substr(at, tab == std::string::npos ? std::string::npos : tab - at));
+        if (tab == std::string::npos) break;
+        at = tab + 1;
+    }
+    return fields;
+}
+
+// The composer arranges the signs as a new word, leaving its layout and Gardiner notation in
+// app.layoutText and app.composedGardiner; false when it accepted no word.
+bool composeNewWord(App& app, const std::vector<Composer::NamedSign>& signs) {
+    app.store.newWordPending = true;
+    app.store.editPending = false;
+    app.layoutText.clear();
+    app.composedGardiner.clear();
+    Composer composer(app);
+    composer.Load();
+    composer.ArrangeSigns(signs);
+    // One sign is a word too.
+    composer.LastGlyph = std::max<std::int16_t>(composer.LastGlyph, 1);
+    composer.OK();
+    return app.store.composeAccepted;
+}
+
 } // namespace
 
 std::vector<int> AllWords(const App& app) {
@@ -157,11 +194,7 @@ ExportText ExportMdcLines(App& app, const std::vector<int>& words) {
 ImportReport ImportMdcLines(App& app, const std::string& text) {
     ImportReport report;
     DictionaryStore& store = app.store;
-    std::set<std::string> known;
-    for (int w : AllWords(app)) {
-        const WordRecord& r = store.row(w);
-        known.insert(wordKey(r[FieldGardiner], r[FieldTranslit], r[FieldMeaning], r[FieldComment]));
-    }
+    std::set<std::string> known = knownWords(app);
     // The composer works on the shared sign table and result strings; they go back as they
     // were, and the word on show is drawn again at the end.
     const int current = store.currentIndex;
@@ -187,14 +220,7 @@ ImportReport ImportMdcLines(App& app, const std::string& text) {
             report.refused.push_back("line " + std::to_string(lineNumber) + ": " + why);
         };
 
-        std::vector<std::string> fields;
-        for (std::size_t at = 0;;) {
-            const std::size_t tab = line.find('\t', at);
-            fields.push_back(
-                line.substr(at, tab == std::string::npos ? std::string::npos : tab - at));
-            if (tab == std::string::npos) break;
-            at = tab + 1;
-        }
+        const std::vector<std::string> fields = tabFields(line);
         if (fields.size() < 3 || fields.size() > 4) {
             refuse("3 or 4 fields separated by tabs were expected, not " +
                    std::to_string(fields.size()));
@@ -212,17 +238,7 @@ ImportReport ImportMdcLines(App& app, const std::string& text) {
         const std::string translit = PlainFromScholarly(fields[1]);
         const std::string comment = fields.size() == 4 ? fields[3] : "";
 
-        store.newWordPending = true;
-        store.editPending = false;
-        app.layoutText.clear();
-        app.composedGardiner.clear();
-        Composer composer(app);
-        composer.Load();
-        composer.ArrangeSigns(notation.signs);
-        // One sign is a word too.
-        composer.LastGlyph = std::max<std::int16_t>(composer.LastGlyph, 1);
-        composer.OK();
-        if (!store.composeAccepted) {
+        if (!composeNewWord(app, notation.signs)) {
             refuse("there is no sign");
             continue;
         }
