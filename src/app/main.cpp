@@ -74,10 +74,9 @@ void usage(std::ostream& out) {
            "  --help             print this text and end\n";
 }
 
-} // namespace
-
-int main(int argc, char** argv) {
-    // Help and version need no display: they are answered before Qt looks for one.
+// --help and --version, answered before Qt looks for a display: the exit status, or none
+// when the program is to start.
+std::optional<int> answerWithoutDisplay(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) {
         const std::string a = argv[i];
         if (a == "--help" || a == "-h") {
@@ -89,6 +88,61 @@ int main(int argc, char** argv) {
             return 0;
         }
     }
+    return std::nullopt;
+}
+
+void loadTransliterationFont(const QString& home) {
+    const QString font = home + QStringLiteral("/Fonts/Transliteration.ttf");
+    // Read as every program file is read (a regular file, a size limit), then handed over.
+    QByteArray fontBytes;
+    try {
+        const std::string bytes = readFileBytes(font.toStdString(), 32u << 20);
+        fontBytes = QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    } catch (const RunError&) {
+    }
+    if (QFontDatabase::addApplicationFontFromData(fontBytes) < 0)
+        std::cerr << "nebkaro: the Transliteration font could not be loaded from "
+                  << font.toStdString() << "; transliterations show in plain letters\n";
+}
+
+// An installed program's first start makes the user's folder with the starter dictionary.
+void prepareUserFolder(Dialogs& dialogs, const ProgramFolders& folders) {
+    try {
+        if (PrepareUserFolder(folders))
+            dialogs.message("Your dictionaries, settings and saved pictures are kept in " +
+                                folders.user.string() +
+                                ". The starter dictionary has been copied there.",
+                            "", Buttons::OK, Icon::Information);
+    } catch (const std::filesystem::filesystem_error& e) {
+        dialogs.message("The folder " + folders.user.string() +
+                            " for your dictionaries and settings could not be made: " +
+                            e.code().message() + ". Saving will not work.",
+                        "", Buttons::OK, Icon::Exclamation);
+    }
+}
+
+// The --screenshot run: the first word was drawn during start-up; once the event loop runs,
+// the layout requests still queued are handled and the window is taken as it stands.
+void saveWhenDrawn(MainWindow& window, const QString& screenshot) {
+    QTimer::singleShot(0, &window, [&window, screenshot] {
+        QCoreApplication::sendPostedEvents();
+        const QString file = QFileInfo(screenshot).absoluteFilePath();
+        if (!window.grab().save(file, "PNG")) {
+            std::cerr << "nebkaro: the picture could not be written to " << file.toStdString()
+                      << "\n";
+            QCoreApplication::exit(1);
+            return;
+        }
+        std::cout << "nebkaro: the main window was saved as " << file.toStdString() << "\n";
+        QCoreApplication::exit(0);
+    });
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    // Help and version need no display: they are answered before Qt looks for one.
+    if (const auto done = answerWithoutDisplay(argc, argv)) return *done;
 
     QApplication qapp(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Nebkaro"));
@@ -109,17 +163,7 @@ int main(int argc, char** argv) {
         ResolveFolders(homeOption, ExecutableFolder(), NEBKARO_SHIPPED_FROM_BIN, EnvironmentValue);
     const QString home = QString::fromStdString(folders.shipped.string());
 
-    const QString font = home + QStringLiteral("/Fonts/Transliteration.ttf");
-    // Read as every program file is read (a regular file, a size limit), then handed over.
-    QByteArray fontBytes;
-    try {
-        const std::string bytes = readFileBytes(font.toStdString(), 32u << 20);
-        fontBytes = QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size()));
-    } catch (const RunError&) {
-    }
-    if (QFontDatabase::addApplicationFontFromData(fontBytes) < 0)
-        std::cerr << "nebkaro: the Transliteration font could not be loaded from "
-                  << font.toStdString() << "; transliterations show in plain letters\n";
+    loadTransliterationFont(home);
     // Desktops without an icon theme of their own still find the common one.
     QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral(NEBKARO_APP_ID)));
@@ -137,18 +181,7 @@ int main(int argc, char** argv) {
     app.userHome = folders.user;
     InstallEditing(app);
 
-    try {
-        if (PrepareUserFolder(folders))
-            dialogs.message("Your dictionaries, settings and saved pictures are kept in " +
-                                folders.user.string() +
-                                ". The starter dictionary has been copied there.",
-                            "", Buttons::OK, Icon::Information);
-    } catch (const std::filesystem::filesystem_error& e) {
-        dialogs.message("The folder " + folders.user.string() +
-                            " for your dictionaries and settings could not be made: " +
-                            e.code().message() + ". Saving will not work.",
-                        "", Buttons::OK, Icon::Exclamation);
-    }
+    prepareUserFolder(dialogs, folders);
 
     MainWindow window(app, MainWindow::Options{screenshot});
     if (!window.startUp(options.dictionary)) {
@@ -158,21 +191,6 @@ int main(int argc, char** argv) {
     QObject::connect(&window, &MainWindow::programEnded, &qapp, &QCoreApplication::exit);
     window.show();
 
-    if (screenshot) {
-        // The first word was drawn during start-up; once the event loop runs, the layout
-        // requests still queued are handled and the window is taken as it stands.
-        QTimer::singleShot(0, &window, [&] {
-            QCoreApplication::sendPostedEvents();
-            const QString file = QFileInfo(options.screenshot).absoluteFilePath();
-            if (!window.grab().save(file, "PNG")) {
-                std::cerr << "nebkaro: the picture could not be written to " << file.toStdString()
-                          << "\n";
-                QCoreApplication::exit(1);
-                return;
-            }
-            std::cout << "nebkaro: the main window was saved as " << file.toStdString() << "\n";
-            QCoreApplication::exit(0);
-        });
-    }
+    if (screenshot) saveWhenDrawn(window, options.screenshot);
     return QApplication::exec();
 }

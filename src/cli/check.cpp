@@ -9,6 +9,7 @@
 #include "display/layout.h"
 #include "display/render.h"
 
+#include <functional>
 #include <iostream>
 #include <map>
 #include <set>
@@ -36,19 +37,16 @@ private:
 
 const char* const kFieldNames[] = {"direction",       "library", "layout", "Gardiner notation",
                                    "transliteration", "meaning", "comment"};
-} // namespace
 
-int cmdCheck(const fs::path& home, const std::vector<std::string>& argv) {
-    Args a(argv, {}, {});
-    if (a.positional().size() != 1) throw Usage("check takes one FILE");
-    const std::string file = a.positional()[0];
-    int problems = 0;
-    auto report = [&](const std::string& line) {
-        std::cout << line << "\n";
-        ++problems;
-    };
+using Reporter = std::function<void(const std::string&)>;
 
-    // The reader's own verdict first, with the line where a load would stop.
+// A value the writer would save broken.
+bool unwritable(const std::string& v) {
+    return v.find_first_of("\"\r\n") != std::string::npos;
+}
+
+// The reader's own verdict first, with the line where a load would stop.
+ParsedDictionary readForCheck(const std::string& file, const Reporter& report) {
     ParsedDictionary parsed;
     std::vector<int> converted;
     try {
@@ -63,13 +61,41 @@ int cmdCheck(const fs::path& home, const std::vector<std::string>& argv) {
     if (parsed.stoppedEarly)
         report("line " + std::to_string(parsed.stopLine) + ": the load stops here: direction '" +
                parsed.stopRecord[0] + "' is neither R nor L; the words after it are not loaded");
-
-    auto unwritable = [](const std::string& v) {
-        return v.find_first_of("\"\r\n") != std::string::npos;
-    };
     for (int f = 0; f < FieldCount; ++f)
         if (unwritable(parsed.header[static_cast<std::size_t>(f)]))
             report("header value " + std::to_string(f) + ": holds a double quote or a line break");
+    return parsed;
+}
+
+// Each sign of a drawn word is in its sign list (when that loaded) and has a picture; a
+// missing picture is named once however many words use it.
+void checkSigns(const GlyphTable& table, const WordRecord& word, const SignLists* list,
+                SignPictures& pictures, std::set<std::string>& missingReported,
+                const std::string& where, const Reporter& report) {
+    const std::string library = libraryFolder(word[FieldLibrary]);
+    const std::string direction = directionFolder(word[FieldDirection]);
+    for (const GlyphSlot& g : table.cells) {
+        if (!g.used()) continue;
+        if (list && list->findSign(*g.code) == 0)
+            report(where + ": code '" + *g.code + "' is not in the " + library + " sign list");
+        const SignPicture pic = pictures.picture(library, direction, *g.code);
+        if (!pic.ok && missingReported.insert(pic.file.string()).second)
+            report(where + ": sign picture missing or unreadable: " + pic.file.string());
+    }
+}
+} // namespace
+
+int cmdCheck(const fs::path& home, const std::vector<std::string>& argv) {
+    Args a(argv, {}, {});
+    if (a.positional().size() != 1) throw Usage("check takes one FILE");
+    const std::string file = a.positional()[0];
+    int problems = 0;
+    auto report = [&](const std::string& line) {
+        std::cout << line << "\n";
+        ++problems;
+    };
+
+    const ParsedDictionary parsed = readForCheck(file, report);
 
     ConsoleApp c(home);
     // Each word is drawn as the window draws it, which finds what parsing alone does not
@@ -127,16 +153,7 @@ int cmdCheck(const fs::path& home, const std::vector<std::string>& argv) {
         }
         const bool basic = word[FieldLibrary] == "B";
         const SignLists* list = listFor(basic);
-        const std::string library = libraryFolder(word[FieldLibrary]);
-        const std::string direction = directionFolder(word[FieldDirection]);
-        for (const GlyphSlot& g : table.cells) {
-            if (!g.used()) continue;
-            if (list && list->findSign(*g.code) == 0)
-                report(where + ": code '" + *g.code + "' is not in the " + library + " sign list");
-            const SignPicture pic = pictures.picture(library, direction, *g.code);
-            if (!pic.ok && missingReported.insert(pic.file.string()).second)
-                report(where + ": sign picture missing or unreadable: " + pic.file.string());
-        }
+        checkSigns(table, word, list, pictures, missingReported, where, report);
     }
     if (problems == 0) std::cout << "no problems found in " << wordCount << " words\n";
     return problems ? 1 : 0;

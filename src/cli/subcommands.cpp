@@ -82,8 +82,11 @@ int cmdImport(const fs::path& home, const std::vector<std::string>& argv);
 int cmdRender(const fs::path& home, const std::vector<std::string>& argv);
 #endif
 
-const std::vector<Subcommand>& subcommands() {
-    static const std::vector<Subcommand> list = {
+namespace {
+
+// Whole dictionary files: what they hold, converting, merging, checking.
+std::vector<Subcommand> dictionarySubcommands() {
+    return {
         {"info", "info FILE",
          "Prints the header values, the number of words, and whether the file has a header.\n",
          cmdInfo},
@@ -104,6 +107,12 @@ const std::vector<Subcommand>& subcommands() {
          "missing sign pictures, lines that are not UTF-8 (read as Windows-1252), and a record\n"
          "that ends the load early (with its line). Exit 1 when any.\n",
          cmdCheck},
+    };
+}
+
+// The Tools menu's work on every word, and Find.
+std::vector<Subcommand> bulkSubcommands() {
+    return {
         {"sort",
          "sort FILE --by meaning|translit|classic|gardiner|comment [--reverse] [--case] [--method "
          "comb|toolbar] -o OUT",
@@ -139,6 +148,12 @@ const std::vector<Subcommand>& subcommands() {
          "--signs: SIGNS are codes or phonetic values in any order (\"G17 D21\", \"m r\"); finds\n"
          "the words whose layout holds every one of them, a sign named twice twice.\n",
          cmdSearch},
+    };
+}
+
+// One word at a time, and words leaving or entering the program.
+std::vector<Subcommand> wordSubcommands() {
+    return {
         {"guess", "guess FILE INDEX",
          "Prints the transliteration guessed from the phonetic values of word INDEX's signs, as\n"
          "the Guess button makes it; exit 1 when no sign has a phonetic value.\n",
@@ -172,6 +187,17 @@ const std::vector<Subcommand>& subcommands() {
          cmdRender},
 #endif
     };
+}
+
+} // namespace
+
+const std::vector<Subcommand>& subcommands() {
+    static const std::vector<Subcommand> list = [] {
+        std::vector<Subcommand> all;
+        for (auto part : {dictionarySubcommands, bulkSubcommands, wordSubcommands})
+            for (Subcommand& s : part()) all.push_back(std::move(s));
+        return all;
+    }();
     return list;
 }
 
