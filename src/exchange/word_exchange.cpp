@@ -122,6 +122,26 @@ std::vector<std::string> tabFields(const std::string& line) {
     return fields;
 }
 
+// What composing words changes besides the store: the pending flags, the composer's results
+// and the word on show.
+struct ComposerState {
+    int current;
+    bool newWord, edit, accepted;
+    std::string layoutText, composedGardiner;
+    explicit ComposerState(const App& app)
+        : current(app.store.currentIndex), newWord(app.store.newWordPending),
+          edit(app.store.editPending), accepted(app.store.composeAccepted),
+          layoutText(app.layoutText), composedGardiner(app.composedGardiner) {}
+    void restore(App& app) const {
+        app.store.newWordPending = newWord;
+        app.store.editPending = edit;
+        app.store.composeAccepted = accepted;
+        app.layoutText = layoutText;
+        app.composedGardiner = composedGardiner;
+        app.store.currentIndex = current;
+    }
+};
+
 // The composer arranges the signs as a new word, leaving its layout and Gardiner notation in
 // app.layoutText and app.composedGardiner; false when it accepted no word.
 bool composeNewWord(App& app, const std::vector<Composer::NamedSign>& signs) {
@@ -197,10 +217,7 @@ ImportReport ImportMdcLines(App& app, const std::string& text) {
     std::set<std::string> known = knownWords(app);
     // The composer works on the shared sign table and result strings; they go back as they
     // were, and the word on show is drawn again at the end.
-    const int current = store.currentIndex;
-    const bool wasNew = store.newWordPending, wasEdit = store.editPending,
-               wasAccepted = store.composeAccepted;
-    const std::string layoutText = app.layoutText, composedGardiner = app.composedGardiner;
+    const ComposerState kept(app);
     // New words go after the last one, or into row 0 of an empty dictionary.
     UndoStep step(app.history, store, "Import", store.isEmpty() ? 0 : store.lastIndex + 1);
 
@@ -262,12 +279,7 @@ ImportReport ImportMdcLines(App& app, const std::string& text) {
         store.isChanged = true;
     }
 
-    store.newWordPending = wasNew;
-    store.editPending = wasEdit;
-    store.composeAccepted = wasAccepted;
-    app.layoutText = layoutText;
-    app.composedGardiner = composedGardiner;
-    store.currentIndex = current;
+    kept.restore(app);
     app.renderWord(app);
     return report;
 }
