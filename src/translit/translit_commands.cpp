@@ -7,23 +7,19 @@ namespace nebkaro {
 
 void registerTranslitCommands(CommandRegistry& commands) {
     using C = CommandId;
-    commands.add({C::Typewriter,
-                  "Typewriter",
-                  "Type transliteration letters by clicking",
-                  {},
-                  ToolSlot{15, "Show Typewriter", "input-keyboard", "Typewriter"}});
-    commands.add(
-        {C::TransTable,
-         "TransTable",
-         "Show the transliteration letters and their codes",
-         {},
-         ToolSlot{16, "Show Transliteration Table", "accessories-character-map", "ShowTable"}});
-    commands.add({C::TransGuess,
-                  "TransGuess",
-                  "Guess the transliteration from the signs",
-                  {},
-                  {},
-                  TransGuess});
+    commands.add({.id = C::Typewriter,
+                  .name = "Typewriter",
+                  .help = "Type transliteration letters by clicking",
+                  .tool = ToolSlot{15, "Show Typewriter", "input-keyboard", "Typewriter"}});
+    commands.add({.id = C::TransTable,
+                  .name = "TransTable",
+                  .help = "Show the transliteration letters and their codes",
+                  .tool = ToolSlot{16, "Show Transliteration Table", "accessories-character-map",
+                                   "ShowTable"}});
+    commands.add({.id = C::TransGuess,
+                  .name = "TransGuess",
+                  .help = "Guess the transliteration from the signs",
+                  .run = TransGuess});
 }
 
 } // namespace nebkaro
