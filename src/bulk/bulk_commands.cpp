@@ -1,11 +1,14 @@
 #include "bulk/bulk_commands.h"
 
 #include "bulk/reading_order.h"
+#include "bulk/search.h"
 #include "bulk/sort.h"
 #include "bulk/sort_dialog_model.h"
 #include "core/app.h"
+#include "core/command_registry.h"
 #include "core/dictionary_file.h"
 #include "core/errors.h"
+#include "core/guarded.h"
 #include "core/text.h"
 #include "display/render.h"
 
@@ -41,10 +44,6 @@ std::string FormatThousands(long long n) {
 }
 
 namespace {
-
-void report(App& app, const RunError& e) {
-    app.dialogs.message(e.report(), "", Buttons::OK, Icon::Critical);
-}
 
 SortOrder chosenOrder(const App& app) {
     return {app.sortDialog.reverse, app.sortDialog.caseSensitive};
@@ -102,7 +101,7 @@ void FlipAll(App& app, int mode) {
 
 void SortCommand(App& app) {
     DictionaryStore& store = app.store;
-    try {
+    runGuarded(app, [&] {
         // One question covers both the word being edited and the dictionary's changes.
         const bool editing = editInProgress(app);
         if (editing || store.isChanged) {
@@ -118,14 +117,12 @@ void SortCommand(App& app) {
         if (field == SortNone) return;
         ToolbarSort(app, field, chosenOrder(app));
         app.dialogs.message("Done!", "DONE", Buttons::OK, Icon::Information);
-    } catch (const RunError& e) {
-        report(app, e);
-    }
+    });
 }
 
 void MenuSortCommand(App& app) {
     DictionaryStore& store = app.store;
-    try {
+    runGuarded(app, [&] {
         if (editInProgress(app) || store.isChanged) {
             const Answer a =
                 app.dialogs.message(SaveBeforeSorting, "", Buttons::YesNoCancel, Icon::Question);
@@ -148,21 +145,17 @@ void MenuSortCommand(App& app) {
         const double seconds = MenuSort(app, field, chosenOrder(app));
         app.dialogs.message("Done in " + FormatSeconds(seconds) + " s", "DONE", Buttons::OK,
                             Icon::Information);
-    } catch (const RunError& e) {
-        report(app, e);
-    }
+    });
 }
 
 void SortGardinerCommand(App& app) {
     const std::optional<std::string> answer =
         app.dialogs.input("How much % overlap do you want to allow?", "Choose Overlap", "20");
     if (!answer || answer->empty()) return;
-    try {
+    runGuarded(app, [&] {
         app.leaveWord(app);
         SortGardinerAll(app, text::leadingNumber(*answer));
-    } catch (const RunError& e) {
-        report(app, e);
-    }
+    });
 }
 
 void ShuffleCommand(App& app) {
@@ -170,7 +163,7 @@ void ShuffleCommand(App& app) {
                             "undone",
                             "Confirm", Buttons::YesNo, Icon::Exclamation) != Answer::Yes)
         return;
-    try {
+    runGuarded(app, [&] {
         app.leaveWord(app);
         if (app.store.isChanged) {
             const Answer a = app.dialogs.message("Do you want so save the dictionary?", "Confirm",
@@ -179,9 +172,7 @@ void ShuffleCommand(App& app) {
             if (a == Answer::Yes) SaveAsCommand(app);
         }
         ShuffleDictionary(app);
-    } catch (const RunError& e) {
-        report(app, e);
-    }
+    });
 }
 
 void FlipAllCommand(App& app, int index) {
@@ -190,12 +181,65 @@ void FlipAllCommand(App& app, int index) {
     if (app.dialogs.message(prompt, "Warning", Buttons::OKCancel, Icon::Exclamation) ==
         Answer::Cancel)
         return;
-    try {
+    runGuarded(app, [&] {
         app.leaveWord(app);
         FlipAll(app, index);
-    } catch (const RunError& e) {
-        report(app, e);
-    }
+    });
+}
+
+void registerBulkCommands(CommandRegistry& commands) {
+    using C = CommandId;
+    const Command rows[] = {
+        {.id = C::Find,
+         .name = "Find",
+         .help = "Find words by their texts or signs",
+         .keys = {{"Ctrl+F"}},
+         .tool = ToolSlot{8, "Find Word", "edit-find", "Find"},
+         .run = FindCommand},
+        {.id = C::FindNext,
+         .name = "FindNext",
+         .help = "Find the next word that matches",
+         .keys = {{"F3"}},
+         .tool = ToolSlot{9, "Find Next", "go-down", "FindNext"},
+         .run = FindNextCommand},
+        {.id = C::FindPrevious,
+         .name = "FindPrevious",
+         .help = "Find the previous word that matches",
+         .keys = {{"Shift+F3"}},
+         .tool = ToolSlot{10, "Find Previous", "go-up", "FindPrevious"},
+         .run = FindPreviousCommand},
+        {.id = C::SortButton,
+         .name = "SortButton",
+         .help = "Sort the dictionary",
+         .tool = ToolSlot{14, "Sort Dictionary", "view-sort-ascending", "Sort"},
+         .run = SortCommand},
+        {.id = C::SortMenu,
+         .name = "SortMenu",
+         .help = "Sort the dictionary, with progress and Cancel",
+         .run = MenuSortCommand},
+        {.id = C::SortGardiner,
+         .name = "SortGardiner",
+         .help = "Sort the dictionary by Gardiner's notation",
+         .run = SortGardinerCommand},
+        {.id = C::Shuffle,
+         .name = "Shuffle",
+         .help = "Put the words in a random order",
+         .tool = ToolSlot{19, "Shuffle Dictionary", "media-playlist-shuffle", ""},
+         .run = ShuffleCommand},
+        {.id = C::FlipAllLeft,
+         .name = "FlipAllLeft",
+         .help = "Make the signs of every word face left",
+         .run = [](App& a) { FlipAllCommand(a, 0); }},
+        {.id = C::FlipAllRight,
+         .name = "FlipAllRight",
+         .help = "Make the signs of every word face right",
+         .run = [](App& a) { FlipAllCommand(a, 1); }},
+        {.id = C::FlipAllInvert,
+         .name = "FlipAllInvert",
+         .help = "Turn the signs of every word",
+         .run = [](App& a) { FlipAllCommand(a, 2); }},
+    };
+    for (const Command& c : rows) commands.add(c);
 }
 
 } // namespace nebkaro

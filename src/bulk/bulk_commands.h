@@ -13,6 +13,7 @@
 namespace nebkaro {
 
 struct App;
+class CommandRegistry;
 
 // Format(seconds, "0.###") without a dangling decimal point: "0.125", "2.5", "3".
 std::string FormatSeconds(double seconds);
@@ -38,5 +39,8 @@ void SortGardinerCommand(App& app);
 void ShuffleCommand(App& app);
 // Tools > Flip All > Left (0), Right (1), Invert (2) (mnuAllFlip).
 void FlipAllCommand(App& app, int index);
+
+// The rows of Find, Find Next, Find Previous, the sorts, Shuffle and Flip All.
+void registerBulkCommands(CommandRegistry& commands);
 
 } // namespace nebkaro

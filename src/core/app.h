@@ -2,6 +2,7 @@
 // The program-wide state and the ports through which the logic reaches the desktop. One App
 // lives from start-up to exit and is passed by reference; nothing else is global.
 #include "bulk/search_state.h"
+#include "core/command_registry.h"
 #include "core/dictionary_store.h"
 #include "core/glyph_table.h"
 #include "core/ports.h"
@@ -23,9 +24,6 @@ constexpr int VersionMajor = 1;
 constexpr int VersionMinor = 0;
 constexpr int VersionRevision = 0;
 std::string versionText(); // "1.0.0"
-
-// A command of the main window (the full list is in editing/commands.h).
-enum class CommandId : int;
 
 // The text box that the transliteration typewriter types into.
 enum class TypewriterTarget { None, MainTransLit, SearchText, BrowserTrans, ComposerMdC };
@@ -193,9 +191,8 @@ struct App {
         return a.store.newWordPending || a.store.editPending || a.store.composeAccepted;
     };
     std::function<void(App&)> leaveWord = [](App&) {};
-    // Main-window commands whose code lives in other parts of the program (search, sorts,
-    // printing, the other windows): installed by the program, run by RunCommand.
-    std::map<CommandId, std::function<void(App&)>> commandHandlers;
+    // Every command of the main window, registered by the parts of the program that run them.
+    CommandRegistry commands;
 
     void requestEnd(int code) {
         endRequested = true;

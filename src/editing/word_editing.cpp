@@ -3,6 +3,7 @@
 #include "core/app.h"
 #include "core/errors.h"
 #include "display/render.h"
+#include "editing/commands.h"
 #include "editing/undo.h"
 #include "editing/word_clipboard.h"
 
@@ -63,6 +64,7 @@ void InstallEditing(App& app) {
     app.renderWord = [](App& a) { RenderWord(a); };
     app.wordEdited = [](const App& a) { return WordHasUnsavedEdits(a); };
     app.leaveWord = [](App& a) { OfferToStoreWord(a); };
+    registerEditingCommands(app.commands);
 }
 
 bool DictionaryHasNoWords(const DictionaryStore& store) {

@@ -7,7 +7,8 @@ namespace nebkaro {
 struct App;
 class DictionaryStore;
 
-// Makes Store the program's storeWord and RenderWord its renderWord.
+// Makes Store the program's storeWord and RenderWord its renderWord, and registers the
+// editing commands.
 void InstallEditing(App& app);
 
 // Writes the word view into the dictionary: a new word into the row the dictionary gives it

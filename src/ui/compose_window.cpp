@@ -2,7 +2,7 @@
 
 #include "display/zoom.h"
 
-#include "core/errors.h"
+#include "core/guarded.h"
 #include "ui/screen_fit.h"
 #include "ui/sign_pixmap.h"
 
@@ -266,16 +266,10 @@ void ComposeWindow::load() {
 
 template <typename F> void ComposeWindow::command(F&& f) {
     readText();
-    try {
-        f();
-    } catch (const RunError& e) {
-        app_.dialogs.message(e.report(), "", Buttons::OK, Icon::Critical);
-    } catch (const ProgramFileError& e) {
-        // Without its sign list the program cannot go on.
-        app_.dialogs.message(e.message(), "", Buttons::OK, Icon::Critical);
-        app_.requestEnd(1);
-        QCoreApplication::exit(1);
-    }
+    const bool ending = app_.endRequested;
+    runGuarded(app_, f);
+    // Without its sign list the program cannot go on.
+    if (app_.endRequested && !ending) QCoreApplication::exit(1);
     refresh();
 }
 

@@ -1,8 +1,8 @@
 #include "ui/exchange_commands.h"
 
 #include "core/app.h"
-#include "core/errors.h"
 #include "core/files.h"
+#include "core/guarded.h"
 #include "exchange/mdc.h"
 #include "exchange/word_exchange.h"
 #include "exchange/word_pages.h"
@@ -43,23 +43,13 @@ FormatInfo info(ExchangeCommands::Format f) {
 ExchangeCommands::ExchangeCommands(App& app, SearchTools& tools, QWidget* window)
     : QObject(window), app_(app), tools_(tools), window_(window) {}
 
-template <typename Fn> void ExchangeCommands::guarded(Fn fn) {
-    try {
-        fn();
-    } catch (const RunError& e) {
-        app_.dialogs.message(e.report(), "", Buttons::OK, Icon::Critical);
-    } catch (const std::exception& e) {
-        app_.dialogs.message(std::string("The command could not be completed: ") + e.what(), "",
-                             Buttons::OK, Icon::Critical);
-    }
-}
-
 void ExchangeCommands::addFileItems(QMenu* file) {
     auto* import = new QAction(QStringLiteral("&Import..."), this);
     import->setObjectName(QStringLiteral("mnuImport"));
     import->setToolTip(QStringLiteral("Add words from lines of MdC, transliteration, meaning and "
                                       "comment, separated by tabs"));
-    connect(import, &QAction::triggered, this, [this] { guarded([this] { importLines(); }); });
+    connect(import, &QAction::triggered, this,
+            [this] { runGuarded(app_, [this] { importLines(); }); });
     file->addAction(import);
     QMenu* exportMenu = file->addMenu(QStringLiteral("E&xport"));
     exportMenu->setObjectName(QStringLiteral("mnuExport"));
@@ -69,7 +59,7 @@ void ExchangeCommands::addFileItems(QMenu* file) {
         auto* a = new QAction(QString::fromLatin1(i.caption), this);
         a->setObjectName(QString::fromLatin1(i.objectName));
         connect(a, &QAction::triggered, this,
-                [this, f] { guarded([this, f] { exportWords(f); }); });
+                [this, f] { runGuarded(app_, [this, f] { exportWords(f); }); });
         exportMenu->addAction(a);
     }
 }
@@ -78,7 +68,7 @@ void ExchangeCommands::addWordItems(QMenu* word) {
     auto* a = new QAction(QStringLiteral("Copy as &MdC"), this);
     a->setObjectName(QStringLiteral("mnuCopyMdc"));
     a->setToolTip(QStringLiteral("Copy the signs of the word in the Manuel de Codage"));
-    connect(a, &QAction::triggered, this, [this] { guarded([this] { copyAsMdc(); }); });
+    connect(a, &QAction::triggered, this, [this] { runGuarded(app_, [this] { copyAsMdc(); }); });
     word->addAction(a);
 }
 

@@ -37,7 +37,6 @@ private:
     // The whole dictionary, or the words of the Find All list when the user wants only those;
     // empty after Cancel.
     std::vector<int> wordsToExport(bool& cancelled);
-    template <typename Fn> void guarded(Fn fn);
 
     App& app_;
     SearchTools& tools_;

@@ -21,7 +21,8 @@ QString HelpWindow::pageFile(const std::filesystem::path& home) {
     return {};
 }
 
-HelpWindow::HelpWindow(const std::filesystem::path& home, QWidget* parent)
+HelpWindow::HelpWindow(const std::filesystem::path& home, const CommandRegistry& commands,
+                       QWidget* parent)
     : QWidget(parent, Qt::Window) {
     setObjectName(QStringLiteral("Help"));
     setWindowTitle(QStringLiteral("Nebkaro Help"));
@@ -41,7 +42,7 @@ HelpWindow::HelpWindow(const std::filesystem::path& home, QWidget* parent)
         page = "<html><body><h1>Nebkaro</h1><h2>Commands</h2><!-- commands --><!-- /commands -->"
                "<h2>Transliteration</h2><!-- letters --><!-- /letters --></body></html>";
     if (!file.isEmpty()) browser_->setSearchPaths({QFileInfo(file).absolutePath()});
-    browser_->setHtml(QString::fromStdString(HelpPage(page.toStdString())));
+    browser_->setHtml(QString::fromStdString(HelpPage(commands, page.toStdString())));
     resize(720, 640);
 }
 

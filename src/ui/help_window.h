@@ -10,10 +10,13 @@ class QTextBrowser;
 
 namespace nebkaro {
 
+class CommandRegistry;
+
 class HelpWindow : public QWidget {
     Q_OBJECT
 public:
-    explicit HelpWindow(const std::filesystem::path& home, QWidget* parent = nullptr);
+    HelpWindow(const std::filesystem::path& home, const CommandRegistry& commands,
+               QWidget* parent = nullptr);
     // The shipped page in the program folder or, installed, in the share folder beside the
     // executable's; empty when there is none (the window then shows the generated lists).
     static QString pageFile(const std::filesystem::path& home);

@@ -1,6 +1,6 @@
 #include "ui/lookup_window.h"
 
-#include "core/errors.h"
+#include "core/guarded.h"
 #include "ui/screen_fit.h"
 #include "ui/sign_pixmap.h"
 
@@ -183,11 +183,7 @@ template <typename F> void LookupWindow::command(F&& f) {
     // The boxes hold what the user typed; the browser works on that.
     model_.txtGlyph = txtGlyph_->text().toStdString();
     model_.txtTrans = txtTrans_->text().toStdString();
-    try {
-        f();
-    } catch (const RunError& e) {
-        app_.dialogs.message(e.report(), "", Buttons::OK, Icon::Critical);
-    }
+    runGuarded(app_, f);
     refresh();
 }
 

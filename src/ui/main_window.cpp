@@ -1,9 +1,9 @@
 #include "ui/main_window.h"
 
 #include "bulk/bulk_commands.h"
-#include "bulk/search.h"
 #include "core/dictionary_file.h"
 #include "core/errors.h"
+#include "core/guarded.h"
 #include "core/startup.h"
 #include "display/image_export.h"
 #include "display/unicode_text.h"
@@ -11,7 +11,7 @@
 #include "display/word_view_events.h"
 #include "display/zoom.h"
 #include "editing/commands.h"
-#include "translit/guess.h"
+#include "translit/translit_commands.h"
 #include "ui/about_dialog.h"
 #include "ui/compose_window.h"
 #include "ui/exchange_commands.h"
@@ -105,19 +105,6 @@ QIcon toolIcon(std::string_view name, std::string_view tip) {
 
 } // namespace
 
-template <typename Fn> void MainWindow::guarded(Fn fn) {
-    try {
-        fn();
-    } catch (const RunError& e) {
-        app_.dialogs.message(e.report(), "", Buttons::OK, Icon::Critical);
-    } catch (const ProgramFileError& e) {
-        app_.dialogs.message(e.message(), "", Buttons::OK, Icon::Critical);
-        app_.requestEnd(1);
-    } catch (const std::exception& e) {
-        app_.dialogs.message(std::string("The command could not be completed: ") + e.what(), "",
-                             Buttons::OK, Icon::Critical);
-    }
-}
 
 MainWindow::MainWindow(App& app, Options options)
     : app_(app), options_(options), previousWindows_(app.windows) {
@@ -143,9 +130,9 @@ MainWindow::MainWindow(App& app, Options options)
     scroll->setWidgetResizable(true);
     scroll->setWidget(surface_);
     setCentralWidget(scroll);
+    installHandlers();
     buildToolBar();
     surface_->setToolBar(toolbar_);
-    installHandlers();
     buildMenus();
     buildShortcuts();
     statusBar()->setObjectName(QStringLiteral("StatusBar"));
@@ -173,14 +160,14 @@ MainWindow::MainWindow(App& app, Options options)
 MainWindow::~MainWindow() {
     qApp->removeEventFilter(this);
     for (const QString& f : paintFiles_) QFile::remove(f);
-    for (CommandId id : installed_) InstallCommandHandler(app_, id, nullptr);
+    for (auto& [id, before] : installed_) app_.commands.provide(id, std::move(before));
     lookup_.reset();
     if (app_.windows == this) app_.windows = previousWindows_;
 }
 
 bool MainWindow::startUp(const std::string& commandLine) {
     bool ok = false;
-    guarded([&] { ok = StartUp(app_, commandLine); });
+    runGuarded(app_, [&] { ok = StartUp(app_, commandLine); });
     wordViewChanged();
     return ok && !app_.endRequested;
 }
@@ -194,10 +181,9 @@ void MainWindow::buildToolBar() {
     auto* row = new QHBoxLayout(toolbar_);
     row->setContentsMargins(2, 3, 2, 3);
     row->setSpacing(0);
-    for (const ToolButton& t : ToolBar()) {
+    for (const ToolButton& t : ToolBar(app_.commands)) {
         auto* b = new QToolButton(toolbar_);
-        b->setObjectName(
-            QString::fromLatin1(t.objectName.data(), static_cast<qsizetype>(t.objectName.size())));
+        b->setObjectName(QString::fromStdString(t.objectName));
         b->setToolTip(
             QString::fromLatin1(t.toolTip.data(), static_cast<qsizetype>(t.toolTip.size())));
         b->setIcon(toolIcon(t.icon, t.toolTip));
@@ -217,6 +203,7 @@ QAction* MainWindow::commandAction(const MenuItem& item, QMenu* menu) {
     auto* a = new QAction(qs(item.caption), this);
     a->setObjectName(qs(item.objectName));
     a->setCheckable(item.checkable);
+    if (!item.toolTip.empty()) a->setToolTip(qs(item.toolTip));
     if (item.command) {
         const CommandId id = *item.command;
         connect(a, &QAction::triggered, this, [this, id] { runCommand(id); });
@@ -224,8 +211,9 @@ QAction* MainWindow::commandAction(const MenuItem& item, QMenu* menu) {
         // The menu shows the command's keys. The window's shortcuts handle the keys; the
         // action's own shortcut acts only inside its open menu, so a key never runs twice.
         QList<QKeySequence> keys;
-        for (const Shortcut& s : ShortcutsOf(id))
-            keys << QKeySequence(QString::fromLatin1(s.keys.data(), qsizetype(s.keys.size())));
+        if (const Command* c = app_.commands.find(id))
+            for (const Key& k : c->keys)
+                keys << QKeySequence(QString::fromLatin1(k.keys.data(), qsizetype(k.keys.size())));
         a->setShortcuts(keys);
         a->setShortcutContext(Qt::WidgetShortcut);
         if (id == CommandId::ShowBorders) showBorders_ = a;
@@ -246,18 +234,7 @@ QMenu* MainWindow::buildMenu(const MenuItem& item, QMenu* into) {
         } else {
             commandAction(child, m);
         }
-        // Copy as Unicode goes with the other ways a word's signs leave the program.
-        if (child.objectName == "mnuCopyToPaint") {
-            auto* a = new QAction(QStringLiteral("Copy as &Unicode"), this);
-            a->setObjectName(QStringLiteral("mnuCopyUnicode"));
-            a->setToolTip(QStringLiteral("Copy the signs of the word as Unicode hieroglyphs"));
-            connect(a, &QAction::triggered, this, [this] {
-                guarded([this] { copyAsUnicode(); });
-                wordViewChanged();
-            });
-            m->addAction(a);
-            exchange_->addWordItems(m);
-        }
+        if (child.objectName == "mnuCopyUnicode") exchange_->addWordItems(m);
         if (child.objectName == "mnuMerge") exchange_->addFileItems(m);
         // The scale Copy Glyph Image and Save Image draw the word at.
         if (child.objectName == "mnuZoomReset") {
@@ -293,7 +270,7 @@ void MainWindow::buildMenus() {
 }
 
 void MainWindow::buildShortcuts() {
-    for (const Shortcut& s : Shortcuts()) {
+    for (const Shortcut& s : Shortcuts(app_.commands)) {
         const bool area = s.scope == ShortcutScope::DisplayArea;
         auto* sc = new QShortcut(
             QKeySequence(QString::fromLatin1(s.keys.data(), static_cast<qsizetype>(s.keys.size()))),
@@ -311,28 +288,20 @@ void MainWindow::buildShortcuts() {
 }
 
 void MainWindow::installHandlers() {
-    // The commands whose code lives outside the editing library, as this program provides
-    // them.
-    const std::pair<CommandId, std::function<void(App&)>> handlers[] = {
-        {CommandId::ShowBorders, [](App& a) { ToggleShowBorders(a.view); }},
+    // Each part of the program registers its own commands; this window provides the code of
+    // the commands whose work is a window of its own.
+    registerEditingCommands(app_.commands);
+    registerBulkCommands(app_.commands);
+    registerTranslitCommands(app_.commands);
+    const std::pair<CommandId, CommandHandler> handlers[] = {
         {CommandId::CopyWordImage, [this](App&) { copyImage(); }},
         {CommandId::SaveWordImage, [this](App&) { saveImage(); }},
         {CommandId::PasteImageToPaint, [this](App&) { pasteToPaint(); }},
+        {CommandId::CopyUnicode, [this](App&) { copyAsUnicode(); }},
         {CommandId::Options, [this](App&) { showPreferences(); }},
         {CommandId::AboutProgram, [this](App&) { showAbout(); }},
-        {CommandId::Find, FindCommand},
-        {CommandId::FindNext, FindNextCommand},
-        {CommandId::FindPrevious, FindPreviousCommand},
-        {CommandId::SortButton, SortCommand},
-        {CommandId::SortMenu, MenuSortCommand},
-        {CommandId::SortGardiner, SortGardinerCommand},
-        {CommandId::Shuffle, ShuffleCommand},
-        {CommandId::FlipAllLeft, [](App& a) { FlipAllCommand(a, 0); }},
-        {CommandId::FlipAllRight, [](App& a) { FlipAllCommand(a, 1); }},
-        {CommandId::FlipAllInvert, [](App& a) { FlipAllCommand(a, 2); }},
         {CommandId::Typewriter, [this](App&) { tools_->showTypewriterBesideMain(); }},
         {CommandId::TransTable, [this](App&) { tools_->showTransTable(); }},
-        {CommandId::TransGuess, TransGuess},
         {CommandId::Help, [this](App&) { showHelp(); }},
         {CommandId::PrintDictionary, [this](App& a) { printing_.printDictionaryDialog(a, this); }},
         {CommandId::PrintMultiple, [this](App& a) { printing_.printMultipleDialog(a, this); }},
@@ -344,10 +313,8 @@ void MainWindow::installHandlers() {
              if (printing_.confirmQuit(a, this)) QuitCommand(a);
          }},
     };
-    for (const auto& [id, handler] : handlers) {
-        InstallCommandHandler(app_, id, handler);
-        installed_.insert(id);
-    }
+    for (const auto& [id, handler] : handlers)
+        installed_.emplace(id, app_.commands.provide(id, handler));
 }
 
 // ---------------------------------------------------------------------------- showing the view
@@ -455,7 +422,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         return;
     }
     bool close = true;
-    guarded([&] { close = printing_.confirmQuit(app_, this) && CloseMainWindow(app_); });
+    runGuarded(app_, [&] { close = printing_.confirmQuit(app_, this) && CloseMainWindow(app_); });
     if (!close) {
         event->ignore();
         return;
@@ -524,7 +491,7 @@ void MainWindow::showPreferences() {
 }
 
 void MainWindow::showHelp() {
-    if (!help_) help_ = new HelpWindow(app_.home, this);
+    if (!help_) help_ = new HelpWindow(app_.home, app_.commands, this);
     help_->show();
     fitOnScreen(help_);
     help_->raise();

@@ -11,8 +11,8 @@
 #include <QStringList>
 
 #include <array>
+#include <map>
 #include <memory>
-#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -114,8 +114,6 @@ private:
     void showAbout();
     void showHelp();
 
-    // Runs fn at a command's boundary: a failure is reported and the program goes on.
-    template <typename Fn> void guarded(Fn fn);
     // The program ends now, with app.exitCode, and nothing more is asked or written.
     void endProgram();
     void endIfRequested();
@@ -130,7 +128,8 @@ private:
     QFrame* dispArea_ = nullptr; // the word view's display area, home of its own keys
     QMenu* popup_ = nullptr;
     QAction* showBorders_ = nullptr;
-    std::set<CommandId> installed_; // handlers this window put into App::commandHandlers
+    // The code each command had before this window provided its own, put back when it goes.
+    std::map<CommandId, CommandHandler> installed_;
     std::vector<std::pair<QAction*, CommandId>> actions_;
     std::vector<std::pair<QShortcut*, CommandId>> shortcuts_;
     std::vector<std::pair<QAbstractButton*, CommandId>> buttons_;

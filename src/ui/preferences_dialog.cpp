@@ -1,5 +1,5 @@
 #include "core/app.h"
-#include "core/errors.h"
+#include "core/guarded.h"
 #include "core/preferences.h"
 
 #include "ui/preferences_dialog.h"
@@ -100,11 +100,7 @@ void PreferencesDialog::confirm() {
 }
 
 void PreferencesDialog::save() {
-    try {
-        WriteSettingsFile(app_, settingsPath(app_.userFolder()));
-    } catch (const RunError& e) {
-        app_.dialogs.message(e.report(), "", Buttons::OK, Icon::Critical);
-    }
+    runGuarded(app_, [this] { WriteSettingsFile(app_, settingsPath(app_.userFolder())); });
 }
 
 } // namespace nebkaro

@@ -1,5 +1,5 @@
 #include "core/app.h"
-#include "core/errors.h"
+#include "core/guarded.h"
 #include "translit/trans_table.h"
 #include "translit/typewriter.h"
 
@@ -87,13 +87,11 @@ void SearchTools::showTypewriterBesideMain() {
     t->raise();
     const QRect m = main_->frameGeometry();
     if (first) t->move(t->frameGeometry().x(), m.y());
-    try {
+    runGuarded(app_, [&] {
         const int left = TypewriterLeftBesideMain(m.x() * TwipsPerPixel, m.width() * TwipsPerPixel,
                                                   t->frameGeometry().width() * TwipsPerPixel);
         t->move(left / TwipsPerPixel, t->frameGeometry().y());
-    } catch (const RunError& e) {
-        app_.dialogs.message(e.report(), "", Buttons::OK, Icon::Critical);
-    }
+    });
     fitOnScreen(t);
 }
 

@@ -1,5 +1,5 @@
 #include "core/app.h"
-#include "core/errors.h"
+#include "core/guarded.h"
 
 #include "ui/typewriter_window.h"
 
@@ -95,11 +95,9 @@ void TypewriterWindow::refresh() {
 
 void TypewriterWindow::press(const std::function<bool(App&)>& key) {
     const TypewriterTarget target = app_.typewriterTarget;
-    try {
+    runGuarded(app_, [&] {
         if (key(app_)) Q_EMIT typed(target);
-    } catch (const RunError& e) {
-        app_.dialogs.message(e.report(), "", Buttons::OK, Icon::Critical);
-    }
+    });
 }
 
 } // namespace nebkaro

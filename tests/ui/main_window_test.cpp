@@ -816,7 +816,7 @@ private Q_SLOTS:
         for (auto [name, key] : keys)
             QCOMPARE(p.action(name)->shortcut(), QKeySequence(QLatin1String(key)));
         int finds = 0;
-        InstallCommandHandler(p.app, CommandId::Find, [&finds](App&) { ++finds; });
+        p.app.commands.provide(CommandId::Find, [&finds](App&) { ++finds; });
         QTest::keyClick(p.window.get(), Qt::Key_F, Qt::ControlModifier);
         QCOMPARE(finds, 1);
         // With the menu bar in the focus (Alt, or Escape out of a menu) as well.
