@@ -64,9 +64,3 @@ TEST(SearchDialog, OkRefusesAnEmptyTextAndOtherwiseAcceptsAndHides) {
     EXPECT_EQ(t.app.typewriterTarget, TypewriterTarget::MainTransLit);
     EXPECT_FALSE(t.app.search.visible);
 }
-
-TEST(SearchDialog, NeverNarrowerThanItsMinimum) {
-    const std::pair<int, int> widths[] = {{3000, 4488}, {4487, 4488}, {4488, 4488}, {6000, 6000}};
-    for (auto [asked, width] : widths) EXPECT_EQ(SearchDialogWidth(asked), width) << asked;
-    EXPECT_EQ(SearchTextWidth(6000), 5600);
-}

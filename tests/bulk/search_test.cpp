@@ -97,16 +97,6 @@ TEST(PrepareCriteria, SlashIsAStarBlanksGoAndCaseFolds) {
     }
 }
 
-TEST(PrepareValue, FollowsThePatternsPreparation) {
-    SearchCriteria c;
-    EXPECT_EQ(PrepareValue("of god", c), "OFGOD");
-    EXPECT_EQ(PrepareValue("\u1e25r \u0161", c), "\u1e24R\u0160");
-    c.caseSensitive = 1;
-    EXPECT_EQ(PrepareValue("of god", c), "ofgod");
-    c.ignoreVariants = true;
-    EXPECT_EQ(PrepareValue("A1a - G17 - N35b", c), "A1-G17-N35");
-}
-
 TEST(StripVariants, CutsOneTrailingLetterOfEachPieceOnlyWhenADigitIsFollowedByALetter) {
     struct Row {
         const char* in;
@@ -352,30 +342,6 @@ TEST(FindMatch, WalksEitherWayInclusiveOfBothEnds) {
     EXPECT_EQ(FindMatch(s, c, FieldMeaning, -1, 0, -1), -1);
     EXPECT_EQ(FindAll(s, c, FieldMeaning), (std::vector<int>{1, 3, 5}));
     EXPECT_THROW(FindMatch(s, c, FieldMeaning, 0, 5, 0), RunError);
-}
-
-TEST(FindAll, AgreesWithFindWordForWord) {
-    DictionaryStore s;
-    const std::vector<std::string> values = {"god, king", "godly god", "GOD",  "a god",
-                                             "g-o-d",     "of gods",   "good", ""};
-    for (std::size_t i = 0; i < values.size(); ++i)
-        s.setField(static_cast<int>(i), FieldMeaning, values[i]);
-    s.lastIndex = static_cast<int>(values.size()) - 1;
-    for (const char* text : {"god", "g/d", "g?d", "GOD", "o/", "x"}) {
-        for (int exact : {0, 1}) {
-            for (int word : {0, 1}) {
-                for (int cs : {0, 1}) {
-                    const SearchCriteria c = PrepareCriteria(text, exact, word, cs, false);
-                    std::vector<int> walked;
-                    for (int i = FindMatch(s, c, FieldMeaning, 0, s.lastIndex, 1); i >= 0;
-                         i = i < s.lastIndex ? FindMatch(s, c, FieldMeaning, i + 1, s.lastIndex, 1)
-                                             : -1)
-                        walked.push_back(i);
-                    EXPECT_EQ(FindAll(s, c, FieldMeaning), walked) << text;
-                }
-            }
-        }
-    }
 }
 
 // Found by fuzzing: a blank between the bytes of a broken multibyte character must be taken

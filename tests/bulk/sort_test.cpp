@@ -261,27 +261,3 @@ TEST(Sort, CancelledMenuSortStillDecodesAndReports) {
     EXPECT_EQ(now, words); // decoded again: the same words, partly sorted
     EXPECT_EQ(t.dialogs.prompts.back().text.rfind("Done in ", 0), 0u);
 }
-
-TEST(Sort, SortDialogKeepsItsChoicesAndGivesMinusOneOnCancel) {
-    BulkApp t;
-    EXPECT_EQ(ShowSortDialog(t.app), -1); // loaded, no sort asked for
-    t.windows.onSortDialog = [&] { SortDialogOk(t.app); };
-    EXPECT_EQ(ShowSortDialog(t.app), SortByMeaning); // OK works at once the first time
-    t.app.sortDialog.option = 9;
-    t.app.sortDialog.reverse = true;
-    EXPECT_EQ(ShowSortDialog(t.app), 9);
-    t.windows.onSortDialog = [&] { SortDialogCancel(t.app); };
-    EXPECT_EQ(ShowSortDialog(t.app), -1);
-    EXPECT_EQ(t.app.sortDialog.option, 9);
-    EXPECT_TRUE(t.app.sortDialog.reverse);
-}
-
-TEST(Sort, NumbersAreFormattedAsTheMessagesShowThem) {
-    const std::pair<double, const char*> seconds[] = {{0.0, "0"},        {0.1234, "0.123"},
-                                                      {1.5, "1.5"},      {2.0, "2"},
-                                                      {0.0005, "0.001"}, {12.3456, "12.346"}};
-    for (auto [v, s] : seconds) EXPECT_EQ(FormatSeconds(v), s) << v;
-    const std::pair<long long, const char*> counts[] = {
-        {0, ""}, {1, "1"}, {999, "999"}, {1000, "1,000"}, {12345, "12,345"}, {100001, "100,001"}};
-    for (auto [n, s] : counts) EXPECT_EQ(FormatThousands(n), s) << n;
-}
