@@ -1,12 +1,10 @@
 #include "bulk/array_functions.h"
 #include "bulk_fixture.h"
-#include "core/errors.h"
 #include "core/text.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
 #include <random>
 #include <set>
 
@@ -54,37 +52,7 @@ Rows rowsOf(int column, const std::vector<std::string>& keys) {
     return rows;
 }
 
-std::vector<std::string> col(const Rows& rows, int column) {
-    std::vector<std::string> out;
-    for (const auto& r : rows) out.push_back(r[column]);
-    return out;
-}
-
 } // namespace
-
-TEST(ArrayFunctions, NumberOfDimensionsCountsNestedArrays) {
-    EXPECT_EQ(NumberOfDimensions(std::vector<std::string>{}), 1);
-    EXPECT_EQ(NumberOfDimensions(Rows{}), 2);
-    EXPECT_EQ(NumberOfDimensions(std::vector<std::vector<std::array<int, 2>>>{}), 3);
-    EXPECT_EQ(NumberOfDimensions(42), 0);
-}
-
-TEST(ArrayFunctions, SwapElementsMovesWholeRowsAndChecksBounds) {
-    Rows rows = {{"L", "B", "a", "A1", "t", "m", "c"}, {"R", "E", "b", "B1", "u", "n", "d"}};
-    SwapElements(rows, 0, 1);
-    EXPECT_EQ(rows[0], (WordRecord{"R", "E", "b", "B1", "u", "n", "d"}));
-    EXPECT_EQ(rows[1], (WordRecord{"L", "B", "a", "A1", "t", "m", "c"}));
-    std::vector<std::string> one = {"x", "y"};
-    SwapElements(one, 1, 0);
-    EXPECT_EQ(one, (std::vector<std::string>{"y", "x"}));
-    EXPECT_THROW(SwapRows(rows, 0, 2), RunError);
-}
-
-TEST(ArrayFunctions, CombGapShrinksByOnePointThreeAndSkipsNineAndTen) {
-    const std::pair<int, int> cases[] = {{100, 76}, {16, 12}, {15, 11}, {14, 11}, {13, 11},
-                                         {12, 11},  {11, 8},  {3, 2},   {2, 1},   {1, 1}};
-    for (auto [gap, next] : cases) EXPECT_EQ(NextCombGap(gap), next) << gap;
-}
 
 TEST(ArrayFunctions, CombSortKeepsTheExactOrderOfTheLiteralAlgorithm) {
     // Keys with duplicates and case variants, so that the order of equal keys shows; the
@@ -106,11 +74,14 @@ TEST(ArrayFunctions, CombSortKeepsTheExactOrderOfTheLiteralAlgorithm) {
         const SortOrder order{(round / 2) % 2 == 1, (round / 4) % 2 == 1};
         Rows expected = rowsOf(column, keys);
         Rows actual = expected;
-        const int upper = static_cast<int>(keys.size()) - 2;
+        // Now and then only a leading part of the rows takes part.
+        const int size = static_cast<int>(keys.size());
+        const int upper =
+            round % 5 == 0 && size > 2 ? static_cast<int>(rng() % size) - 1 : size - 2;
         DictionaryStore store;
         for (std::size_t i = 0; i < actual.size(); ++i)
             store.setRow(static_cast<int>(i), actual[i]);
-        store.lastIndex = upper + 1;
+        store.lastIndex = size - 1;
         literalCombSort(expected, column, upper, order);
         CombSort(t.app, actual, column, upper, order);
         ASSERT_EQ(actual, expected) << "round " << round;
@@ -121,126 +92,53 @@ TEST(ArrayFunctions, CombSortKeepsTheExactOrderOfTheLiteralAlgorithm) {
     }
 }
 
-TEST(ArrayFunctions, CombSortOrdersByColumnAndDirection) {
-    struct Case {
-        int column;
-        SortOrder order;
-        std::vector<std::string> in, out;
-    } cases[] = {
-        {FieldMeaning, {false, true}, {"b", "B", "a", "A"}, {"A", "B", "a", "b"}},
-        {FieldMeaning, {true, true}, {"b", "B", "a", "A"}, {"b", "a", "B", "A"}},
-        // Plain text for every column but the Gardiner notation.
-        {FieldMeaning, {false, true}, {"A2", "A10", "A1"}, {"A1", "A10", "A2"}},
-        {FieldGardiner, {false, true}, {"A2", "A10", "A1"}, {"A1", "A2", "A10"}},
-        {FieldGardiner, {true, true}, {"A2", "A10", "A1"}, {"A10", "A2", "A1"}},
-    };
-    for (const auto& c : cases) {
-        Rows rows = rowsOf(c.column, c.in);
-        BulkApp t;
-        CombSort(t.app, rows, c.column, static_cast<int>(rows.size()) - 2, c.order);
-        EXPECT_EQ(col(rows, c.column), c.out);
-    }
-}
-
-TEST(ArrayFunctions, CombSortWithoutCaseTreatsLettersOfBothCasesAlike) {
-    std::vector<std::string> v = {"b", "A", "a", "B", "c"};
-    BulkApp t;
-    CombSort(t.app, v, 0, std::nullopt, {});
-    std::vector<std::string> folded;
-    for (const auto& s : v) folded.push_back(text::upper(s));
-    EXPECT_EQ(folded, (std::vector<std::string>{"A", "A", "B", "B", "C"}));
-}
-
-TEST(ArrayFunctions, CombSortTouchesOnlyTheGivenRange) {
-    // upper is where the last comparison starts: entries 0..upper+1 take part.
-    std::vector<std::string> v = {"d", "c", "b", "a", "0"};
-    BulkApp t;
-    CombSort(t.app, v, 0, 1, {false, true});
-    EXPECT_EQ(v, (std::vector<std::string>{"b", "c", "d", "a", "0"}));
-    CombSort(t.app, v, 0, std::nullopt, {false, true});
-    EXPECT_EQ(v, (std::vector<std::string>{"0", "a", "b", "c", "d"}));
-}
-
-TEST(ArrayFunctions, CombSortOfFewerThanTwoEntriesMakesOnePass) {
-    for (int upper : {-1, -2}) {
-        std::vector<std::string> v = {"z", "a"};
-        BulkApp t;
-        CombSort(t.app, v, 0, upper, {});
-        EXPECT_EQ(t.events.yields, 1);
-        EXPECT_EQ(v, (std::vector<std::string>{"z", "a"}));
-    }
+TEST(ArrayFunctions, CombSortYieldsOncePerPassAndStopsAtOnceWhenCancelled) {
     std::vector<std::string> two = {"z", "a", "0"};
     BulkApp t;
     CombSort(t.app, two, 0, 0, {});
     EXPECT_EQ(two, (std::vector<std::string>{"a", "z", "0"}));
     EXPECT_EQ(t.events.yields, 2); // one pass that swapped, one that did not
-}
 
-TEST(ArrayFunctions, CombSortStopsAtOnceWhenCancelled) {
     std::vector<std::string> v;
     for (int i = 0; i < 200; ++i) v.push_back(std::to_string(1000 - i));
-    const auto before = v;
-    BulkApp t;
-    t.events.onYield = [&] {
-        if (t.events.yields == 2) t.app.sortCancelled = true;
+    BulkApp c;
+    c.events.onYield = [&] {
+        if (c.events.yields == 2) c.app.sortCancelled = true;
     };
-    CombSort(t.app, v, 0, std::nullopt, {});
-    EXPECT_EQ(t.events.yields, 2);
+    CombSort(c.app, v, 0, std::nullopt, {});
+    EXPECT_EQ(c.events.yields, 2);
     EXPECT_FALSE(std::is_sorted(v.begin(), v.end()));
-    EXPECT_TRUE(std::is_permutation(v.begin(), v.end(), before.begin()));
 }
 
 TEST(ArrayFunctions, ExchangeSortShowsTheCounterEveryPassAndComparesPlainText) {
     Rows rows = rowsOf(FieldGardiner, {"A2", "B1", "A10", "A1"});
     BulkApp t;
     ExchangeSort(t.app, rows, FieldGardiner, 2, {false, true});
-    EXPECT_EQ(col(rows, FieldGardiner), (std::vector<std::string>{"A1", "A10", "A2", "B1"}));
+    std::vector<std::string> sorted;
+    for (const auto& r : rows) sorted.push_back(r[FieldGardiner]);
+    EXPECT_EQ(sorted, (std::vector<std::string>{"A1", "A10", "A2", "B1"}));
     EXPECT_EQ(t.windows.counter, (std::vector<int>{2, 2, 2, 2}));
-    EXPECT_EQ(t.events.yields, 4);
-
-    Rows rev = rowsOf(FieldMeaning, {"a", "C", "b"});
-    ExchangeSort(t.app, rev, FieldMeaning, 1, {true, false});
-    EXPECT_EQ(col(rev, FieldMeaning), (std::vector<std::string>{"C", "b", "a"}));
 }
 
-TEST(ArrayFunctions, ShuffleIsTheDescendingFisherYates) {
+TEST(ArrayFunctions, ShuffleIsTheDescendingFisherYatesOverRowsUpToUpper) {
     // Rnd values scripted: i = 3 trades with Int(0.5 * 4) = 2 (a b d c), i = 2 with 0
-    // (d b a c), i = 1 with Int(0.99 * 2) = 1, itself.
+    // (d b a c), i = 1 with Int(0.99 * 2) = 1, itself; "e" lies past upper.
     std::vector<double> rnd = {0.5, 0.0, 0.99};
     std::size_t k = 0;
-    std::vector<std::string> v = {"a", "b", "c", "d"};
-    ShuffleRows(v, std::nullopt, [&] { return rnd.at(k++); });
-    EXPECT_EQ(v, (std::vector<std::string>{"d", "b", "a", "c"}));
+    std::vector<std::string> v = {"a", "b", "c", "d", "e"};
+    ShuffleRows(v, 3, [&] { return rnd.at(k++); });
+    EXPECT_EQ(v, (std::vector<std::string>{"d", "b", "a", "c", "e"}));
     EXPECT_EQ(k, 3u);
-}
 
-TEST(ArrayFunctions, ShuffleMovesOnlyRowsUpToUpper) {
-    for (int upper : {0, 1, 5}) {
-        Rows rows = rowsOf(FieldMeaning, {"a", "b", "c", "d", "e", "f", "g", "h"});
-        const Rows before = rows;
-        int calls = 0;
-        const RandomSource rnd = SeededRandom(3);
-        ShuffleRows(rows, upper, [&] {
-            ++calls;
-            return rnd();
-        });
-        EXPECT_EQ(calls, upper);
-        EXPECT_TRUE(std::is_permutation(rows.begin(), rows.begin() + upper + 1, before.begin()));
-        EXPECT_TRUE(std::equal(rows.begin() + upper + 1, rows.end(), before.begin() + upper + 1));
-    }
-}
-
-TEST(ArrayFunctions, ShuffleReachesEveryOrderAndRepeatsForASeed) {
     std::set<std::vector<std::string>> seen;
     for (std::uint64_t seed = 0; seed < 200; ++seed) {
-        std::vector<std::string> v = {"a", "b", "c"};
-        ShuffleRows(v, std::nullopt, SeededRandom(seed));
-        seen.insert(v);
-        std::vector<std::string> again = {"a", "b", "c"};
-        ShuffleRows(again, std::nullopt, SeededRandom(seed));
-        EXPECT_EQ(v, again);
+        std::vector<std::string> a = {"a", "b", "c"}, b = a;
+        ShuffleRows(a, std::nullopt, SeededRandom(seed));
+        ShuffleRows(b, std::nullopt, SeededRandom(seed));
+        EXPECT_EQ(a, b);
+        seen.insert(a);
     }
-    EXPECT_EQ(seen.size(), 6u);
+    EXPECT_EQ(seen.size(), 6u); // every order is reached
 }
 
 TEST(ArrayFunctions, QuickGardinerOrderAgreesWithTheFullComparison) {

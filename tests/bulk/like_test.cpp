@@ -7,24 +7,14 @@
 
 using namespace nebkaro;
 
-namespace {
-
-struct Case {
-    const char* value;
-    const char* pattern;
-    bool expected;
-};
-
-void expectAll(const std::vector<Case>& cases) {
-    for (const Case& c : cases)
-        EXPECT_EQ(Like(c.value, c.pattern), c.expected)
-            << "'" << c.value << "' Like '" << c.pattern << "'";
-}
-
-} // namespace
-
-TEST(Like, TheWholeValueMustMatchCharacterExact) {
-    expectAll({
+TEST(Like, PatternsAgainstValues) {
+    struct Case {
+        const char* value;
+        const char* pattern;
+        bool expected;
+    };
+    const Case cases[] = {
+        // The whole value must match character exact
         {"abc", "abc", true},
         {"abc", "ab", false},
         {"ab", "abc", false},
@@ -33,11 +23,7 @@ TEST(Like, TheWholeValueMustMatchCharacterExact) {
         {"F", "f", false},
         {"f", "F", false},
         {"F", "FFF", false},
-    });
-}
-
-TEST(Like, StarTakesAnyRunIncludingNone) {
-    expectAll({
+        // Star takes any run including none
         {"", "*", true},
         {"aBBBa", "a*a", true},
         {"aa", "a*a", true},
@@ -51,11 +37,7 @@ TEST(Like, StarTakesAnyRunIncludingNone) {
         {"nfr", "n*r", true},
         {"nfrw", "n*r", false},
         {"anfr", "n*r", false},
-    });
-}
-
-TEST(Like, QuestionMarkAndHashTakeExactlyOneCharacter) {
-    expectAll({
+        // Question mark and hash take exactly one character
         {"BAT123khg", "B?T*", true},
         {"CAT123khg", "B?T*", false},
         {"", "?", false},
@@ -66,11 +48,7 @@ TEST(Like, QuestionMarkAndHashTakeExactlyOneCharacter) {
         {"aXa", "a#a", false},
         {"a22a", "a#a", false},
         {"a\u0663a", "a#a", false}, // an Arabic-Indic three is not one of the ten digits
-    });
-}
-
-TEST(Like, BracketListsAndRanges) {
-    expectAll({
+        // Bracket lists and ranges
         {"F", "[A-Z]", true},
         {"f", "[A-Z]", false},
         {"F", "[!A-Z]", false},
@@ -84,11 +62,7 @@ TEST(Like, BracketListsAndRanges) {
         {"s", "[pqr]", false},
         {"a", "[a-a]", true},
         {"ab", "[ab]", false}, // one character only
-    });
-}
-
-TEST(Like, SpecialCharactersMatchThemselvesOnlyInBrackets) {
-    expectAll({
+        // Special characters match themselves only in brackets
         {"[", "[[]", true},
         {"*", "[*]", true},
         {"x", "[*]", false},
@@ -101,11 +75,7 @@ TEST(Like, SpecialCharactersMatchThemselvesOnlyInBrackets) {
         {"!", "[!!]", false},
         {"a", "[!!]", true},
         {"a#1", "a[#]#", true},
-    });
-}
-
-TEST(Like, HyphenAtEitherEndOfAListIsItself) {
-    expectAll({
+        // Hyphen at either end of a list is itself
         {"-", "[-a]", true},
         {"a", "[-a]", true},
         {"b", "[-a]", false},
@@ -113,20 +83,12 @@ TEST(Like, HyphenAtEitherEndOfAListIsItself) {
         {"b", "[a-]", false},
         {"-", "[!-a]", false},
         {"b", "[!-a]", true},
-    });
-}
-
-TEST(Like, EmptyListsTakeNothingOrAnything) {
-    expectAll({
+        // Empty lists take nothing or anything
         {"ab", "a[]b", true},
         {"axb", "a[]b", false},
         {"x", "[!]", true},
         {"", "[!]", false},
-    });
-}
-
-TEST(Like, CharactersAreCodePointsNotBytes) {
-    expectAll({
+        // Characters are code points not bytes
         {"\u0161m\u0161", "?m?", true}, // šmš
         {"\u0161m\u0161", "???", true},
         {"\u0161m\u0161", "????", false}, // six bytes, three characters
@@ -138,7 +100,10 @@ TEST(Like, CharactersAreCodePointsNotBytes) {
         {"\ua722", "?", true}, // a three-byte letter
         {"\U00013000", "?", true},
         {"a\u0161", "a[!s]", true},
-    });
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(Like(c.value, c.pattern), c.expected)
+            << "'" << c.value << "' Like '" << c.pattern << "'";
 }
 
 TEST(Like, TheLetterClassAToSmallZTakesSixPunctuationMarks) {

@@ -31,12 +31,12 @@ struct SearchWindows : Windows {
     }
 };
 
-struct SearchTest : ::testing::Test {
+struct Searcher {
     TestApp t;
     SearchWindows windows;
     std::vector<int> rendered;
 
-    SearchTest() {
+    Searcher() {
         windows.app = &t.app;
         t.app.windows = &windows;
         t.app.renderWord = [this](App& a) { rendered.push_back(a.store.currentIndex); };
@@ -63,6 +63,8 @@ struct SearchTest : ::testing::Test {
 
     std::vector<std::string> messages() const { return t.dialogs.messages(); }
 };
+
+struct SearchTest : ::testing::Test, Searcher {};
 
 } // namespace
 
@@ -93,16 +95,6 @@ TEST(PrepareCriteria, SlashIsAStarBlanksGoAndCaseFolds) {
         EXPECT_EQ(c.exact, 1);
         EXPECT_EQ(c.exactWord, 0);
     }
-}
-
-TEST(PrepareValue, FollowsThePatternsPreparation) {
-    SearchCriteria c;
-    EXPECT_EQ(PrepareValue("of god", c), "OFGOD");
-    EXPECT_EQ(PrepareValue("\u1e25r \u0161", c), "\u1e24R\u0160");
-    c.caseSensitive = 1;
-    EXPECT_EQ(PrepareValue("of god", c), "ofgod");
-    c.ignoreVariants = true;
-    EXPECT_EQ(PrepareValue("A1a - G17 - N35b", c), "A1-G17-N35");
 }
 
 TEST(StripVariants, CutsOneTrailingLetterOfEachPieceOnlyWhenADigitIsFollowedByALetter) {
@@ -165,156 +157,100 @@ TEST(IsWholeWord, TheFourCasesChosenByTheFirstOccurrence) {
             << r.pos << " '" << r.needle << "' in '" << r.hay << "'";
 }
 
-TEST_F(SearchTest, ExactMatchWithBlanksFindsTheFieldWithoutThem) {
-    words(FieldMeaning, {"a", "abc", "ab"});
-    EXPECT_EQ(find(FieldMeaning, "a b", [](App& a) { SearchSetExact(a, 1); }), 2);
-    EXPECT_EQ(rendered, std::vector<int>{2});
+TEST_F(SearchTest, EachOptionDecidesWhatMatches) {
+    using Options = void (*)(App&);
+    const Options none = [](App&) {}, exact = [](App&a) { SearchSetExact(a, 1); },
+                  word = [](App&a) { SearchSetExactWord(a, 1); },
+                  cased = [](App&a) { a.search.chkCase = 1; },
+                  uncased = [](App&a) { a.search.chkCase = 0; }, variants = [](App&a) {
+                      a.search.chkIgnoreVariants = 1;
+                      SearchSetExact(a, 1);
+                  };
+    struct Row {
+        int field;
+        std::vector<std::string> values;
+        const char* text;
+        Options options;
+        int found; // -1: "Not Found!" and the word on show stays
+    };
+    const Row rows[] = {
+        {FieldMeaning, {"a", "abc", "ab"}, "a b", exact, 2}, // blanks go from both sides
+        {FieldMeaning, {"godly god", "god, king"}, "god", word, 1},
+        {FieldMeaning, {"godly god", "of god"}, "god", word, -1}, // the first occurrence decides
+        {FieldMeaning, {"king", "of god", "godly"}, "ofgod", none, 1},
+        {FieldMeaning, {"king", "of god", "godly"}, "dly", none, 2},
+        {FieldTranslit, {"anfr", "nfrw", "nfr"}, "n/r", cased, 2}, // a wildcard takes it all
+        {FieldMeaning, {"x", "good god"}, "g*d", exact, 1},
+        {FieldMeaning, {"x", "good god"}, "?oodgod", word, 1},
+        // "#" and brackets are themselves unless the text has wildcards.
+        {FieldComment, {"x51", "x#1", "a1", "a[1]b"}, "#1", none, 1},
+        {FieldComment, {"x51", "x#1", "a1", "a[1]b"}, "[1]", none, 3},
+        {FieldComment, {"x51", "x#1", "a1", "a[1]b"}, "x#/", none, 0},
+        {FieldComment, {"x51", "x#1", "a1", "a[1]b"}, "[a]/", none, 2},
+        // Transliteration tells letters apart by case ("H" and "h" are different sounds), so
+        // choosing it checks the box; the user may uncheck it.
+        {FieldTranslit, {"nfr", "ra"}, "RA", none, -1},
+        {FieldTranslit, {"nfr", "ra"}, "RA", uncased, 1},
+        {FieldTranslit, {"Hr", "hr", "nTr"}, "n\u1e6fr", cased, 2}, // scholarly letters
+        {FieldGardiner, {"A1b-G17", "A2", "A1a"}, "A1", variants, 2},
+        {FieldGardiner, {"A1b-G17", "A2", "A1a"}, "A1-G17", variants, 0},
+        {FieldGardiner, {"A1a"}, "A1", exact, -1},
+    };
+    for (const Row& r : rows) {
+        Searcher fresh;
+        fresh.words(r.field, r.values);
+        fresh.t.app.store.currentIndex = static_cast<int>(r.values.size()) - 1;
+        const int at = fresh.find(r.field, r.text, r.options);
+        if (r.found >= 0) {
+            EXPECT_EQ(at, r.found) << r.text;
+            EXPECT_EQ(fresh.rendered, std::vector<int>{r.found}) << r.text;
+            EXPECT_TRUE(fresh.messages().empty()) << r.text;
+        } else {
+            EXPECT_EQ(at, static_cast<int>(r.values.size()) - 1) << r.text;
+            EXPECT_TRUE(fresh.rendered.empty()) << r.text;
+            ASSERT_EQ(fresh.messages(), std::vector<std::string>{"Not Found!"}) << r.text;
+            EXPECT_EQ(fresh.t.dialogs.prompts[0].title, "Not Found");
+        }
+        EXPECT_EQ(fresh.t.app.searchField, r.field);
+    }
 }
 
-TEST_F(SearchTest, ExactWordIsDecidedByTheFirstOccurrence) {
-    words(FieldMeaning, {"godly god", "god, king"});
-    EXPECT_EQ(find(FieldMeaning, "god", [](App& a) { SearchSetExactWord(a, 1); }), 1);
-    words(FieldMeaning, {"godly god", "of god"}); // "ofgod" once the blanks are gone
-    t.app.store.currentIndex = 0;
-    EXPECT_EQ(find(FieldMeaning, "god", [](App& a) { SearchSetExactWord(a, 1); }), 0);
-    EXPECT_EQ(messages(), std::vector<std::string>{"Not Found!"});
-}
-
-TEST_F(SearchTest, WithoutExactOptionsAPartOfTheFieldIsEnough) {
-    words(FieldMeaning, {"king", "of god", "godly"});
-    EXPECT_EQ(find(FieldMeaning, "ofgod"), 1);
-    EXPECT_EQ(find(FieldMeaning, "dly"), 2);
-}
-
-TEST_F(SearchTest, SlashMakesAWildcardThatMustMatchTheWholeValue) {
-    words(FieldTranslit, {"anfr", "nfrw", "nfr"});
-    EXPECT_EQ(find(FieldTranslit, "n/r", [](App& a) { a.search.chkCase = 1; }), 2);
-}
-
-TEST_F(SearchTest, WildcardsIgnoreExactMatchAndExactWord) {
-    words(FieldMeaning, {"x", "good god"});
-    EXPECT_EQ(find(FieldMeaning, "g*d", [](App& a) { SearchSetExact(a, 1); }), 1);
-    t.app.store.currentIndex = 0;
-    EXPECT_EQ(find(FieldMeaning, "?oodgod", [](App& a) { SearchSetExactWord(a, 1); }), 1);
-}
-
-TEST_F(SearchTest, HashAndBracketsAreLiteralUnlessTheTextHasWildcards) {
-    words(FieldComment, {"x51", "x#1", "a1", "a[1]b"});
-    EXPECT_EQ(find(FieldComment, "#1"), 1);
-    EXPECT_EQ(find(FieldComment, "[1]"), 3);
-    EXPECT_EQ(find(FieldComment, "x#/"), 0); // with "/" it is a digit
-    EXPECT_EQ(find(FieldComment, "[a]/"), 2);
-    EXPECT_TRUE(messages().empty());
-}
-
-TEST_F(SearchTest, CaseSensitivityIsTheCheckBox) {
-    words(FieldTranslit, {"nfr", "ra"});
-    // Transliteration tells letters apart by case ("H" and "h" are different sounds), so
-    // choosing it checks the box; the user may uncheck it.
-    EXPECT_EQ(find(FieldTranslit, "RA"), 0);
-    EXPECT_EQ(messages(), std::vector<std::string>{"Not Found!"});
-    EXPECT_EQ(find(FieldTranslit, "RA", [](App& a) { a.search.chkCase = 0; }), 1);
-    // Scholarly letters are the plain ones the words are stored in.
-    words(FieldTranslit, {"Hr", "hr", "nTr"});
-    t.app.store.currentIndex = 0;
-    EXPECT_EQ(find(FieldTranslit, "nṯr", [](App& a) { a.search.chkCase = 1; }), 2);
-    EXPECT_EQ(find(FieldMeaning, "x", [](App& a) { EXPECT_EQ(a.search.chkCase, 0); }), 2);
-}
-
-TEST_F(SearchTest, IgnoreVariantsWithExactMatchFindsAVariant) {
-    words(FieldGardiner, {"A1b-G17", "A2", "A1a"});
-    EXPECT_EQ(find(FieldGardiner, "A1",
-                   [](App& a) {
-                       a.search.chkIgnoreVariants = 1;
-                       SearchSetExact(a, 1);
-                   }),
-              2);
-    t.app.store.currentIndex = 0;
-    EXPECT_EQ(find(FieldGardiner, "A1-G17",
-                   [](App& a) {
-                       a.search.chkIgnoreVariants = 1;
-                       SearchSetExact(a, 1);
-                   }),
-              0);
-    words(FieldGardiner, {"A1a"});
-    EXPECT_EQ(find(FieldGardiner, "A1", [](App& a) { a.search.chkIgnoreVariants = 0; }), 0);
-    EXPECT_EQ(messages(), std::vector<std::string>{"Not Found!"});
-}
-
-TEST_F(SearchTest, TheFieldSearchedIsTheChosenOption) {
-    t.app.store.setField(0, FieldMeaning, "sun");
-    t.app.store.setField(1, FieldComment, "sun");
-    t.app.store.lastIndex = 1;
-    EXPECT_EQ(find(FieldComment, "sun"), 1);
-    EXPECT_EQ(t.app.searchField, FieldComment);
-    EXPECT_EQ(find(FieldMeaning, "sun"), 0);
-    EXPECT_EQ(t.app.searchField, FieldMeaning);
-}
-
-TEST_F(SearchTest, NotFoundLeavesTheCurrentWord) {
-    words(FieldMeaning, {"a", "b", "c"});
-    t.app.store.currentIndex = 1;
-    EXPECT_EQ(find(FieldMeaning, "zz"), 1);
-    ASSERT_EQ(t.dialogs.prompts.size(), 1u);
-    EXPECT_EQ(t.dialogs.prompts[0].text, "Not Found!");
-    EXPECT_EQ(t.dialogs.prompts[0].title, "Not Found");
-    EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Exclamation);
-    EXPECT_TRUE(rendered.empty());
-}
-
-TEST_F(SearchTest, FindNextAndPreviousReuseTheCriteriaAndMoveOnFirst) {
-    words(FieldMeaning, {"sun", "moon", "sun", "star", "sun"});
-    EXPECT_EQ(find(FieldMeaning, "sun"), 0);
-    t.app.search.txtSearch = "moon"; // typed but not accepted: not the criteria
-    FindNextCommand(t.app);
-    EXPECT_EQ(t.app.store.currentIndex, 2);
-    FindNextCommand(t.app);
-    EXPECT_EQ(t.app.store.currentIndex, 4);
-    FindPreviousCommand(t.app);
-    EXPECT_EQ(t.app.store.currentIndex, 2);
-    FindPreviousCommand(t.app);
-    EXPECT_EQ(t.app.store.currentIndex, 0);
-    EXPECT_EQ(rendered, (std::vector<int>{0, 2, 4, 2, 0}));
-    EXPECT_TRUE(messages().empty());
-}
-
-TEST_F(SearchTest, FindNextOnTheLastWordReportsTheEndAndTestsItAgain) {
-    words(FieldMeaning, {"sun", "moon", "sun"});
-    find(FieldMeaning, "sun");
-    t.app.store.currentIndex = 2;
-    FindNextCommand(t.app); // the last word matches: reported, then found again
-    EXPECT_EQ(messages(), std::vector<std::string>{"No more words to search"});
-    EXPECT_EQ(t.dialogs.prompts[0].title, "END OF FILE");
-    EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Information);
-    EXPECT_EQ(t.app.store.currentIndex, 2);
-    EXPECT_EQ(rendered.back(), 2);
-
-    t.dialogs.prompts.clear();
-    words(FieldMeaning, {"sun", "moon"});
-    t.app.store.currentIndex = 1;
-    FindNextCommand(t.app); // the last word does not match: both messages
-    EXPECT_EQ(messages(), (std::vector<std::string>{"No more words to search", "Not Found!"}));
-    EXPECT_EQ(t.app.store.currentIndex, 1);
-}
-
-TEST_F(SearchTest, FindPreviousOnTheFirstWordReportsTheEndAndTestsItAgain) {
-    words(FieldMeaning, {"moon", "sun"});
-    find(FieldMeaning, "moon");
-    FindPreviousCommand(t.app);
-    EXPECT_EQ(messages(), std::vector<std::string>{"No more words to search"});
-    EXPECT_EQ(t.app.store.currentIndex, 0);
-    EXPECT_EQ(rendered, (std::vector<int>{0, 0}));
-}
-
-// A miss returns to the word on show, which stays the word that commands act on.
-TEST_F(SearchTest, AMissGoesBackToTheWordOnShow) {
-    words(FieldMeaning, {"sun", "moon", "star", "comet"});
-    find(FieldMeaning, "star");
-    for (const auto& findAgain : {FindNextCommand, FindPreviousCommand}) {
-        t.app.store.currentIndex = 2;
-        findAgain(t.app);
-        EXPECT_EQ(messages().back(), "Not Found!");
-        EXPECT_EQ(t.app.store.currentIndex, 2);
+TEST_F(SearchTest, FindNextAndPreviousMoveOnFirstAndReportTheEnds) {
+    const std::vector<std::string> suns = {"sun", "moon", "sun", "star", "sun"};
+    struct Row {
+        std::vector<std::string> values;
+        int start;
+        bool next;
+        int found;
+        std::vector<std::string> messages;
+    };
+    const Row rows[] = {
+        {suns, 0, true, 2, {}},
+        {suns, 2, true, 4, {}},
+        {suns, 4, false, 2, {}},
+        {suns, 2, false, 0, {}},
+        // A miss goes back to the word on show, which stays the word that commands act on.
+        {{"moon", "sun", "moon"}, 1, true, 1, {"Not Found!"}},
+        {{"moon", "sun", "moon"}, 1, false, 1, {"Not Found!"}},
+        // At either end the end is reported and the word there is tested again.
+        {{"moon", "sun"}, 1, true, 1, {"No more words to search"}},
+        {{"sun", "moon"}, 0, false, 0, {"No more words to search"}},
+        {{"moon", "sun", "moon"}, 2, true, 2, {"No more words to search", "Not Found!"}},
+    };
+    for (const Row& r : rows) {
+        Searcher fresh;
+        fresh.words(FieldComment, r.values);
+        fresh.find(FieldComment, "sun");
+        fresh.t.app.search.txtSearch = "moon"; // typed but not accepted: not the criteria
+        fresh.t.app.store.currentIndex = r.start;
+        fresh.t.dialogs.prompts.clear();
+        fresh.rendered.clear();
+        (r.next ? FindNextCommand : FindPreviousCommand)(fresh.t.app);
+        SCOPED_TRACE(::testing::Message() << r.start << (r.next ? " next" : " previous"));
+        EXPECT_EQ(fresh.t.app.store.currentIndex, r.found);
+        EXPECT_EQ(fresh.messages(), r.messages);
+        const bool missed = !r.messages.empty() && r.messages.back() == "Not Found!";
+        EXPECT_EQ(fresh.rendered, missed ? std::vector<int>{} : std::vector<int>{r.found});
     }
 }
 
@@ -336,39 +272,16 @@ TEST_F(SearchTest, ProgressAfterEachMissButNotInWildcardSearches) {
 TEST_F(SearchTest, FindAsksToStoreAnEditedWordFirst) {
     InstallEditing(t.app);
     words(FieldMeaning, {"sun", "moon"});
-    t.app.store.currentIndex = 1;
     for (const Answer a : {Answer::No, Answer::Yes}) {
+        t.app.store.currentIndex = 1;
         RenderWord(t.app);
         t.app.view.MeaningTxt = "moonlight";
         t.dialogs.answers = {a};
         find(FieldMeaning, "sun");
-        const Prompt& q = t.dialogs.prompts.front();
-        EXPECT_EQ(q.text, StoreWordQuestion);
-        EXPECT_EQ(q.buttons, Buttons::YesNo);
+        EXPECT_EQ(t.dialogs.prompts.front().text, StoreWordQuestion);
         EXPECT_EQ(t.app.store.field(1, FieldMeaning), a == Answer::Yes ? "moonlight" : "moon");
         t.dialogs.prompts.clear();
-        t.app.store.currentIndex = 1;
     }
-    EXPECT_EQ(windows.dialogShown, 2);
-}
-
-TEST_F(SearchTest, FindAimsTheTypewriterAtTheSearchBoxUntilOk) {
-    words(FieldMeaning, {"sun"});
-    std::vector<TypewriterTarget> whileOpen;
-    windows.user = [&](App& a) {
-        whileOpen.push_back(a.typewriterTarget);
-        a.typewriterTarget = TypewriterTarget::MainTransLit; // the user clicked elsewhere
-        SearchTextFocused(a);
-        whileOpen.push_back(a.typewriterTarget);
-        a.search.txtSearch = "sun";
-        SearchOk(a);
-    };
-    FindCommand(t.app);
-    EXPECT_EQ(whileOpen, (std::vector<TypewriterTarget>{TypewriterTarget::SearchText,
-                                                        TypewriterTarget::SearchText}));
-    EXPECT_EQ(t.app.typewriterTarget, TypewriterTarget::MainTransLit);
-    EXPECT_FALSE(t.app.search.visible);
-    EXPECT_TRUE(t.app.search.loaded); // hidden, kept for the next Find
 }
 
 TEST_F(SearchTest, CancelledOrEmptyDialogSearchesNothing) {
@@ -388,20 +301,6 @@ TEST_F(SearchTest, CancelledOrEmptyDialogSearchesNothing) {
     FindCommand(t.app);
     EXPECT_EQ(messages(), std::vector<std::string>{"You must write something in the search box"});
     EXPECT_TRUE(rendered.empty());
-}
-
-TEST_F(SearchTest, TheDialogKeepsItsEntriesBetweenFinds) {
-    words(FieldMeaning, {"moon", "sun"});
-    find(FieldMeaning, "sun", [](App& a) { SearchSetExact(a, 1); });
-    windows.user = [](App& a) {
-        EXPECT_EQ(a.search.txtSearch, "sun");
-        EXPECT_EQ(a.search.ChkExact, 1);
-        EXPECT_EQ(a.search.option, FieldMeaning);
-        SearchOk(a);
-    };
-    t.app.store.currentIndex = 0;
-    FindCommand(t.app);
-    EXPECT_EQ(t.app.store.currentIndex, 1);
 }
 
 TEST_F(SearchTest, ASecondFindWhileTheDialogIsUpDoesNothing) {
@@ -443,30 +342,6 @@ TEST(FindMatch, WalksEitherWayInclusiveOfBothEnds) {
     EXPECT_EQ(FindMatch(s, c, FieldMeaning, -1, 0, -1), -1);
     EXPECT_EQ(FindAll(s, c, FieldMeaning), (std::vector<int>{1, 3, 5}));
     EXPECT_THROW(FindMatch(s, c, FieldMeaning, 0, 5, 0), RunError);
-}
-
-TEST(FindAll, AgreesWithFindWordForWord) {
-    DictionaryStore s;
-    const std::vector<std::string> values = {"god, king", "godly god", "GOD",  "a god",
-                                             "g-o-d",     "of gods",   "good", ""};
-    for (std::size_t i = 0; i < values.size(); ++i)
-        s.setField(static_cast<int>(i), FieldMeaning, values[i]);
-    s.lastIndex = static_cast<int>(values.size()) - 1;
-    for (const char* text : {"god", "g/d", "g?d", "GOD", "o/", "x"}) {
-        for (int exact : {0, 1}) {
-            for (int word : {0, 1}) {
-                for (int cs : {0, 1}) {
-                    const SearchCriteria c = PrepareCriteria(text, exact, word, cs, false);
-                    std::vector<int> walked;
-                    for (int i = FindMatch(s, c, FieldMeaning, 0, s.lastIndex, 1); i >= 0;
-                         i = i < s.lastIndex ? FindMatch(s, c, FieldMeaning, i + 1, s.lastIndex, 1)
-                                             : -1)
-                        walked.push_back(i);
-                    EXPECT_EQ(FindAll(s, c, FieldMeaning), walked) << text;
-                }
-            }
-        }
-    }
 }
 
 // Found by fuzzing: a blank between the bytes of a broken multibyte character must be taken

@@ -108,7 +108,7 @@ TEST_F(ExchangeTest, ExportedLinesImportBackToTheSameWordsAndNotations) {
         "N35a\tn\twater\tvariant",          "Aa1*D21:N35\txr\tunder\t",
     };
     std::string text;
-    for (const auto& l : lines) text += l + "\n";
+    for (const auto& l : lines) text += l + "\r\n"; // as a Windows editor saves them
     const ImportReport r = ImportMdcLines(app, text);
     EXPECT_EQ(r.added, 6);
     EXPECT_TRUE(r.refused.empty()) << ImportReportText(r);
@@ -159,6 +159,10 @@ TEST_F(ExchangeTest, ImportRefusesLinesItCannotStoreAndSaysWhy) {
     EXPECT_EQ(r.added, 1);
     EXPECT_EQ(app.store.field(1, FieldGardiner), "N35-X1");
     EXPECT_EQ(app.store.field(1, FieldTranslit), "Htp");
+    // Twenty signs are still a word.
+    std::string twenty = "N35";
+    for (int i = 1; i < 20; ++i) twenty += "-N35";
+    EXPECT_EQ(ImportMdcLines(app, twenty + "\ts\tx\n").added, 1);
 }
 
 TEST_F(ExchangeTest, ImportKeepsTheWordOnShowAndTheComposerResults) {

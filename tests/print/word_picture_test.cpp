@@ -32,16 +32,27 @@ struct CountingPictures : SignPictures {
 } // namespace
 
 TEST_F(WordPictureTest, SignsAtNaturalSizeInsideA32TwipMargin) {
-    const WordPicture p = PictureOfRecord(t.pictures, word("L", "B", "A1(0,60) - G17(300,0) "));
-    EXPECT_EQ(p.width, 720 + 64);
-    EXPECT_EQ(p.height, 600 + 64);
-    ASSERT_EQ(p.pictures.size(), 2u);
-    EXPECT_EQ(p.pictures[0].x, 32);
-    EXPECT_EQ(p.pictures[0].y, 92);
-    EXPECT_EQ(p.pictures[0].picture.width, 300);
-    EXPECT_EQ(p.pictures[1].x, 332);
-    EXPECT_EQ(p.pictures[1].y, 32);
-    EXPECT_EQ(p.pictures[1].picture.file, "/pictures/Basic/Left/G17.GIF");
+    struct Case {
+        const char* layout;
+        int width, height;
+        std::vector<std::pair<int, int>> at; // each sign's top left
+    } cases[] = {
+        {"A1(0,60) - G17(300,0) ", 720 + 64, 600 + 64, {{32, 92}, {332, 32}}},
+        // Signs left of or above the origin move the group.
+        {"A1(-100,0) - N35(300,-45) ", 1000 + 64, 540 + 45 + 64, {{32, 77}, {432, 32}}},
+        // Empty codes and empty layouts draw no sign.
+        {" (0,0) - A1(10,0) ", 310 + 64, 540 + 64, {{42, 32}}},
+        {"", 64, 64, {}},
+    };
+    for (const Case& c : cases) {
+        const WordPicture p = PictureOfRecord(t.pictures, word("L", "B", c.layout));
+        SCOPED_TRACE(c.layout);
+        EXPECT_EQ(p.width, c.width);
+        EXPECT_EQ(p.height, c.height);
+        std::vector<std::pair<int, int>> at;
+        for (const auto& pic : p.pictures) at.emplace_back(pic.x, pic.y);
+        EXPECT_EQ(at, c.at);
+    }
 }
 
 TEST_F(WordPictureTest, MatchesThePictureTheWordViewDraws) {
@@ -65,33 +76,6 @@ TEST_F(WordPictureTest, MatchesThePictureTheWordViewDraws) {
     }
 }
 
-TEST_F(WordPictureTest, SignsLeftOfOrAboveTheOriginMoveTheGroup) {
-    const WordPicture p = PictureOfRecord(t.pictures, word("L", "B", "A1(-100,0) - N35(300,-45) "));
-    ASSERT_EQ(p.pictures.size(), 2u);
-    EXPECT_EQ(p.pictures[0].x, 32);
-    EXPECT_EQ(p.pictures[0].y, 32 + 45);
-    EXPECT_EQ(p.pictures[1].x, 32 + 400);
-    EXPECT_EQ(p.pictures[1].y, 32);
-    EXPECT_EQ(p.width, 1000 + 64);
-    EXPECT_EQ(p.height, 540 + 45 + 64);
-}
-
-TEST_F(WordPictureTest, EmptyCodesAndEmptyLayoutsDrawNoSign) {
-    EXPECT_TRUE(PictureOfRecord(t.pictures, word("L", "B", "")).pictures.empty());
-    const WordPicture p = PictureOfRecord(t.pictures, word("L", "B", " (0,0) - A1(10,0) "));
-    ASSERT_EQ(p.pictures.size(), 1u);
-    EXPECT_EQ(p.pictures[0].x, 42);
-    EXPECT_EQ(PictureOfRecord(t.pictures, word("L", "B", "")).width, 64);
-}
-
-TEST_F(WordPictureTest, AnUnreadableLayoutFailsAloneButPrintsWithoutSigns) {
-    EXPECT_THROW(PictureOfRecord(t.pictures, word("L", "B", "A1 0,0 ")), RunError);
-    const PrintWord w = MakePrintWord(t.pictures, 7, word("L", "B", "A1 0,0 "));
-    EXPECT_EQ(w.index, 7);
-    EXPECT_TRUE(w.picture.pictures.empty());
-    EXPECT_EQ(w.record[FieldLayout], "A1 0,0 ");
-}
-
 TEST_F(WordPictureTest, CollectingWordsReadsEachSignOnce) {
     CountingPictures counting;
     CachedSignPictures cached(counting);
@@ -110,5 +94,8 @@ TEST_F(WordPictureTest, CollectingWordsReadsEachSignOnce) {
     EXPECT_EQ(words[0].index, 2);
     EXPECT_EQ(words[0].picture.pictures.at(0).picture.file, "/pictures/Basic/Left/G17.GIF");
     EXPECT_EQ(words[1].index, 0);
+    // A layout that cannot be read fails alone, and its word is printed without signs.
+    EXPECT_THROW(PictureOfRecord(t.pictures, t.app.store.row(1)), RunError);
     EXPECT_TRUE(words[2].picture.pictures.empty());
+    EXPECT_EQ(words[2].record[FieldLayout], "broken");
 }
