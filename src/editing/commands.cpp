@@ -23,14 +23,14 @@ namespace {
 using C = CommandId;
 
 // A change of direction needs a word to turn; the word is stored by SetDirection.
-void turnWord(App& app, std::int16_t wanted, bool markEdited) {
+void turnWord(App& app, FlipMode mode, bool markEdited) {
     // The word turned is the stored word on show, not a new word that waits to be stored.
     if (app.store.newWordPending) OfferToStoreWord(app);
     if (!WordOnShow(app)) {
         ReportNoWordOnShow(app);
         return;
     }
-    SetDirection(app, wanted);
+    SetDirection(app, mode);
     // Only Word > Flip > Left counts the word as being edited afterwards.
     if (markEdited) app.store.editPending = true;
     app.renderWord(app);
@@ -120,16 +120,16 @@ bool runBuiltIn(App& app, CommandId id) {
         return true;
     // The Flip button redraws too: the user expects to see the word turned at once.
     case C::FlipWord:
-        turnWord(app, 2, false);
+        turnWord(app, FlipMode::Invert, false);
         return true;
     case C::DirectionLeft:
-        turnWord(app, 0, true);
+        turnWord(app, FlipMode::Left, true);
         return true;
     case C::DirectionRight:
-        turnWord(app, 1, false);
+        turnWord(app, FlipMode::Right, false);
         return true;
     case C::DirectionInvert:
-        turnWord(app, 2, false);
+        turnWord(app, FlipMode::Invert, false);
         return true;
     case C::AboutDictionary:
         app.windows->showHeaderDialog(app.store.header);

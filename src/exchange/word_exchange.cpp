@@ -119,7 +119,8 @@ ExportText ExportTsv(App& app, const std::vector<int>& words) {
         std::string glyphs;
         try {
             const UnicodeWord u =
-                UnicodeText(PlacedSignsOfRecord(pictures, word), word[FieldDirection] == "L");
+                UnicodeText(PlacedSignsOfRecord(pictures, word),
+                            directionOfLetter(word[FieldDirection]) == Direction::Left);
             glyphs = text::toUtf8(u.text);
             if (!u.missing.empty())
                 out.problems.push_back(wordLabel(w) + ": no Unicode sign for " + u.missing.front());
@@ -220,7 +221,7 @@ ImportReport ImportMdcLines(App& app, const std::string& text) {
         composer.Load();
         composer.ArrangeSigns(notation.signs);
         // One sign is a word too.
-        composer.LastGlyph = std::max<std::int16_t>(composer.LastGlyph, 1);
+        composer.LastGlyph = std::max(composer.LastGlyph, 1);
         composer.OK();
         if (!store.composeAccepted) {
             refuse("there is no sign");
@@ -238,9 +239,9 @@ ImportReport ImportMdcLines(App& app, const std::string& text) {
             refuse("the dictionary is full");
             break;
         }
-        store.setRow(row, {app.settings.directionLeft ? "L" : "R",
-                           app.settings.useBasicLibrary ? "B" : "E", app.layoutText,
-                           app.composedGardiner, translit, fields[2], comment});
+        store.setRow(row,
+                     {directionLetter(app.settings.direction), libraryLetter(app.settings.library),
+                      app.layoutText, app.composedGardiner, translit, fields[2], comment});
         known.insert(key);
         ++report.added;
         store.isChanged = true;

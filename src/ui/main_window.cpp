@@ -82,16 +82,16 @@ QRect pixelRect(int left, int top, int width, int height) {
     return {px(left), px(top), px(width), px(height)};
 }
 
-// Key codes as the word view counts them: Ctrl 17, Shift 16, Alt 18; letters and digits
-// keep their codes, which are the same in both worlds.
+// Key codes as the word view counts them; letters and digits keep their codes, which are the
+// same in both worlds.
 int keyCode(int qtKey) {
     switch (qtKey) {
     case Qt::Key_Control:
         return KeyControl;
     case Qt::Key_Shift:
-        return 16;
+        return KeyShift;
     case Qt::Key_Alt:
-        return 18;
+        return KeyAlt;
     default:
         return qtKey;
     }
@@ -534,9 +534,9 @@ void MainWindow::installHandlers() {
         {CommandId::SortMenu, MenuSortCommand},
         {CommandId::SortGardiner, SortGardinerCommand},
         {CommandId::Shuffle, ShuffleCommand},
-        {CommandId::FlipAllLeft, [](App& a) { FlipAllCommand(a, 0); }},
-        {CommandId::FlipAllRight, [](App& a) { FlipAllCommand(a, 1); }},
-        {CommandId::FlipAllInvert, [](App& a) { FlipAllCommand(a, 2); }},
+        {CommandId::FlipAllLeft, [](App& a) { FlipAllCommand(a, FlipMode::Left); }},
+        {CommandId::FlipAllRight, [](App& a) { FlipAllCommand(a, FlipMode::Right); }},
+        {CommandId::FlipAllInvert, [](App& a) { FlipAllCommand(a, FlipMode::Invert); }},
         {CommandId::Typewriter, [this](App&) { tools_->showTypewriterBesideMain(); }},
         {CommandId::TransTable, [this](App&) { tools_->showTransTable(); }},
         {CommandId::TransGuess, TransGuess},

@@ -58,19 +58,19 @@ TEST(SearchDialog, OptionEffectsKeepTheTransliterationAsymmetry) {
 TEST(SearchDialog, ExactMatchAndExactWordExcludeEachOther) {
     TestApp t;
     SearchDialogState& d = t.app.search;
-    SearchSetExact(t.app, 1);
-    EXPECT_EQ(d.ChkExact, 1);
-    SearchSetExactWord(t.app, 1);
-    EXPECT_EQ(d.chkExactWord, 1);
-    EXPECT_EQ(d.ChkExact, 0);
-    SearchSetExact(t.app, 1);
-    EXPECT_EQ(d.chkExactWord, 0);
-    SearchSetExact(t.app, 0); // unchecking leaves the other alone
-    EXPECT_EQ(d.ChkExact, 0);
-    EXPECT_EQ(d.chkExactWord, 0);
-    SearchSetExactWord(t.app, 1);
-    SearchSetExact(t.app, 0);
-    EXPECT_EQ(d.chkExactWord, 1);
+    SearchSetExact(t.app, true);
+    EXPECT_TRUE(d.ChkExact);
+    SearchSetExactWord(t.app, true);
+    EXPECT_TRUE(d.chkExactWord);
+    EXPECT_FALSE(d.ChkExact);
+    SearchSetExact(t.app, true);
+    EXPECT_FALSE(d.chkExactWord);
+    SearchSetExact(t.app, false); // unchecking leaves the other alone
+    EXPECT_FALSE(d.ChkExact);
+    EXPECT_FALSE(d.chkExactWord);
+    SearchSetExactWord(t.app, true);
+    SearchSetExact(t.app, false);
+    EXPECT_TRUE(d.chkExactWord);
 }
 
 TEST(SearchDialog, OkRefusesAnEmptyTextAndOtherwiseAcceptsAndHides) {
@@ -102,13 +102,13 @@ TEST(SearchDialog, CancelUnloadsAndForgetsTheEntries) {
     TestApp t;
     SearchDialogLoad(t.app);
     t.app.search.txtSearch = "sun";
-    SearchSetExact(t.app, 1);
+    SearchSetExact(t.app, true);
     t.app.searchAccepted = true;
     SearchCancel(t.app);
     EXPECT_FALSE(t.app.searchAccepted);
     EXPECT_FALSE(t.app.search.loaded);
     EXPECT_EQ(t.app.search.txtSearch, "");
-    EXPECT_EQ(t.app.search.ChkExact, 0);
+    EXPECT_FALSE(t.app.search.ChkExact);
 }
 
 TEST(SearchDialog, NeverNarrowerThanItsMinimum) {

@@ -69,7 +69,7 @@ struct SearchTest : ::testing::Test {
 TEST(PrepareCriteria, SlashIsAStarBlanksGoAndCaseFolds) {
     struct Row {
         const char* text;
-        int caseSensitive;
+        bool caseSensitive;
         bool ignoreVariants;
         const char* pattern;
         bool wildcards;
@@ -87,11 +87,12 @@ TEST(PrepareCriteria, SlashIsAStarBlanksGoAndCaseFolds) {
              {"a1a", 1, true, "a1", false},
              {"A1a-G17b", 1, false, "A1a-G17b", false},
          }) {
-        const SearchCriteria c = PrepareCriteria(r.text, 1, 0, r.caseSensitive, r.ignoreVariants);
+        const SearchCriteria c =
+            PrepareCriteria(r.text, true, false, r.caseSensitive, r.ignoreVariants);
         EXPECT_EQ(c.pattern, r.pattern) << r.text;
         EXPECT_EQ(c.hasWildcards, r.wildcards) << r.text;
-        EXPECT_EQ(c.exact, 1);
-        EXPECT_EQ(c.exactWord, 0);
+        EXPECT_TRUE(c.exact);
+        EXPECT_FALSE(c.exactWord);
     }
 }
 
@@ -99,7 +100,7 @@ TEST(PrepareValue, FollowsThePatternsPreparation) {
     SearchCriteria c;
     EXPECT_EQ(PrepareValue("of god", c), "OFGOD");
     EXPECT_EQ(PrepareValue("\u1e25r \u0161", c), "\u1e24R\u0160");
-    c.caseSensitive = 1;
+    c.caseSensitive = true;
     EXPECT_EQ(PrepareValue("of god", c), "ofgod");
     c.ignoreVariants = true;
     EXPECT_EQ(PrepareValue("A1a - G17 - N35b", c), "A1-G17-N35");
@@ -167,16 +168,16 @@ TEST(IsWholeWord, TheFourCasesChosenByTheFirstOccurrence) {
 
 TEST_F(SearchTest, ExactMatchWithBlanksFindsTheFieldWithoutThem) {
     words(FieldMeaning, {"a", "abc", "ab"});
-    EXPECT_EQ(find(FieldMeaning, "a b", [](App& a) { SearchSetExact(a, 1); }), 2);
+    EXPECT_EQ(find(FieldMeaning, "a b", [](App& a) { SearchSetExact(a, true); }), 2);
     EXPECT_EQ(rendered, std::vector<int>{2});
 }
 
 TEST_F(SearchTest, ExactWordIsDecidedByTheFirstOccurrence) {
     words(FieldMeaning, {"godly god", "god, king"});
-    EXPECT_EQ(find(FieldMeaning, "god", [](App& a) { SearchSetExactWord(a, 1); }), 1);
+    EXPECT_EQ(find(FieldMeaning, "god", [](App& a) { SearchSetExactWord(a, true); }), 1);
     words(FieldMeaning, {"godly god", "of god"}); // "ofgod" once the blanks are gone
     t.app.store.currentIndex = 0;
-    EXPECT_EQ(find(FieldMeaning, "god", [](App& a) { SearchSetExactWord(a, 1); }), 0);
+    EXPECT_EQ(find(FieldMeaning, "god", [](App& a) { SearchSetExactWord(a, true); }), 0);
     EXPECT_EQ(messages(), std::vector<std::string>{"Not Found!"});
 }
 
@@ -188,14 +189,14 @@ TEST_F(SearchTest, WithoutExactOptionsAPartOfTheFieldIsEnough) {
 
 TEST_F(SearchTest, SlashMakesAWildcardThatMustMatchTheWholeValue) {
     words(FieldTranslit, {"anfr", "nfrw", "nfr"});
-    EXPECT_EQ(find(FieldTranslit, "n/r", [](App& a) { a.search.chkCase = 1; }), 2);
+    EXPECT_EQ(find(FieldTranslit, "n/r", [](App& a) { a.search.chkCase = true; }), 2);
 }
 
 TEST_F(SearchTest, WildcardsIgnoreExactMatchAndExactWord) {
     words(FieldMeaning, {"x", "good god"});
-    EXPECT_EQ(find(FieldMeaning, "g*d", [](App& a) { SearchSetExact(a, 1); }), 1);
+    EXPECT_EQ(find(FieldMeaning, "g*d", [](App& a) { SearchSetExact(a, true); }), 1);
     t.app.store.currentIndex = 0;
-    EXPECT_EQ(find(FieldMeaning, "?oodgod", [](App& a) { SearchSetExactWord(a, 1); }), 1);
+    EXPECT_EQ(find(FieldMeaning, "?oodgod", [](App& a) { SearchSetExactWord(a, true); }), 1);
 }
 
 TEST_F(SearchTest, HashAndBracketsAreLiteralUnlessTheTextHasWildcards) {
@@ -213,31 +214,31 @@ TEST_F(SearchTest, CaseSensitivityIsTheCheckBox) {
     // choosing it checks the box; the user may uncheck it.
     EXPECT_EQ(find(FieldTranslit, "RA"), 0);
     EXPECT_EQ(messages(), std::vector<std::string>{"Not Found!"});
-    EXPECT_EQ(find(FieldTranslit, "RA", [](App& a) { a.search.chkCase = 0; }), 1);
+    EXPECT_EQ(find(FieldTranslit, "RA", [](App& a) { a.search.chkCase = false; }), 1);
     // Scholarly letters are the plain ones the words are stored in.
     words(FieldTranslit, {"Hr", "hr", "nTr"});
     t.app.store.currentIndex = 0;
-    EXPECT_EQ(find(FieldTranslit, "nṯr", [](App& a) { a.search.chkCase = 1; }), 2);
-    EXPECT_EQ(find(FieldMeaning, "x", [](App& a) { EXPECT_EQ(a.search.chkCase, 0); }), 2);
+    EXPECT_EQ(find(FieldTranslit, "nṯr", [](App& a) { a.search.chkCase = true; }), 2);
+    EXPECT_EQ(find(FieldMeaning, "x", [](App& a) { EXPECT_FALSE(a.search.chkCase); }), 2);
 }
 
 TEST_F(SearchTest, IgnoreVariantsWithExactMatchFindsAVariant) {
     words(FieldGardiner, {"A1b-G17", "A2", "A1a"});
     EXPECT_EQ(find(FieldGardiner, "A1",
                    [](App& a) {
-                       a.search.chkIgnoreVariants = 1;
-                       SearchSetExact(a, 1);
+                       a.search.chkIgnoreVariants = true;
+                       SearchSetExact(a, true);
                    }),
               2);
     t.app.store.currentIndex = 0;
     EXPECT_EQ(find(FieldGardiner, "A1-G17",
                    [](App& a) {
-                       a.search.chkIgnoreVariants = 1;
-                       SearchSetExact(a, 1);
+                       a.search.chkIgnoreVariants = true;
+                       SearchSetExact(a, true);
                    }),
               0);
     words(FieldGardiner, {"A1a"});
-    EXPECT_EQ(find(FieldGardiner, "A1", [](App& a) { a.search.chkIgnoreVariants = 0; }), 0);
+    EXPECT_EQ(find(FieldGardiner, "A1", [](App& a) { a.search.chkIgnoreVariants = false; }), 0);
     EXPECT_EQ(messages(), std::vector<std::string>{"Not Found!"});
 }
 
@@ -392,10 +393,10 @@ TEST_F(SearchTest, CancelledOrEmptyDialogSearchesNothing) {
 
 TEST_F(SearchTest, TheDialogKeepsItsEntriesBetweenFinds) {
     words(FieldMeaning, {"moon", "sun"});
-    find(FieldMeaning, "sun", [](App& a) { SearchSetExact(a, 1); });
+    find(FieldMeaning, "sun", [](App& a) { SearchSetExact(a, true); });
     windows.user = [](App& a) {
         EXPECT_EQ(a.search.txtSearch, "sun");
-        EXPECT_EQ(a.search.ChkExact, 1);
+        EXPECT_TRUE(a.search.ChkExact);
         EXPECT_EQ(a.search.option, FieldMeaning);
         SearchOk(a);
     };
@@ -433,7 +434,7 @@ TEST(FindMatch, WalksEitherWayInclusiveOfBothEnds) {
     DictionaryStore s;
     for (int i = 0; i < 6; ++i) s.setField(i, FieldMeaning, i % 2 ? "sun" : "moon");
     s.lastIndex = 5;
-    const SearchCriteria c = PrepareCriteria("sun", 1, 0, 0, false);
+    const SearchCriteria c = PrepareCriteria("sun", true, false, false, false);
     EXPECT_EQ(FindMatch(s, c, FieldMeaning, 0, 5, 1), 1);
     EXPECT_EQ(FindMatch(s, c, FieldMeaning, 2, 5, 1), 3);
     EXPECT_EQ(FindMatch(s, c, FieldMeaning, 5, 0, -1), 5);
@@ -453,9 +454,9 @@ TEST(FindAll, AgreesWithFindWordForWord) {
         s.setField(static_cast<int>(i), FieldMeaning, values[i]);
     s.lastIndex = static_cast<int>(values.size()) - 1;
     for (const char* text : {"god", "g/d", "g?d", "GOD", "o/", "x"}) {
-        for (int exact : {0, 1}) {
-            for (int word : {0, 1}) {
-                for (int cs : {0, 1}) {
+        for (bool exact : {false, true}) {
+            for (bool word : {false, true}) {
+                for (bool cs : {false, true}) {
                     const SearchCriteria c = PrepareCriteria(text, exact, word, cs, false);
                     std::vector<int> walked;
                     for (int i = FindMatch(s, c, FieldMeaning, 0, s.lastIndex, 1); i >= 0;
@@ -473,6 +474,6 @@ TEST(FindAll, AgreesWithFindWordForWord) {
 // out of the value before upper-casing, as it is taken out of the pattern.
 TEST(PrepareValue, AgreesWithThePatternOnBrokenUtf8) {
     const std::string text = "\xe2\xe2 \xd0 \x95";
-    const SearchCriteria c = PrepareCriteria(text, 1, 0, 0, false);
+    const SearchCriteria c = PrepareCriteria(text, true, false, false, false);
     EXPECT_EQ(PrepareValue(text, c), c.pattern);
 }

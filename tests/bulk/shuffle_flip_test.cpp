@@ -106,7 +106,7 @@ TEST(FlipAllWords, WarningCountsTheWordsWithThousandsSeparators) {
         BulkApp t;
         t.app.store.lastIndex = last;
         t.dialogs.answers = {Answer::Cancel};
-        FlipAllCommand(t.app, 2);
+        FlipAllCommand(t.app, FlipMode::Invert);
         ASSERT_EQ(t.dialogs.prompts.size(), 1u);
         EXPECT_EQ(t.dialogs.prompts[0].text, text);
         EXPECT_EQ(t.dialogs.prompts[0].title, "Warning");
@@ -118,13 +118,13 @@ TEST(FlipAllWords, WarningCountsTheWordsWithThousandsSeparators) {
 
 TEST(FlipAllWords, FlipsEveryWordAndComesBackToTheCurrentOne) {
     struct Case {
-        int mode;
+        FlipMode mode;
         std::vector<std::string> before, after;
         bool editPending;
     } cases[] = {
-        {0, {"L", "R", "R"}, {"L", "L", "L"}, true},
-        {1, {"L", "R", "L"}, {"R", "R", "R"}, false},
-        {2, {"L", "R", "L"}, {"R", "L", "R"}, false},
+        {FlipMode::Left, {"L", "R", "R"}, {"L", "L", "L"}, true},
+        {FlipMode::Right, {"L", "R", "L"}, {"R", "R", "R"}, false},
+        {FlipMode::Invert, {"L", "R", "L"}, {"R", "L", "R"}, false},
     };
     for (const auto& c : cases) {
         BulkApp t;
@@ -157,7 +157,7 @@ TEST(FlipAllWords, CancelStopsAfterTheCurrentWord) {
         if (t.events.yields == 3) t.app.sortCancelled = true;
     };
     t.dialogs.answers = {Answer::OK};
-    FlipAllCommand(t.app, 2);
+    FlipAllCommand(t.app, FlipMode::Invert);
     // Words 0..2 were flipped before the third yield; word 3 is the one in hand when the
     // Cancel is seen.
     EXPECT_EQ(t.column(FieldDirection),
@@ -173,7 +173,7 @@ TEST(FlipAllWords, AWordWithoutSignsIsReportedAndTheCurrentWordComesBack) {
     words[1][FieldLayout] = "";
     t.setWords(words);
     t.dialogs.answers = {Answer::OK};
-    FlipAllCommand(t.app, 1);
+    FlipAllCommand(t.app, FlipMode::Right);
     // The word that failed is left whole: its direction did not change without its signs.
     EXPECT_EQ(t.column(FieldDirection), (std::vector<std::string>{"R", "L", "L"}));
     EXPECT_EQ(t.dialogs.prompts.back().text, "5  Invalid procedure call or argument");

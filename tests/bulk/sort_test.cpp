@@ -54,7 +54,7 @@ void literalToolbarSort(std::vector<WordRecord>& rows, int last, int field, Sort
 
 enum class Which { Toolbar, Menu };
 
-void runSort(BulkApp& t, Which which, int field, bool reverse = false, bool cs = true) {
+void runSort(BulkApp& t, Which which, SortField field, bool reverse = false, bool cs = true) {
     t.choose(field, reverse, cs);
     if (t.app.store.isChanged) t.dialogs.answers.push_back(Answer::No); // save first?
     if (which == Which::Menu) t.dialogs.answers.push_back(Answer::Yes); // proceed
@@ -83,7 +83,7 @@ TEST(Sort, ToolbarOrderIsTheOrderOfTheExchangePasses) {
 
         BulkApp t;
         t.setWords(rows);
-        ToolbarSort(t.app, field, order);
+        ToolbarSort(t.app, static_cast<SortField>(field), order);
         for (int i = 0; i < n; ++i) ASSERT_EQ(t.app.store.row(i), expected[i]) << "round " << round;
         if (n > 1) {
             EXPECT_EQ(t.windows.counter.back(), 0);
@@ -94,30 +94,51 @@ TEST(Sort, ToolbarOrderIsTheOrderOfTheExchangePasses) {
 TEST(Sort, BothSortsOrderByTheChosenFieldAndDirection) {
     struct Case {
         Which which;
-        int field;
+        SortField field;
         bool reverse;
         bool caseSensitive;
         Strings in, out;
     } cases[] = {
         // The tool bar compares Gardiner notations as text, the menu in Gardiner order.
-        {Which::Toolbar, 3, false, true, {"A2", "A10", "A1"}, {"A1", "A10", "A2"}},
-        {Which::Menu, 3, false, true, {"A2", "A10", "A1"}, {"A1", "A2", "A10"}},
-        {Which::Toolbar, 3, true, true, {"A2", "A10", "A1"}, {"A2", "A10", "A1"}},
-        {Which::Menu, 3, true, true, {"A2", "A10", "A1"}, {"A10", "A2", "A1"}},
-        {Which::Toolbar, 5, true, true, {"b", "c", "a"}, {"c", "b", "a"}},
-        {Which::Menu, 5, true, true, {"b", "c", "a"}, {"c", "b", "a"}},
-        {Which::Toolbar, 6, false, true, {"b", "a", "B", "A"}, {"A", "B", "a", "b"}},
-        {Which::Menu, 6, false, true, {"b", "a", "B", "A"}, {"A", "B", "a", "b"}},
+        {Which::Toolbar,
+         SortField::Gardiner,
+         false,
+         true,
+         {"A2", "A10", "A1"},
+         {"A1", "A10", "A2"}},
+        {Which::Menu, SortField::Gardiner, false, true, {"A2", "A10", "A1"}, {"A1", "A2", "A10"}},
+        {Which::Toolbar, SortField::Gardiner, true, true, {"A2", "A10", "A1"}, {"A2", "A10", "A1"}},
+        {Which::Menu, SortField::Gardiner, true, true, {"A2", "A10", "A1"}, {"A10", "A2", "A1"}},
+        {Which::Toolbar, SortField::Meaning, true, true, {"b", "c", "a"}, {"c", "b", "a"}},
+        {Which::Menu, SortField::Meaning, true, true, {"b", "c", "a"}, {"c", "b", "a"}},
+        {Which::Toolbar,
+         SortField::Comment,
+         false,
+         true,
+         {"b", "a", "B", "A"},
+         {"A", "B", "a", "b"}},
+        {Which::Menu, SortField::Comment, false, true, {"b", "a", "B", "A"}, {"A", "B", "a", "b"}},
         // Without case sensitivity 'a' and 'A' are equal: the tool-bar sort keeps their order.
-        {Which::Toolbar, 5, false, false, {"b", "a", "B", "A"}, {"a", "A", "b", "B"}},
-        {Which::Toolbar, 4, true, false, {"b", "a", "B", "A"}, {"b", "B", "a", "A"}},
+        {Which::Toolbar,
+         SortField::Meaning,
+         false,
+         false,
+         {"b", "a", "B", "A"},
+         {"a", "A", "b", "B"}},
+        {Which::Toolbar,
+         SortField::Translit,
+         true,
+         false,
+         {"b", "a", "B", "A"},
+         {"b", "B", "a", "A"}},
     };
     for (const auto& c : cases) {
         BulkApp t;
-        t.setField(c.field, c.in);
+        const int column = sortColumn(c.field);
+        t.setField(column, c.in);
         runSort(t, c.which, c.field, c.reverse, c.caseSensitive);
-        EXPECT_EQ(t.column(c.field), c.out) << (c.which == Which::Menu ? "menu " : "tool bar ")
-                                            << c.field << (c.reverse ? " reverse" : "");
+        EXPECT_EQ(t.column(column), c.out) << (c.which == Which::Menu ? "menu " : "tool bar ")
+                                           << column << (c.reverse ? " reverse" : "");
         EXPECT_TRUE(t.app.store.isChanged);
     }
 }
@@ -125,7 +146,7 @@ TEST(Sort, BothSortsOrderByTheChosenFieldAndDirection) {
 TEST(Sort, TheExchangeSortAlternativeComparesPlainText) {
     BulkApp t;
     t.setField(3, {"A2", "b", "A10", "A1"});
-    MenuSort(t.app, 3, {false, true}, 1);
+    MenuSort(t.app, SortField::Gardiner, {false, true}, 1);
     EXPECT_EQ(t.column(3), (Strings{"A1", "A10", "A2", "b"}));
     EXPECT_EQ(t.windows.counter.front(), 2);
 }
@@ -133,7 +154,7 @@ TEST(Sort, TheExchangeSortAlternativeComparesPlainText) {
 TEST(Sort, MenuSortWithoutCaseFoldsBothCases) {
     BulkApp t;
     t.setField(5, {"b", "A", "c", "a", "B"});
-    runSort(t, Which::Menu, 5, false, false);
+    runSort(t, Which::Menu, SortField::Meaning, false, false);
     Strings folded;
     for (const auto& s : t.column(5)) folded.push_back(text::upper(s));
     EXPECT_EQ(folded, (Strings{"A", "A", "B", "B", "C"}));
@@ -146,7 +167,7 @@ TEST(Sort, SmallDictionariesMoveOnlyTheirOwnWords) {
             BulkApp t;
             t.setField(5, words);
             t.app.store.setRow(static_cast<int>(words.size()), {"L", "B", "", "", "", "0", ""});
-            runSort(t, which, 5);
+            runSort(t, which, SortField::Meaning);
             Strings sorted = words;
             std::sort(sorted.begin(), sorted.end());
             EXPECT_EQ(t.column(5), sorted);
@@ -173,15 +194,15 @@ TEST(Sort, ClassicOrderFollowsTheTableAndGivesTheWordsBack) {
             BulkApp t;
             loadClassicTable(t.app);
             t.setField(4, shuffled);
-            runSort(t, which, SortByClassic, false, cs);
+            runSort(t, which, SortField::Classic, false, cs);
             EXPECT_EQ(t.column(4), classic);
-            runSort(t, which, SortByClassic, true, cs);
+            runSort(t, which, SortField::Classic, true, cs);
             EXPECT_EQ(t.column(4), Strings(classic.rbegin(), classic.rend()));
         }
     // The mdc order of the same words is the plain character order.
     BulkApp t;
     t.setField(4, classic);
-    runSort(t, Which::Menu, SortByTranslit);
+    runSort(t, Which::Menu, SortField::Translit);
     Strings plain = classic;
     std::sort(plain.begin(), plain.end());
     EXPECT_EQ(t.column(4), plain);
@@ -192,7 +213,7 @@ TEST(Sort, ACharacterBeyondTheClassicTableIsReportedAndLeavesEveryWordAsItWas) {
         BulkApp t;
         loadClassicTable(t.app);
         t.setField(4, {"nfr", "Hꜣt", "anx"});
-        runSort(t, which, SortByClassic);
+        runSort(t, which, SortField::Classic);
         ASSERT_FALSE(t.dialogs.prompts.empty());
         const Prompt& p = t.dialogs.prompts.back();
         EXPECT_EQ(p.text, "9  Subscript out of range");
@@ -205,7 +226,7 @@ TEST(Sort, ACharacterBeyondTheClassicTableIsReportedAndLeavesEveryWordAsItWas) {
 TEST(Sort, MenuSortOrdersNotationsThatBeginOthersAndCodesWithoutNumbers) {
     BulkApp t;
     t.setField(3, {"M23-X1-N35-R4-X1-Q3-X8", "B1", "M23-X1-N35", "A1-G17", "A1", "A", "M23-G39"});
-    runSort(t, Which::Menu, SortByGardiner);
+    runSort(t, Which::Menu, SortField::Gardiner);
     EXPECT_EQ(t.column(3), (Strings{"A", "A1", "A1-G17", "B1", "M23-G39", "M23-X1-N35",
                                     "M23-X1-N35-R4-X1-Q3-X8"}));
     EXPECT_EQ(t.dialogs.prompts.back().text.rfind("Done in ", 0), 0u);
@@ -233,7 +254,7 @@ TEST(Sort, ToolbarSortAsksToSaveOnceWithoutIconOrTitle) {
         t.app.store.currentIndex = 1;
         RenderWord(t.app);
         for (Answer a : c.answers) t.dialogs.answers.push_back(a);
-        t.choose(5);
+        t.choose(SortField::Meaning);
         SortCommand(t.app);
         int questions = 0;
         for (const auto& p : t.dialogs.prompts)
@@ -265,7 +286,7 @@ TEST(Sort, MenuSortAsksSavesConfirmsAndReportsTheTime) {
     RenderWord(t.app);
     t.app.store.composeAccepted = true;
     t.dialogs.answers = {Answer::Yes, Answer::Yes};
-    t.choose(5);
+    t.choose(SortField::Meaning);
     MenuSortCommand(t.app);
     const auto& p = t.dialogs.prompts;
     ASSERT_EQ(p.size(), 3u);
@@ -304,7 +325,7 @@ TEST(Sort, MenuSortEndsQuietlyOnNoCancelOrACancelledDialog) {
         t.setField(5, {"b", "a"});
         t.app.store.isChanged = c.changed;
         t.dialogs.answers.assign(c.answers.begin(), c.answers.end());
-        if (c.dialogOk) t.choose(5);
+        if (c.dialogOk) t.choose(SortField::Meaning);
         MenuSortCommand(t.app);
         EXPECT_EQ(t.column(5), (Strings{"b", "a"}));
         EXPECT_TRUE(t.windows.progress.empty());
@@ -320,7 +341,7 @@ TEST(Sort, CancelledMenuSortStillDecodesAndReports) {
         words.push_back(std::string(1, ClassicLetters[(i * 7) % 25]) + "nx");
     t.setField(4, words);
     t.events.onYield = [&] { t.app.sortCancelled = true; };
-    runSort(t, Which::Menu, SortByClassic);
+    runSort(t, Which::Menu, SortField::Classic);
     EXPECT_EQ(t.events.yields, 1);
     Strings now = t.column(4);
     std::sort(now.begin(), now.end());
@@ -330,22 +351,22 @@ TEST(Sort, CancelledMenuSortStillDecodesAndReports) {
     EXPECT_FALSE(t.app.sortCancelled);
 }
 
-TEST(Sort, SortDialogKeepsItsChoicesAndGivesMinusOneOnCancel) {
+TEST(Sort, SortDialogKeepsItsChoicesAndGivesNoneOnCancel) {
     BulkApp t;
-    EXPECT_EQ(ShowSortDialog(t.app), -1); // loaded, no sort asked for
+    EXPECT_EQ(ShowSortDialog(t.app), SortField::None); // loaded, no sort asked for
     t.windows.onSortDialog = [&] { SortDialogOk(t.app); };
-    EXPECT_EQ(ShowSortDialog(t.app), SortByMeaning); // OK works at once the first time
-    t.app.sortDialog.option = 9;
+    EXPECT_EQ(ShowSortDialog(t.app), SortField::Meaning); // OK works at once the first time
+    t.app.sortDialog.option = SortField::Classic;
     t.app.sortDialog.reverse = true;
     t.windows.onSortDialog = [&] { SortDialogOk(t.app); };
-    EXPECT_EQ(ShowSortDialog(t.app), 9);
+    EXPECT_EQ(ShowSortDialog(t.app), SortField::Classic);
     t.windows.onSortDialog = [&] { SortDialogCancel(t.app); };
-    EXPECT_EQ(ShowSortDialog(t.app), -1);
-    EXPECT_EQ(t.app.sortDialog.option, 9);
+    EXPECT_EQ(ShowSortDialog(t.app), SortField::None);
+    EXPECT_EQ(t.app.sortDialog.option, SortField::Classic);
     EXPECT_TRUE(t.app.sortDialog.reverse);
-    t.app.sortDialog.option = -1;
+    t.app.sortDialog.option = SortField::None;
     t.windows.onSortDialog = [&] { SortDialogOk(t.app); };
-    EXPECT_EQ(ShowSortDialog(t.app), -1);
+    EXPECT_EQ(ShowSortDialog(t.app), SortField::None);
 }
 
 TEST(Sort, NumbersAreFormattedAsTheMessagesShowThem) {

@@ -94,7 +94,7 @@ private Q_SLOTS:
         folder.write("Basic/Left/Z/Z9.GIF", gif(10, 10)); // no glyph for Z9
         FolderSignPictures pictures(folder.path());
         for (const char* code : {"A1", "Z9"}) {
-            const SignPicture p = pictures.picture("Basic", "Left", code);
+            const SignPicture p = pictures.picture(Library::Basic, Direction::Left, code);
             QVERIFY(p.ok);
             QVERIFY2(SignOutline(p).isEmpty(), code);
             const QImage big = SignImage(p, 4);
@@ -108,7 +108,7 @@ private Q_SLOTS:
         int x = 30;
         for (const char* code : {"A1", "G17", "N35"}) {
             PlacedPicture p;
-            p.picture = pictures.picture("Basic", "Left", code);
+            p.picture = pictures.picture(Library::Basic, Direction::Left, code);
             p.x = x;
             p.y = 30;
             x += p.picture.width + 45;
