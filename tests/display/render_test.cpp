@@ -199,5 +199,5 @@ TEST_F(RenderTest, SetDirectionTurnsOnlyAWordFacingTheOtherWay) {
 TEST_F(RenderTest, FlippingAWordWithoutSignsFails) {
     word(0, "L", "");
     RenderWord(t.app);
-    EXPECT_THROW(SetDirection(t.app, 2), RunError);
+    EXPECT_THROW(SetDirection(t.app, FlipMode::Invert), RunError);
 }
