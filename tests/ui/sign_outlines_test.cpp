@@ -62,12 +62,13 @@ private Q_SLOTS:
         while (!table.atEnd()) {
             const QByteArray line = table.readLine().trimmed();
             const std::string code = line.mid(1, line.indexOf(',') - 2).toStdString();
-            for (const char* library : {"Basic", "Extended"}) {
-                for (const char* direction : {"Left", "Right"}) {
+            for (const Library library : {Library::Basic, Library::Extended}) {
+                for (const Direction direction : {Direction::Left, Direction::Right}) {
                     const SignPicture p = pictures.picture(library, direction, code);
                     if (!p.ok) continue;
                     ++checked;
-                    QVERIFY2(!SignOutline(p).isEmpty(), (code + " " + library).c_str());
+                    QVERIFY2(!SignOutline(p).isEmpty(),
+                             (code + " " + libraryName(library)).c_str());
                     // At 100 % the outline covers the picture's ink, facing the same way.
                     if (checked % 97 != 0) continue;
                     ++compared;
@@ -77,7 +78,8 @@ private Q_SLOTS:
                     QVERIFY(PaintSignOutline(painter, p, QRectF(outline.rect())));
                     painter.end();
                     const QImage picture(QString::fromStdString(p.file.string()));
-                    QVERIFY2(sharedInk(picture, outline) >= 0.75, (code + " " + direction).c_str());
+                    QVERIFY2(sharedInk(picture, outline) >= 0.75,
+                             (code + " " + directionName(direction)).c_str());
                 }
             }
         }
