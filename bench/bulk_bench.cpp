@@ -18,7 +18,7 @@ BenchApp& fresh() {
     if (!b) {
         b = std::make_unique<BenchApp>();
         InstallEditing(b->app);
-        LoadSignList(b->app.lists, b->app.home, true);
+        LoadSignList(b->app.lists, b->app.home, Library::Basic);
         LoadTrans2Code(b->app.lists, b->app.home);
     }
     return *b;
@@ -36,12 +36,12 @@ template <class Work> void onFreshCopy(benchmark::State& state, Work work) {
 } // namespace
 
 static void BM_MenuSortMeaning(benchmark::State& s) {
-    onFreshCopy(s, [](App& a) { MenuSort(a, SortByMeaning, {}); });
+    onFreshCopy(s, [](App& a) { MenuSort(a, SortField::Meaning, {}); });
 }
 BENCHMARK(BM_MenuSortMeaning)->Unit(benchmark::kMillisecond);
 
 static void BM_MenuSortClassic(benchmark::State& s) {
-    onFreshCopy(s, [](App& a) { MenuSort(a, SortByClassic, {}); });
+    onFreshCopy(s, [](App& a) { MenuSort(a, SortField::Classic, {}); });
 }
 BENCHMARK(BM_MenuSortClassic)->Unit(benchmark::kMillisecond);
 
@@ -63,13 +63,13 @@ static void BM_MenuSortGardiner(benchmark::State& s) {
             store.setField(w, FieldGardiner, g);
         }
         s.ResumeTiming();
-        MenuSort(b.app, SortByGardiner, {});
+        MenuSort(b.app, SortField::Gardiner, {});
     }
 }
 BENCHMARK(BM_MenuSortGardiner)->Unit(benchmark::kMillisecond);
 
 static void BM_ToolbarSortMeaning(benchmark::State& s) {
-    onFreshCopy(s, [](App& a) { ToolbarSort(a, SortByMeaning, {}); });
+    onFreshCopy(s, [](App& a) { ToolbarSort(a, SortField::Meaning, {}); });
 }
 BENCHMARK(BM_ToolbarSortMeaning)->Unit(benchmark::kMillisecond);
 
@@ -79,7 +79,7 @@ static void BM_Shuffle(benchmark::State& s) {
 BENCHMARK(BM_Shuffle)->Unit(benchmark::kMillisecond);
 
 static void BM_FlipAll(benchmark::State& s) {
-    onFreshCopy(s, [](App& a) { FlipAll(a, 2); });
+    onFreshCopy(s, [](App& a) { FlipAll(a, FlipMode::Invert); });
 }
 BENCHMARK(BM_FlipAll)->Unit(benchmark::kMillisecond)->Iterations(1);
 

@@ -33,7 +33,7 @@ BENCHMARK(BM_Save)->Unit(benchmark::kMillisecond);
 static void BM_LoadExtendedSignList(benchmark::State& state) {
     SignLists lists;
     for (auto _ : state) {
-        LoadSignList(lists, NEBKARO_HOME, false);
+        LoadSignList(lists, NEBKARO_HOME, Library::Extended);
         benchmark::DoNotOptimize(lists.signCount);
     }
     state.counters["signs"] = lists.signCount;

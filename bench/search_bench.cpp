@@ -9,9 +9,9 @@ using namespace nebkaro;
 using namespace nebkaro::bench;
 
 namespace {
-void search(benchmark::State& state, int field, const char* text, int exact, int exactWord) {
+void search(benchmark::State& state, int field, const char* text, bool exact, bool exactWord) {
     BenchApp& b = loaded();
-    const SearchCriteria c = PrepareCriteria(text, exact, exactWord, 0, false);
+    const SearchCriteria c = PrepareCriteria(text, exact, exactWord, false, false);
     int found = 0;
     for (auto _ : state) {
         found = FindMatch(b.app.store, c, field, 0, b.app.store.lastIndex, 1, [](float) {});
@@ -21,19 +21,19 @@ void search(benchmark::State& state, int field, const char* text, int exact, int
 }
 } // namespace
 
-BENCHMARK_CAPTURE(search, meaning_substring_nowhere, FieldMeaning, "zzzz", 0, 0)
+BENCHMARK_CAPTURE(search, meaning_substring_nowhere, FieldMeaning, "zzzz", false, false)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(search, meaning_exact_word_nowhere, FieldMeaning, "zzzz", 0, 1)
+BENCHMARK_CAPTURE(search, meaning_exact_word_nowhere, FieldMeaning, "zzzz", false, true)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(search, meaning_exact_nowhere, FieldMeaning, "zzzz", 1, 0)
+BENCHMARK_CAPTURE(search, meaning_exact_nowhere, FieldMeaning, "zzzz", true, false)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(search, meaning_wildcard_nowhere, FieldMeaning, "zz*q?", 0, 0)
+BENCHMARK_CAPTURE(search, meaning_wildcard_nowhere, FieldMeaning, "zz*q?", false, false)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(search, translit_substring_nowhere, FieldTranslit, "qqqqqq", 0, 0)
+BENCHMARK_CAPTURE(search, translit_substring_nowhere, FieldTranslit, "qqqqqq", false, false)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(search, gardiner_substring_nowhere, FieldGardiner, "Q999", 0, 0)
+BENCHMARK_CAPTURE(search, gardiner_substring_nowhere, FieldGardiner, "Q999", false, false)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(search, comment_substring_nowhere, FieldComment, "zzzz", 0, 0)
+BENCHMARK_CAPTURE(search, comment_substring_nowhere, FieldComment, "zzzz", false, false)
     ->Unit(benchmark::kMillisecond);
 
 // The Search dialog's Find All list as the user types "god of": one whole-dictionary search
@@ -44,7 +44,8 @@ static void BM_FindAllAsYouType(benchmark::State& state) {
     std::size_t found = 0;
     for (auto _ : state) {
         for (std::size_t n = 1; n <= typed.size(); ++n) {
-            const SearchCriteria c = PrepareCriteria(typed.substr(0, n), 0, 0, 0, false);
+            const SearchCriteria c =
+                PrepareCriteria(typed.substr(0, n), false, false, false, false);
             found = FindAll(b.app.store, c, FieldMeaning).size();
             benchmark::DoNotOptimize(found);
         }

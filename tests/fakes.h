@@ -118,10 +118,10 @@ public:
 class FakeSignPictures : public SignPictures {
 public:
     std::map<std::string, std::pair<int, int>> sizes;
-    SignPicture picture(const std::string& library, const std::string& direction,
-                        const std::string& code) override {
+    SignPicture picture(Library library, Direction direction, const std::string& code) override {
         SignPicture p;
-        p.file = std::filesystem::path("/pictures") / library / direction / (code + ".GIF");
+        p.file = std::filesystem::path("/pictures") / libraryName(library) /
+                 directionName(direction) / (code + ".GIF");
         auto it = sizes.find(code);
         if (it == sizes.end()) {
             p.width = p.height = FolderSignPictures::EmptySlotSize;

@@ -90,9 +90,9 @@ void SignBrowser::Paint() {
     else
         pageLetter = 0;
 
-    lblLibrary = std::string(app_.settings.useBasicLibrary ? "Basic" : "Extended") + " Library";
-    const std::string library = app_.settings.useBasicLibrary ? "Basic" : "Extended";
-    const std::string direction = app_.settings.directionLeft ? "Left" : "Right";
+    const Library library = app_.settings.library;
+    const Direction direction = app_.settings.direction;
+    lblLibrary = libraryName(library) + " Library";
 
     const int category = pageLetter >= 64 ? static_cast<int>(pageLetter) - 64 : -1;
     if (category >= 0 && category < CategoryCount) {
@@ -144,7 +144,7 @@ void SignBrowser::Paint() {
         p.tooltip = tooltipFor(code);
         ++shown;
     }
-    pageCount = static_cast<std::int16_t>(shown);
+    pageCount = shown;
 }
 
 void SignBrowser::goTo(std::int32_t start) {

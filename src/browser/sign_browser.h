@@ -82,7 +82,7 @@ public:
 
     // Entry number of the first sign on the page, and how many the page shows.
     std::int32_t pageStart = 1;
-    std::int16_t pageCount = 0;
+    int pageCount = 0;
     // The letter of the page's category ('@' for the monoliterals), 0 for an empty page.
     char32_t pageLetter = 0;
     std::array<BrowserPicture, PageSize> picGlyph{};

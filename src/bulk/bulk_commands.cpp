@@ -67,13 +67,15 @@ void ShuffleDictionary(App& app, std::optional<std::uint64_t> seed) {
     app.renderWord(app);
 }
 
-void FlipAll(App& app, int mode) {
+void FlipAll(App& app, FlipMode mode) {
     DictionaryStore& store = app.store;
     app.sortCancelled = false;
     app.windows->showProgress("Flipping Started");
     const int remembered = store.currentIndex;
-    static const char* const names[] = {"Flip All Left", "Flip All Right", "Flip All Invert"};
-    UndoStep step(app.history, store, names[std::clamp(mode, 0, 2)], 0);
+    const char* const name = mode == FlipMode::Left    ? "Flip All Left"
+                             : mode == FlipMode::Right ? "Flip All Right"
+                                                       : "Flip All Invert";
+    UndoStep step(app.history, store, name, 0);
     const RememberedPictures once(app.pictures);
     try {
         for (int w = 0; w <= store.lastIndex; ++w) {
@@ -81,8 +83,8 @@ void FlipAll(App& app, int mode) {
             app.renderWord(app);
             // The same change as the word's own direction commands: "Left" also marks the word
             // as being edited.
-            SetDirection(app, static_cast<std::int16_t>(mode));
-            if (mode == 0) store.editPending = true;
+            SetDirection(app, mode);
+            if (mode == FlipMode::Left) store.editPending = true;
             app.renderWord(app);
             if (app.sortCancelled) break;
             app.events.yield();
@@ -113,8 +115,8 @@ void SortCommand(App& app) {
                 SaveDictionary(app);
             }
         }
-        const int field = ShowSortDialog(app);
-        if (field == SortNone) return;
+        const SortField field = ShowSortDialog(app);
+        if (field == SortField::None) return;
         ToolbarSort(app, field, chosenOrder(app));
         app.dialogs.message("Done!", "DONE", Buttons::OK, Icon::Information);
     });
@@ -137,8 +139,8 @@ void MenuSortCommand(App& app) {
                 if (saved) store.isChanged = false;
             }
         }
-        const int field = ShowSortDialog(app);
-        if (field == SortNone) return;
+        const SortField field = ShowSortDialog(app);
+        if (field == SortField::None) return;
         if (app.dialogs.message("Do you want to proceed?\r\nAction cannot be undone!", "",
                                 Buttons::YesNo, Icon::Exclamation) != Answer::Yes)
             return;
@@ -175,7 +177,7 @@ void ShuffleCommand(App& app) {
     });
 }
 
-void FlipAllCommand(App& app, int index) {
+void FlipAllCommand(App& app, FlipMode mode) {
     const std::string prompt =
         "It may take a while to flip " + FormatThousands(app.store.lastIndex + 1) + " words";
     if (app.dialogs.message(prompt, "Warning", Buttons::OKCancel, Icon::Exclamation) ==
@@ -183,7 +185,7 @@ void FlipAllCommand(App& app, int index) {
         return;
     runGuarded(app, [&] {
         app.leaveWord(app);
-        FlipAll(app, index);
+        FlipAll(app, mode);
     });
 }
 
@@ -229,15 +231,15 @@ void registerBulkCommands(CommandRegistry& commands) {
         {.id = C::FlipAllLeft,
          .name = "FlipAllLeft",
          .help = "Make the signs of every word face left",
-         .run = [](App& a) { FlipAllCommand(a, 0); }},
+         .run = [](App& a) { FlipAllCommand(a, FlipMode::Left); }},
         {.id = C::FlipAllRight,
          .name = "FlipAllRight",
          .help = "Make the signs of every word face right",
-         .run = [](App& a) { FlipAllCommand(a, 1); }},
+         .run = [](App& a) { FlipAllCommand(a, FlipMode::Right); }},
         {.id = C::FlipAllInvert,
          .name = "FlipAllInvert",
          .help = "Turn the signs of every word",
-         .run = [](App& a) { FlipAllCommand(a, 2); }},
+         .run = [](App& a) { FlipAllCommand(a, FlipMode::Invert); }},
     };
     for (const Command& c : rows) commands.add(c);
 }

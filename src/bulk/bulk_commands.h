@@ -5,6 +5,7 @@
 // and reports a failure in a critical message box, leaving the dictionary as the failure
 // left it.
 #include "bulk/array_functions.h"
+#include "core/library_direction.h"
 
 #include <cstdint>
 #include <optional>
@@ -24,10 +25,10 @@ std::string FormatThousands(long long n);
 // repeatable order, none seeds from the clock), current word 0 shown, dictionary changed.
 void ShuffleDictionary(App& app, std::optional<std::uint64_t> seed = std::nullopt);
 
-// Flip All without its question, mode 0 Left, 1 Right, 2 Invert: every word is shown and its
+// Flip All without its question: every word is shown and its
 // direction changed (and stored); the progress dialog's Cancel stops after the current word.
 // The word that was current is shown again, and the progress dialog goes.
-void FlipAll(App& app, int mode);
+void FlipAll(App& app, FlipMode mode);
 
 // The tool-bar button "Sort" (cmdSort).
 void SortCommand(App& app);
@@ -37,8 +38,8 @@ void MenuSortCommand(App& app);
 void SortGardinerCommand(App& app);
 // Tools > Shuffle (mnuShuffle) and the tool-bar button "Shuffle Dictionary".
 void ShuffleCommand(App& app);
-// Tools > Flip All > Left (0), Right (1), Invert (2) (mnuAllFlip).
-void FlipAllCommand(App& app, int index);
+// Tools > Flip All > Left, Right, Invert (mnuAllFlip).
+void FlipAllCommand(App& app, FlipMode mode);
 
 // The rows of Find, Find Next, Find Previous, the sorts, Shuffle and Flip All.
 void registerBulkCommands(CommandRegistry& commands);

@@ -31,7 +31,8 @@ void OrderGlyphs(App& app, float tol) {
     GlyphTable& g = app.glyphs;
     int last = -1;
     while (last + 1 < GlyphTable::Slots && g[last + 1].used()) ++last;
-    const bool leftward = app.store.field(app.store.currentIndex, FieldDirection) == "L";
+    const bool leftward = directionOfLetter(app.store.field(app.store.currentIndex,
+                                                            FieldDirection)) == Direction::Left;
     for (int i = 0; i <= last - 1; ++i) {
         const double ti = scaledEdge(app, i, tol);
         for (int j = i + 1; j <= last; ++j) {

@@ -28,7 +28,7 @@ void prepareInto(std::string& out, std::string_view value, const SearchCriteria&
         if (static_cast<unsigned char>(ch) >= 0x80) ascii = false;
         out += ch;
     }
-    if (c.caseSensitive == 0) {
+    if (!c.caseSensitive) {
         if (ascii) {
             for (char& ch : out)
                 if (ch >= 'a' && ch <= 'z') ch = static_cast<char>(ch - 32);
@@ -46,8 +46,8 @@ void prepareInto(std::string& out, std::string_view value, const SearchCriteria&
 // of a search do not match, and they cost no copy.
 int plainOccurrence(std::string_view v, const SearchCriteria& c) {
     const std::string_view pat = c.pattern;
-    if (c.hasWildcards || c.exact == 1 || c.ignoreVariants || pat.empty()) return -1;
-    const bool fold = c.caseSensitive == 0;
+    if (c.hasWildcards || c.exact || c.ignoreVariants || pat.empty()) return -1;
+    const bool fold = !c.caseSensitive;
     auto folded = [fold](unsigned char ch) {
         return fold && ch >= 'a' && ch <= 'z' ? static_cast<unsigned char>(ch - 32) : ch;
     };
@@ -74,16 +74,16 @@ void reportError(App& app, const RunError& e) {
 
 } // namespace
 
-SearchCriteria PrepareCriteria(std::string_view text, int exact, int exactWord, int caseSensitive,
-                               bool ignoreVariants) {
+SearchCriteria PrepareCriteria(std::string_view text, bool exact, bool exactWord,
+                               bool caseSensitive, bool ignoreVariants) {
     SearchCriteria c;
-    c.exact = static_cast<std::int16_t>(exact);
-    c.exactWord = static_cast<std::int16_t>(exactWord);
+    c.exact = exact;
+    c.exactWord = exactWord;
     c.pattern = text::removeAll(text::replaceAll(text, "/", "*"), ' ');
     c.hasWildcards = c.pattern.find_first_of("*?") != std::string::npos;
     c.caseSensitive = caseSensitive;
     c.ignoreVariants = ignoreVariants;
-    if (caseSensitive == 0) c.pattern = text::upper(c.pattern);
+    if (!caseSensitive) c.pattern = text::upper(c.pattern);
     if (ignoreVariants) c.pattern = StripVariants(c.pattern);
     return c;
 }
@@ -148,10 +148,10 @@ SearchMatcher::SearchMatcher(SearchCriteria criteria) : criteria_(std::move(crit
 
 bool SearchMatcher::matches(std::string_view value) const {
     if (wildcard_) return wildcard_->matches(value);
-    if (criteria_.exact == 1) return value == criteria_.pattern;
+    if (criteria_.exact) return value == criteria_.pattern;
     const std::size_t pos = text::find(value, criteria_.pattern);
     if (pos == 0) return false;
-    return criteria_.exactWord != 1 || IsWholeWord(pos, criteria_.pattern, value);
+    return !criteria_.exactWord || IsWholeWord(pos, criteria_.pattern, value);
 }
 
 int FindMatch(const DictionaryStore& store, const SearchCriteria& criteria, int field, int start,
@@ -192,7 +192,7 @@ int FindWord(App& app, int start, int end, int step, bool reuse) {
     } else if (!reuse) {
         const SearchDialogState& d = app.search;
         app.searchCriteria = PrepareCriteria(d.txtSearch, d.ChkExact, d.chkExactWord, d.chkCase,
-                                             d.chkIgnoreVariants != 0);
+                                             d.chkIgnoreVariants);
     }
     const int found = app.searchField == FieldLayout
                           ? FindSignMatch(app.store, app.searchCriteria, start, end, step)

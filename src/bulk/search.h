@@ -19,8 +19,8 @@ class DictionaryStore;
 // The criteria from the dialog's entries: "/" becomes "*", blanks go, "*" or "?" makes it a
 // wildcard search, the text is upper-cased unless caseSensitive, and variant letters are cut
 // when ignoreVariants.
-SearchCriteria PrepareCriteria(std::string_view text, int exact, int exactWord, int caseSensitive,
-                               bool ignoreVariants);
+SearchCriteria PrepareCriteria(std::string_view text, bool exact, bool exactWord,
+                               bool caseSensitive, bool ignoreVariants);
 
 // A field value made comparable with the pattern: blanks removed, upper-cased unless the
 // search is case-sensitive, variant letters cut when variants are ignored. Blanks go on both

@@ -31,8 +31,8 @@ void SearchChooseOption(App& app, int field) {
     SearchDialogState& d = app.search;
     // Case carries meaning in plain-letter transliteration (h and H, s and S, t and T), so
     // that field starts case-sensitive and the others start as they were before it.
-    if (field == FieldTranslit && d.option != FieldTranslit) d.chkCase = 1;
-    if (field != FieldTranslit && d.option == FieldTranslit) d.chkCase = 0;
+    if (field == FieldTranslit && d.option != FieldTranslit) d.chkCase = true;
+    if (field != FieldTranslit && d.option == FieldTranslit) d.chkCase = false;
     d.option = field;
     if (field == FieldTranslit) {
         d.transliterationFont = true;
@@ -50,14 +50,14 @@ void SearchTextChanged(App& app, const std::string& text) {
     app.search.txtSearch = app.search.option == FieldTranslit ? PlainFromScholarly(text) : text;
 }
 
-void SearchSetExact(App& app, int value) {
-    app.search.ChkExact = value;
-    if (value == 1) app.search.chkExactWord = 0;
+void SearchSetExact(App& app, bool on) {
+    app.search.ChkExact = on;
+    if (on) app.search.chkExactWord = false;
 }
 
-void SearchSetExactWord(App& app, int value) {
-    app.search.chkExactWord = value;
-    if (value == 1) app.search.ChkExact = 0;
+void SearchSetExactWord(App& app, bool on) {
+    app.search.chkExactWord = on;
+    if (on) app.search.ChkExact = false;
 }
 
 bool SearchOk(App& app) {

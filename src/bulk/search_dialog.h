@@ -25,8 +25,8 @@ void SearchChooseOption(App& app, int field);
 // when it differs from what was typed.
 void SearchTextChanged(App& app, const std::string& text);
 // "Exact match" and "Exact word" exclude each other: checking one clears the other.
-void SearchSetExact(App& app, int value);
-void SearchSetExactWord(App& app, int value);
+void SearchSetExact(App& app, bool on);
+void SearchSetExactWord(App& app, bool on);
 // OK: refuses an empty search text with the "Null String" message (false; the dialog stays
 // open); otherwise accepts, records the field, gives the typewriter back to the main window's
 // transliteration box and hides the dialog (true).

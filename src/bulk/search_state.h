@@ -2,7 +2,6 @@
 // What a search remembers between commands: the criteria of the last Find (Find Next and Find
 // Previous reuse them) and the controls of the Search dialog, which is hidden, not closed, on
 // OK so that its entries are there for the next Find.
-#include <cstdint>
 #include <string>
 
 namespace nebkaro {
@@ -11,10 +10,10 @@ struct SearchCriteria {
     // The search text, prepared: "/" became "*", blanks removed, upper-cased unless the
     // search is case-sensitive, variant letters cut when variants are ignored.
     std::string pattern;
-    std::int16_t exact = 0;     // "Exact match" (1 = checked)
-    std::int16_t exactWord = 0; // "Exact word" (1 = checked)
+    bool exact = false;         // "Exact match"
+    bool exactWord = false;     // "Exact word"
     bool hasWildcards = false;  // the pattern holds "*" or "?"
-    int caseSensitive = 0;      // "Case sensitive" (0 = unchecked)
+    bool caseSensitive = false; // "Case sensitive"
     bool ignoreVariants = false;
 };
 
@@ -30,10 +29,10 @@ struct SearchDialogState {
     // The chosen option button, as the field it searches: 5 Meaning, 4 Transliteration,
     // 3 Gardiner's notation, 6 Comment; 2, the layout, for a search by signs.
     int option = 5;
-    int ChkExact = 0;
-    int chkExactWord = 0;
-    int chkCase = 0;
-    int chkIgnoreVariants = 0;
+    bool ChkExact = false;
+    bool chkExactWord = false;
+    bool chkCase = false;
+    bool chkIgnoreVariants = false;
     bool chkIgnoreVariantsEnabled = false;
     bool cmdTypewriterEnabled = false;
     // txtSearch in the Transliteration font (size 10, blue) rather than the dialog's own.

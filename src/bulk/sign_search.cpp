@@ -194,7 +194,7 @@ namespace nebkaro {
 
 bool PrepareSignCriteria(App& app, SearchCriteria& criteria) {
     const SearchDialogState& d = app.search;
-    const SignQueryReading r = ReadSignQuery(app.lists, d.txtSearch, d.chkIgnoreVariants != 0);
+    const SignQueryReading r = ReadSignQuery(app.lists, d.txtSearch, d.chkIgnoreVariants);
     if (!r.unknown.empty()) {
         app.dialogs.message(r.unknown + " was not found", "Phonetic Not Found", Buttons::OK,
                             Icon::Exclamation);
@@ -202,7 +202,7 @@ bool PrepareSignCriteria(App& app, SearchCriteria& criteria) {
     }
     criteria = SearchCriteria{};
     criteria.pattern = SignQueryText(r.query);
-    criteria.caseSensitive = 1;
+    criteria.caseSensitive = true;
     criteria.ignoreVariants = r.query.foldVariants;
     return true;
 }

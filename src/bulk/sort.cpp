@@ -13,7 +13,7 @@ namespace nebkaro {
 
 void EncodeTransliteration(App& app, int direction) {
     DictionaryStore& store = app.store;
-    app.sortDialog.sortField = SortByTranslit;
+    app.sortDialog.sortField = SortField::Translit;
     const auto column = static_cast<std::size_t>(direction);
     // Every word is coded before any is changed: a letter the table lacks leaves them all
     // as they were, never some coded and some not.
@@ -58,17 +58,17 @@ std::vector<int> ToolbarOrder(const DictionaryStore& store, int last, int field,
     return orderOfKeys(detail::makeKeys(store, field, last, order.caseSensitive), last, order);
 }
 
-std::string SortStepName(int field) {
+std::string SortStepName(SortField field) {
     switch (field) {
-    case SortByMeaning:
+    case SortField::Meaning:
         return "Sort by Meaning";
-    case SortByTranslit:
+    case SortField::Translit:
         return "Sort by Transliteration";
-    case SortByClassic:
+    case SortField::Classic:
         return "Sort by Transliteration (classic)";
-    case SortByGardiner:
+    case SortField::Gardiner:
         return "Sort by Gardiner's notation";
-    case SortByComment:
+    case SortField::Comment:
         return "Sort by Comment";
     default:
         return "Sort";
@@ -113,14 +113,13 @@ void afterFailure(App& app, bool started) {
 
 } // namespace
 
-void ToolbarSort(App& app, int field, SortOrder order) {
+void ToolbarSort(App& app, SortField field, SortOrder order) {
     DictionaryStore& store = app.store;
     UndoStep step(app.history, store, SortStepName(field), 0);
     bool started = false;
     try {
-        ClassicCoding coding(app, field == SortByClassic);
+        ClassicCoding coding(app, field == SortField::Classic);
         started = true;
-        if (field == SortByClassic) field = SortByTranslit;
         const int last = store.lastIndex;
         // The passes count down from lastIndex to 0 in the counter; the order they produce is
         // computed at once, so the counter shows the start and the end of the count.
@@ -128,7 +127,7 @@ void ToolbarSort(App& app, int field, SortOrder order) {
             app.windows->showCounter(last);
             app.events.yield();
         }
-        store.permuteRows(ToolbarOrder(store, last, field, order));
+        store.permuteRows(ToolbarOrder(store, last, sortColumn(field), order));
         if (last > 0) {
             app.windows->showCounter(0);
             app.events.yield();
@@ -142,21 +141,21 @@ void ToolbarSort(App& app, int field, SortOrder order) {
     app.renderWord(app);
 }
 
-double MenuSort(App& app, int field, SortOrder order, int algorithm) {
+double MenuSort(App& app, SortField field, SortOrder order, int algorithm) {
     DictionaryStore& store = app.store;
     UndoStep step(app.history, store, SortStepName(field), 0);
     app.windows->showProgress("Sorting Started");
     bool started = false;
     try {
-        ClassicCoding coding(app, field == SortByClassic);
+        ClassicCoding coding(app, field == SortField::Classic);
         started = true;
-        if (field == SortByClassic) field = SortByTranslit;
+        const int column = sortColumn(field);
         app.sortCancelled = false;
         const auto t0 = std::chrono::steady_clock::now();
         if (algorithm == 1)
-            ExchangeSort(app, store, field, store.lastIndex - 1, order);
+            ExchangeSort(app, store, column, store.lastIndex - 1, order);
         else
-            CombSort(app, store, field, store.lastIndex - 1, order);
+            CombSort(app, store, column, store.lastIndex - 1, order);
         coding.decode();
         store.isChanged = true;
         store.currentIndex = 0;

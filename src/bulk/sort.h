@@ -5,6 +5,7 @@
 // Trans2Code table before sorting and decoding them after.
 #include "bulk/array_functions.h"
 #include "core/dictionary_store.h"
+#include "core/sort_field.h"
 
 #include <string>
 #include <vector>
@@ -12,16 +13,6 @@
 namespace nebkaro {
 
 struct App;
-
-// The values the Sort dialog gives for the field to sort by.
-enum SortChoice : int {
-    SortByGardiner = 3,
-    SortByTranslit = 4,
-    SortByMeaning = 5,
-    SortByComment = 6,
-    SortByClassic = 9,
-    SortNone = -1,
-};
 
 // Rebuilds field 4 of words 0..lastIndex character by character through Trans2Code:
 // direction 0 encodes (column 0), 1 decodes (column 1). It leaves sortField at 4. A character
@@ -39,9 +30,9 @@ std::vector<int> ToolbarOrder(const DictionaryStore& store, int last, int field,
 // The tool-bar sort without its questions: classic order through the encoding, rows 0..lastIndex
 // put into ToolbarOrder, the counter label counting down to 0, the dictionary marked changed
 // and the word at the unchanged current index shown again.
-void ToolbarSort(App& app, int field, SortOrder order);
+void ToolbarSort(App& app, SortField field, SortOrder order);
 // The name Undo gives a sort by this field: "Sort by Meaning".
-std::string SortStepName(int field);
+std::string SortStepName(SortField field);
 
 // The menu sort without its questions: the progress dialog, the comb sort of rows
 // 0..lastIndex (cancellable; algorithm 1 runs the exchange sort instead, which no command
@@ -49,6 +40,6 @@ std::string SortStepName(int field);
 // (a transliteration character the classic table lacks) leaves the rows as they are at that
 // moment, marked changed, with the current word shown again and the progress dialog hidden,
 // and goes to the caller.
-double MenuSort(App& app, int field, SortOrder order, int algorithm = 2);
+double MenuSort(App& app, SortField field, SortOrder order, int algorithm = 2);
 
 } // namespace nebkaro

@@ -6,21 +6,21 @@ namespace nebkaro {
 
 void LoadSortDialog(App& app) {
     app.sortDialog.loaded = true;
-    app.sortDialog.sortField = -1;
+    app.sortDialog.sortField = SortField::None;
 }
 
 void SortDialogOk(App& app) {
     SortDialogState& d = app.sortDialog;
-    d.sortField = -1;
+    d.sortField = SortField::None;
     for (const SortOption& o : SortOptions)
         if (d.option == o.value) d.sortField = o.value;
 }
 
 void SortDialogCancel(App& app) {
-    app.sortDialog.sortField = -1;
+    app.sortDialog.sortField = SortField::None;
 }
 
-int ShowSortDialog(App& app) {
+SortField ShowSortDialog(App& app) {
     if (!app.sortDialog.loaded) LoadSortDialog(app);
     app.windows->showSortDialog();
     return app.sortDialog.sortField;

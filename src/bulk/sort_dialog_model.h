@@ -2,6 +2,8 @@
 // The Sort dialog ("Sort by") as data: which field to sort by, reverse order, case
 // sensitivity. The Qt window shows these values and writes every change of its controls back;
 // the sort commands read them. The state lives in App::sortDialog.
+#include "core/sort_field.h"
+
 #include <array>
 #include <string>
 
@@ -13,28 +15,28 @@ struct SortOption {
     const char* name; // objectName of the option button
     const char* caption;
     const char* toolTip; // the letter order the option sorts by; empty when none is shown
-    int value;           // what OK gives to sortField
+    SortField value;     // what OK gives to sortField
 };
 
 // In the order OK reads them.
 inline constexpr std::array<SortOption, 5> SortOptions{{
-    {"optMeaning", "Meaning", "", 5},
+    {"optMeaning", "Meaning", "", SortField::Meaning},
     {"optTranslit", "Transliteration (mdc)", "A D H S T X a b d f g h i k q m n p r s t w x y z",
-     4},
-    {"optGardiner", "Gardiner's notation", "", 3},
-    {"optComment", "Comment", "", 6},
+     SortField::Translit},
+    {"optGardiner", "Gardiner's notation", "", SortField::Gardiner},
+    {"optComment", "Comment", "", SortField::Comment},
     {"optTrClass", "Transliteration (classic)", "A i y a w b p f m n r h H x X z s S q k g t T d D",
-     9},
+     SortField::Classic},
 }};
 
-// Loading the dialog: no sort asked for yet (sortField -1).
+// Loading the dialog: no sort asked for yet (sortField None).
 void LoadSortDialog(App& app);
-// OK: sortField from the option button that is on (-1 when none is); the dialog hides.
+// OK: sortField from the option button that is on (None when none is); the dialog hides.
 void SortDialogOk(App& app);
-// Cancel (also closing the window): sortField -1; the dialog hides, its controls keep their
+// Cancel (also closing the window): sortField None; the dialog hides, its controls keep their
 // values.
 void SortDialogCancel(App& app);
 // Shows the dialog modally, loading it the first time, and returns sortField afterwards.
-int ShowSortDialog(App& app);
+SortField ShowSortDialog(App& app);
 
 } // namespace nebkaro

@@ -23,7 +23,7 @@ namespace {
 void prepare(ConsoleApp& c, const std::string& file, bool needLists) {
     InstallEditing(c.app);
     if (needLists) {
-        LoadSignList(c.app.lists, c.app.home, c.app.settings.useBasicLibrary);
+        LoadSignList(c.app.lists, c.app.home, c.app.settings.library);
         LoadTrans2Code(c.app.lists, c.app.home);
     }
     loadDictionary(c, file, false);
@@ -50,17 +50,17 @@ bool empty(const ConsoleApp& c) {
 int cmdSort(const fs::path& home, const std::vector<std::string>& argv) {
     Args a(argv, {"-o", "--by", "--method"}, {"--reverse", "--case"});
     if (a.positional().size() != 1) throw Usage("sort takes FILE --by FIELD -o OUT");
-    const int field = choice<int>({{"meaning", SortByMeaning},
-                                   {"translit", SortByTranslit},
-                                   {"classic", SortByClassic},
-                                   {"gardiner", SortByGardiner},
-                                   {"comment", SortByComment}},
-                                  "--by", a.required("--by"));
+    const SortField field = choice<SortField>({{"meaning", SortField::Meaning},
+                                               {"translit", SortField::Translit},
+                                               {"classic", SortField::Classic},
+                                               {"gardiner", SortField::Gardiner},
+                                               {"comment", SortField::Comment}},
+                                              "--by", a.required("--by"));
     const bool comb = choice<bool>({{"comb", true}, {"toolbar", false}}, "--method",
                                    a.value("--method").value_or("comb"));
     const std::string out = a.required("-o");
     ConsoleApp c(home);
-    prepare(c, a.positional()[0], field == SortByClassic);
+    prepare(c, a.positional()[0], field == SortField::Classic);
     const SortOrder order{a.flag("--reverse"), a.flag("--case")};
     if (!empty(c)) {
         try {
@@ -97,8 +97,9 @@ int cmdShuffle(const fs::path& home, const std::vector<std::string>& argv) {
 int cmdFlip(const fs::path& home, const std::vector<std::string>& argv) {
     Args a(argv, {"-o", "--to"}, {});
     if (a.positional().size() != 1) throw Usage("flip takes FILE --to left|right|invert -o OUT");
-    const int mode =
-        choice<int>({{"left", 0}, {"right", 1}, {"invert", 2}}, "--to", a.required("--to"));
+    const FlipMode mode = choice<FlipMode>(
+        {{"left", FlipMode::Left}, {"right", FlipMode::Right}, {"invert", FlipMode::Invert}},
+        "--to", a.required("--to"));
     ConsoleApp c(home);
     prepare(c, a.positional()[0], false);
     if (!empty(c)) {

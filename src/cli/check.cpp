@@ -5,6 +5,7 @@
 #include "core/dictionary_file.h"
 #include "core/errors.h"
 #include "core/files.h"
+#include "core/library_direction.h"
 #include "core/text.h"
 #include "display/layout.h"
 #include "display/render.h"
@@ -21,9 +22,8 @@ namespace nebkaro::cli {
 namespace {
 struct CachedPictures : SignPictures {
     explicit CachedPictures(SignPictures& from) : from_(from) {}
-    SignPicture picture(const std::string& library, const std::string& direction,
-                        const std::string& code) override {
-        const std::string key = library + '\n' + direction + '\n' + code;
+    SignPicture picture(Library library, Direction direction, const std::string& code) override {
+        const auto key = std::make_tuple(library, direction, code);
         auto it = cache_.find(key);
         if (it == cache_.end())
             it = cache_.emplace(key, from_.picture(library, direction, code)).first;
@@ -32,7 +32,7 @@ struct CachedPictures : SignPictures {
 
 private:
     SignPictures& from_;
-    std::map<std::string, SignPicture> cache_;
+    std::map<std::tuple<Library, Direction, std::string>, SignPicture> cache_;
 };
 
 const char* const kFieldNames[] = {"direction",       "library", "layout", "Gardiner notation",
@@ -72,12 +72,13 @@ ParsedDictionary readForCheck(const std::string& file, const Reporter& report) {
 void checkSigns(const GlyphTable& table, const WordRecord& word, const SignLists* list,
                 SignPictures& pictures, std::set<std::string>& missingReported,
                 const std::string& where, const Reporter& report) {
-    const std::string library = libraryFolder(word[FieldLibrary]);
-    const std::string direction = directionFolder(word[FieldDirection]);
+    const Library library = libraryOfLetter(word[FieldLibrary]);
+    const Direction direction = directionOfLetter(word[FieldDirection]);
     for (const GlyphSlot& g : table.cells) {
         if (!g.used()) continue;
         if (list && list->findSign(*g.code) == 0)
-            report(where + ": code '" + *g.code + "' is not in the " + library + " sign list");
+            report(where + ": code '" + *g.code + "' is not in the " + libraryName(library) +
+                   " sign list");
         const SignPicture pic = pictures.picture(library, direction, *g.code);
         if (!pic.ok && missingReported.insert(pic.file.string()).second)
             report(where + ": sign picture missing or unreadable: " + pic.file.string());
@@ -110,12 +111,12 @@ int cmdCheck(const fs::path& home, const std::vector<std::string>& argv) {
     SignLists lists[2];
     bool listLoaded[2] = {false, false};
     std::string listError[2];
-    auto listFor = [&](bool basic) -> const SignLists* {
-        const int k = basic ? 0 : 1;
+    auto listFor = [&](Library library) -> const SignLists* {
+        const int k = library == Library::Basic ? 0 : 1;
         if (!listLoaded[k]) {
             listLoaded[k] = true;
             try {
-                LoadSignList(lists[k], home, basic);
+                LoadSignList(lists[k], home, library);
             } catch (const ProgramFileError& e) {
                 listError[k] = e.problem();
                 report(listError[k]);
@@ -131,7 +132,7 @@ int cmdCheck(const fs::path& home, const std::vector<std::string>& argv) {
         for (int f = 0; f < FieldCount; ++f)
             if (unwritable(word[static_cast<std::size_t>(f)]))
                 report(where + ", " + kFieldNames[f] + ": holds a double quote or a line break");
-        if (word[FieldLibrary] != "B" && word[FieldLibrary] != "E")
+        if (!isLibraryLetter(word[FieldLibrary]))
             report(where + ": library '" + word[FieldLibrary] +
                    "' is neither B nor E (drawn from Extended)");
         GlyphTable table;
@@ -151,8 +152,8 @@ int cmdCheck(const fs::path& home, const std::vector<std::string>& argv) {
                    (open == std::string::npos ? why : why.substr(open + 2, why.size() - open - 3)));
             continue;
         }
-        const bool basic = word[FieldLibrary] == "B";
-        const SignLists* list = listFor(basic);
+        const Library library = libraryOfLetter(word[FieldLibrary]);
+        const SignLists* list = listFor(library);
         checkSigns(table, word, list, pictures, missingReported, where, report);
     }
     if (problems == 0) std::cout << "no problems found in " << wordCount << " words\n";

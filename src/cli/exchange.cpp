@@ -31,7 +31,7 @@ std::string exportWithPictures(ConsoleApp&, const std::string& format, const std
 namespace {
 
 void loadTables(ConsoleApp& c, const fs::path& home) {
-    LoadSignList(c.app.lists, home, c.app.settings.useBasicLibrary);
+    LoadSignList(c.app.lists, home, c.app.settings.library);
     LoadPhonetic(c.app.lists, home);
 }
 
@@ -90,8 +90,8 @@ int cmdImport(const fs::path& home, const std::vector<std::string>& argv) {
     if (direction != "left" && direction != "right") throw Usage("--direction takes left|right");
     ConsoleApp c(home);
     InstallEditing(c.app);
-    c.app.settings.useBasicLibrary = library == "basic";
-    c.app.settings.directionLeft = direction == "left";
+    c.app.settings.library = libraryOfName(library);
+    c.app.settings.direction = directionOfName(direction);
     loadTables(c, home);
     loadDictionary(c, a.positional()[0], false);
     const ImportReport report = ImportMdcLines(c.app, readText(a.positional()[1]));

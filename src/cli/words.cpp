@@ -71,9 +71,8 @@ int cmdSearch(const fs::path& home, const std::vector<std::string>& argv) {
     // different letters.
     const bool caseSensitive =
         a.flag("--case") || (it->second == FieldTranslit && !a.flag("--ignore-case"));
-    const SearchCriteria criteria =
-        PrepareCriteria(textValue, a.flag("--exact") ? 1 : 0, a.flag("--word") ? 1 : 0,
-                        caseSensitive ? 1 : 0, a.flag("--ignore-variants"));
+    const SearchCriteria criteria = PrepareCriteria(textValue, a.flag("--exact"), a.flag("--word"),
+                                                    caseSensitive, a.flag("--ignore-variants"));
     std::vector<int> found;
     if (c.app.store.lastIndex >= 0) {
         if (a.flag("--all")) {
@@ -111,12 +110,11 @@ int cmdCompose(const fs::path& home, const std::vector<std::string>& argv) {
     if (library != "basic" && library != "extended") throw Usage("--library takes basic|extended");
     if (direction != "left" && direction != "right") throw Usage("--direction takes left|right");
     ConsoleApp c(home);
-    c.app.settings.useBasicLibrary = library == "basic";
-    c.app.settings.directionLeft = direction == "left";
-    LoadSignList(c.app.lists, home, c.app.settings.useBasicLibrary);
+    c.app.settings.library = libraryOfName(library);
+    c.app.settings.direction = directionOfName(direction);
+    LoadSignList(c.app.lists, home, c.app.settings.library);
     LoadPhonetic(c.app.lists, home);
-    if (!ComposeLine(c.app, a.positional()[0], c.app.settings.useBasicLibrary,
-                     c.app.settings.directionLeft))
+    if (!ComposeLine(c.app, a.positional()[0], c.app.settings.library, c.app.settings.direction))
         return 1;
     std::cout << c.app.layoutText << "\n" << c.app.composedGardiner << "\n";
     return 0;

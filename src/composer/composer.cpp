@@ -36,8 +36,7 @@ Composer::Composer(App& app) : app_(app) {
 }
 
 SignPicture Composer::pictureFor(const std::string& code) const {
-    return app_.pictures.picture(app_.settings.useBasicLibrary ? "Basic" : "Extended",
-                                 app_.settings.directionLeft ? "Left" : "Right", code);
+    return app_.pictures.picture(app_.settings.library, app_.settings.direction, code);
 }
 
 void Composer::loadPicture(int i, const SignPicture& picture) {
@@ -157,7 +156,7 @@ bool Composer::readLine(std::vector<Placed>& placed) {
         join = token.separator;
         ++slot;
     }
-    LastGlyph = static_cast<std::int16_t>(slot - 1);
+    LastGlyph = slot - 1;
     Debuglbl = SeparatorDiagnostic(separators);
     return true;
 }
@@ -181,7 +180,7 @@ void Composer::ArrangeSigns(const std::vector<NamedSign>& signs) {
         placeSign(slot, sign.code, sign.entry);
         placed.push_back({slot, placed.empty() ? '-' : sign.joiner});
     }
-    LastGlyph = static_cast<std::int16_t>(static_cast<int>(placed.size()) - 1);
+    LastGlyph = static_cast<int>(placed.size()) - 1;
     layOutGroups(placed);
 }
 
@@ -199,7 +198,7 @@ void Composer::layOutRow() {
     for (int k = 0; k <= LastGlyph; ++k) totalWidth += GlyphPic[static_cast<std::size_t>(k)].width;
     // The typed order is the reading order: signs facing right are read from the right, so
     // the first typed sign stands at the right end of the row.
-    const bool left = app_.settings.directionLeft;
+    const bool left = app_.settings.direction == Direction::Left;
     double x = left ? cx - totalWidth * 0.5 : cx + totalWidth * 0.5 - GlyphPic[0].width;
     double y = cy - GlyphPic[0].height / 2.0;
     // Image 0 is placed even when no sign was found: it then stands centred on the frame.
@@ -256,7 +255,7 @@ void Composer::layOutGroups(const std::vector<Placed>& placed) {
         return h;
     };
 
-    const bool left = app_.settings.directionLeft;
+    const bool left = app_.settings.direction == Direction::Left;
     const Rect& frame = geometry.ComposeShp;
     const double cx = frame.left + frame.width * 0.5;
     const double cy = text::toInt16(frame.top + frame.height * 0.5);
@@ -363,7 +362,7 @@ void Composer::DeleteSign(int i) {
     if (f == 0) return;
     // The signs before the empty slot are what Delete Last works back from, so its next
     // click takes the last of them.
-    LastGlyph = static_cast<std::int16_t>(f);
+    LastGlyph = f;
     for (int k = f; k <= LastSlot; ++k) {
         CanvasImage& image = GlyphPic[static_cast<std::size_t>(k)];
         image.visible = false;
@@ -415,7 +414,7 @@ bool Composer::OK() {
     // The starting minima are fixed: a group lying wholly beyond them keeps its offset.
     double minLeft = 5000;
     double minTop = 10000;
-    std::int16_t maxRight = 0;
+    int maxRight = 0;
     double maxBottom = 0;
     for (int i = 0; i < Slots; ++i) {
         const GlyphSlot& g = app_.glyphs[i];
@@ -463,7 +462,7 @@ void Composer::readingOrderSort() {
             n = k - 1;
             break;
         }
-    const bool left = app_.settings.directionLeft;
+    const bool left = app_.settings.direction == Direction::Left;
     for (int i = 0; i < n; ++i) {
         for (int j = i + 1; j <= n; ++j) {
             const double Li = app_.glyphs[i].x, Lj = app_.glyphs[j].x;
@@ -498,20 +497,20 @@ void Composer::Cancel() {
     app_.store.composeAccepted = false;
 }
 
-void Composer::switchLibrary(bool basic) {
-    app_.settings.useBasicLibrary = basic;
-    LoadSignList(app_.lists, app_.home, basic);
+void Composer::switchLibrary(Library library) {
+    app_.settings.library = library;
+    LoadSignList(app_.lists, app_.home, library);
 }
 
 void Composer::OptBasic() {
     OptBasicValue = true;
-    switchLibrary(true);
+    switchLibrary(Library::Basic);
     app_.windows->unloadBrowser();
 }
 
 void Composer::OptExtended() {
     OptBasicValue = false;
-    switchLibrary(false);
+    switchLibrary(Library::Extended);
     app_.extendedChosen = true;
     app_.windows->unloadBrowser();
 }
@@ -519,21 +518,21 @@ void Composer::OptExtended() {
 void Composer::mnuBasic() {
     mnuBasicChecked = true;
     mnuExtendedChecked = false;
-    switchLibrary(true);
+    switchLibrary(Library::Basic);
     app_.windows->unloadBrowser();
 }
 
 void Composer::mnuExtended() {
     mnuExtendedChecked = true;
     mnuBasicChecked = false;
-    switchLibrary(false);
+    switchLibrary(Library::Extended);
     app_.extendedChosen = true;
     app_.windows->unloadBrowser();
     app_.dialogs.beep();
 }
 
 void Composer::Activate() {
-    const bool basic = app_.settings.useBasicLibrary;
+    const bool basic = app_.settings.library == Library::Basic;
     OptBasicValue = basic;
     mnuBasicChecked = basic;
     mnuExtendedChecked = !basic;
@@ -552,9 +551,9 @@ void Composer::Resize(int width, int height) {
         ComposeGeometry::FrameHeight + height - ComposeGeometry::DesignHeight;
 }
 
-bool ComposeLine(App& app, const std::string& line, bool basic, bool left) {
-    app.settings.useBasicLibrary = basic;
-    app.settings.directionLeft = left;
+bool ComposeLine(App& app, const std::string& line, Library library, Direction direction) {
+    app.settings.library = library;
+    app.settings.direction = direction;
     const bool wasNew = app.store.newWordPending;
     const bool wasEdit = app.store.editPending;
     app.store.newWordPending = true;

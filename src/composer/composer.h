@@ -34,7 +34,7 @@ struct CanvasImage {
 // Where an image stood when the window was loaded: as whole numbers (used to put an emptied
 // image back) and Left and Top as they were.
 struct HomePlace {
-    std::int16_t left = 0, top = 0, width = 0, height = 0;
+    int left = 0, top = 0, width = 0, height = 0;
     double leftValue = 0, topValue = 0;
 };
 
@@ -129,7 +129,7 @@ public:
 
     std::array<CanvasImage, Slots> GlyphPic{};
     std::array<HomePlace, Slots> HomeGeometry{};
-    std::int16_t LastGlyph = 0;
+    int LastGlyph = 0;
 
     bool OptBasicValue = true;
     bool mnuBasicChecked = true;
@@ -151,7 +151,7 @@ private:
     void loadPicture(int i, const SignPicture& picture);
     void clearPicture(int i);
     void resetImage(int i, SlotBackground bg, bool visible);
-    void switchLibrary(bool basic);
+    void switchLibrary(Library library);
     void readingOrderSort();
     // Gardinerlbl := the codes of the slots in use.
     void showSigns();
@@ -165,6 +165,6 @@ private:
 // command-line tool runs. The sign list and phonetic table in app.lists must be those of the
 // library asked for. Messages go through app.dialogs. Returns whether the composition was
 // accepted (app.layoutText and app.composedGardiner then hold the strings).
-bool ComposeLine(App& app, const std::string& line, bool basic, bool left);
+bool ComposeLine(App& app, const std::string& line, Library library, Direction direction);
 
 } // namespace nebkaro

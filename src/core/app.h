@@ -8,6 +8,7 @@
 #include "core/ports.h"
 #include "core/settings.h"
 #include "core/sign_lists.h"
+#include "core/sort_field.h"
 #include "core/word_view.h"
 #include "editing/undo.h"
 
@@ -90,12 +91,11 @@ struct ChosenSign {
 // choices survive from one sort to the next; the sorts read reverse and caseSensitive.
 struct SortDialogState {
     bool loaded = false;
-    // The field to sort by: 5 meaning, 4 transliteration, 9 classic transliteration,
-    // 3 Gardiner notation, 6 comment; -1 when the dialog was cancelled.
-    int sortField = -1;
-    // The value of the option button that is on; -1 while none is. The dialog opens on the
+    // The field to sort by; None when the dialog was cancelled.
+    SortField sortField = SortField::None;
+    // The value of the option button that is on; None while none is. The dialog opens on the
     // field last used, Meaning the first time, so OK sorts at once.
-    int option = 5;
+    SortField option = SortField::Meaning;
     bool reverse = false;       // ChkReverse
     bool caseSensitive = false; // chkCase
 };

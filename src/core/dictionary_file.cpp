@@ -15,10 +15,6 @@ namespace fs = std::filesystem;
 namespace nebkaro {
 
 namespace {
-bool isDirection(std::string_view s) {
-    return s == "R" || s == "L";
-}
-
 // The one reading of a dictionary's text, with every field a view into it: the header (when
 // the first value is not a direction), then the words until the end or a record whose
 // direction is neither "R" nor "L".
@@ -27,7 +23,7 @@ void readFields(std::string_view text, int maxWords, DictionaryHeader& header, b
                 bool& stoppedEarly, WordRecord& stopRecord, int& stopLine, OnWord onWord) {
     FieldReader in(text);
     const std::string_view first = in.readView();
-    if (isDirection(first)) {
+    if (isDirectionLetter(first)) {
         in = FieldReader(text);
     } else {
         hasHeader = true;
@@ -39,7 +35,7 @@ void readFields(std::string_view text, int maxWords, DictionaryHeader& header, b
     while (!in.atEnd()) {
         const int line = in.line();
         for (int f = 0; f < FieldCount; ++f) rec[static_cast<std::size_t>(f)] = in.readView();
-        if (!isDirection(rec[0])) {
+        if (!isDirectionLetter(rec[0])) {
             stoppedEarly = true;
             for (int f = 0; f < FieldCount; ++f)
                 stopRecord[static_cast<std::size_t>(f)] = rec[static_cast<std::size_t>(f)];
@@ -368,7 +364,7 @@ bool saveDictionary(App& app, bool replaceConfirmed) {
 } // namespace
 
 bool ConfirmHeader(App& app, DictionaryHeader& boxes) {
-    if (boxes[0] == "R" || boxes[0] == "L") {
+    if (isDirectionLetter(boxes[0])) {
         app.dialogs.message("First field cannot be 'L' or 'R'", "", Buttons::OK, Icon::Exclamation);
         boxes[0].clear();
         return false;

@@ -258,14 +258,14 @@ bool gifSize(const std::string& bytes, int& width, int& height) {
     return width > 0 && height > 0;
 }
 
-fs::path signPicturePath(const fs::path& home, const std::string& library,
-                         const std::string& direction, const std::string& code) {
+fs::path signPicturePath(const fs::path& home, Library library, Direction direction,
+                         const std::string& code) {
     std::string first;
     if (!code.empty()) {
         std::u32string u = text::toU32(code);
         first = text::toUtf8(u.substr(0, 1));
     }
-    return home / library / direction / first / (code + ".GIF");
+    return home / libraryName(library) / directionName(direction) / first / (code + ".GIF");
 }
 
 void FolderSignPictures::rememberPictures(bool on) {
@@ -273,27 +273,25 @@ void FolderSignPictures::rememberPictures(bool on) {
     if (!on) remembered_.clear();
 }
 
-const SignPicture& FolderSignPictures::rememberedPicture(const std::string& library,
-                                                         const std::string& direction,
+const SignPicture& FolderSignPictures::rememberedPicture(Library library, Direction direction,
                                                          const std::string& code) {
-    key_.assign(library).append(1, '/').append(direction).append(1, '/').append(code);
+    key_.assign(libraryLetter(library)).append(directionLetter(direction)).append(code);
     if (const auto it = remembered_.find(key_); it != remembered_.end()) return it->second;
     return remembered_.emplace(key_, readPicture(library, direction, code)).first->second;
 }
 
-SignPicture FolderSignPictures::picture(const std::string& library, const std::string& direction,
+SignPicture FolderSignPictures::picture(Library library, Direction direction,
                                         const std::string& code) {
     if (remember_) return rememberedPicture(library, direction, code);
     return readPicture(library, direction, code);
 }
 
-SignPicture FolderSignPictures::readPicture(const std::string& library,
-                                            const std::string& direction,
+SignPicture FolderSignPictures::readPicture(Library library, Direction direction,
                                             const std::string& code) const {
     SignPicture p;
     if (!isCodeShaped(code)) {
         // Shown as missing, under a name that points nowhere.
-        p.file = home_ / library / direction / "?.GIF";
+        p.file = home_ / libraryName(library) / directionName(direction) / "?.GIF";
         p.width = p.height = EmptySlotSize;
         return p;
     }

@@ -52,16 +52,14 @@ bool gifSize(const std::string& bytes, int& width, int& height);
 class FolderSignPictures : public SignPictures {
 public:
     explicit FolderSignPictures(std::filesystem::path home) : home_(std::move(home)) {}
-    SignPicture picture(const std::string& library, const std::string& direction,
-                        const std::string& code) override;
+    SignPicture picture(Library library, Direction direction, const std::string& code) override;
     void rememberPictures(bool on) override;
     static constexpr int EmptySlotSize = 612;
 
 private:
-    SignPicture readPicture(const std::string& library, const std::string& direction,
-                            const std::string& code) const;
+    SignPicture readPicture(Library library, Direction direction, const std::string& code) const;
     std::filesystem::path home_;
-    const SignPicture& rememberedPicture(const std::string& library, const std::string& direction,
+    const SignPicture& rememberedPicture(Library library, Direction direction,
                                          const std::string& code);
     bool remember_ = false;
     std::string key_; // the look-up key, its buffer kept between look-ups
@@ -70,7 +68,7 @@ private:
 
 // <home>/<library>/<direction>/<first character of the code>/<code>.GIF, before the
 // case-blind look-up.
-std::filesystem::path signPicturePath(const std::filesystem::path& home, const std::string& library,
-                                      const std::string& direction, const std::string& code);
+std::filesystem::path signPicturePath(const std::filesystem::path& home, Library library,
+                                      Direction direction, const std::string& code);
 
 } // namespace nebkaro

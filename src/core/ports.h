@@ -2,6 +2,8 @@
 // The few things the logic asks of the desktop: questions and messages, files chosen by the
 // user, the clipboard, a chance for the window system to breathe during long loops, and the
 // size of a sign's picture. The program implements them with Qt; tests with scripted fakes.
+#include "core/library_direction.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -94,9 +96,7 @@ struct SignPicture {
 
 struct SignPictures {
     virtual ~SignPictures() = default;
-    // library "Basic" or "Extended", direction "Left" or "Right".
-    virtual SignPicture picture(const std::string& library, const std::string& direction,
-                                const std::string& code) = 0;
+    virtual SignPicture picture(Library library, Direction direction, const std::string& code) = 0;
     // While on, a picture asked for again may be the one found before: work over the whole
     // dictionary turns it on so that each sign's file is read once, not once per word.
     virtual void rememberPictures(bool on) { (void)on; }

@@ -22,8 +22,8 @@ fs::path settingsPath(const fs::path& home) {
 
 std::string SettingsText(const Settings& s, const std::string& dictionaryName) {
     std::string t = "Nebkaro Settings: \r\n\r\n";
-    t += std::string("Library = ") + (s.useBasicLibrary ? "Basic" : "Extended") + "\r\n";
-    t += std::string("Direction = ") + (s.directionLeft ? "Left" : "Right") + "\r\n";
+    t += "Library = " + libraryName(s.library) + "\r\n";
+    t += "Direction = " + directionName(s.direction) + "\r\n";
     t += "Dictionary Name = " + dictionaryName + "\r\n";
     t += std::string("Show About = ") + (s.showAbout ? "True" : "False") + "\r\n";
     t +=
@@ -74,8 +74,8 @@ void ApplySettings(App& app, const fs::path& path) {
         return;
     }
     auto up = [&](const char* key) { return text::upper(GetSettingValue(t, key)); };
-    app.settings.useBasicLibrary = up("Library") != "EXTENDED";
-    app.settings.directionLeft = up("Direction") != "RIGHT";
+    app.settings.library = libraryOfName(GetSettingValue(t, "Library"));
+    app.settings.direction = directionOfName(GetSettingValue(t, "Direction"));
     app.store.dictionaryName = GetSettingValue(t, "Dictionary Name");
     // A name is a file in the Dictionaries folder or a full path the user chose; a relative
     // name that climbs out of the folder was not written by this program.

@@ -1,5 +1,7 @@
 #pragma once
 // The five choices that outlive a run, kept in <home>/System/Settings.nks.
+#include "core/library_direction.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -9,8 +11,8 @@ namespace nebkaro {
 struct App;
 
 struct Settings {
-    bool useBasicLibrary = true;
-    bool directionLeft = true;
+    Library library = Library::Basic;
+    Direction direction = Direction::Left;
     bool showAbout = true;
     bool showDictionaryInfo = true;
     // Not kept in the file: draft 0, low -2, medium -3, high -4.

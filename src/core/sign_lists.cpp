@@ -24,8 +24,8 @@ int SignLists::findPhonetic(int column, const std::string& value) const {
     return -1;
 }
 
-fs::path signListPath(const fs::path& home, bool useBasicLibrary) {
-    return home / "Lists" / (useBasicLibrary ? "BasicList.csv" : "Extendedlist.csv");
+fs::path signListPath(const fs::path& home, Library library) {
+    return home / "Lists" / (library == Library::Basic ? "BasicList.csv" : "Extendedlist.csv");
 }
 
 void ParseSignList(SignLists& lists, const std::string& text) {
@@ -100,8 +100,8 @@ template <typename Parse> void loadListFile(SignLists& lists, const fs::path& fi
 }
 } // namespace
 
-void LoadSignList(SignLists& lists, const fs::path& home, bool useBasicLibrary) {
-    loadListFile(lists, signListPath(home, useBasicLibrary), ParseSignList);
+void LoadSignList(SignLists& lists, const fs::path& home, Library library) {
+    loadListFile(lists, signListPath(home, library), ParseSignList);
 }
 
 void LoadTrans2Code(SignLists& lists, const fs::path& home) {

@@ -1,6 +1,8 @@
 #pragma once
 // The sign list of the chosen library, the phonetic and classic-order tables, and the order
 // of Gardiner codes.
+#include "core/library_direction.h"
+
 #include <array>
 #include <filesystem>
 #include <string>
@@ -35,10 +37,10 @@ struct SignLists {
     int findPhonetic(int column, const std::string& value) const;
 };
 
-std::filesystem::path signListPath(const std::filesystem::path& home, bool useBasicLibrary);
+std::filesystem::path signListPath(const std::filesystem::path& home, Library library);
 
 // Each throws ProgramFileError (naming the file) when the file cannot be read or is malformed.
-void LoadSignList(SignLists& lists, const std::filesystem::path& home, bool useBasicLibrary);
+void LoadSignList(SignLists& lists, const std::filesystem::path& home, Library library);
 void LoadTrans2Code(SignLists& lists, const std::filesystem::path& home);
 void LoadPhonetic(SignLists& lists, const std::filesystem::path& home);
 

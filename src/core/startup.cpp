@@ -21,7 +21,7 @@ bool StartUp(App& app, const std::string& commandLine) {
     ApplySettings(app, settingsPath(app.userFolder()));
     app.windows->setPrinterDefaults();
     try {
-        LoadSignList(app.lists, app.home, app.settings.useBasicLibrary);
+        LoadSignList(app.lists, app.home, app.settings.library);
     } catch (const ProgramFileError& e) {
         return programFileMissing(app, e);
     }

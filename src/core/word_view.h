@@ -62,7 +62,7 @@ struct WordView {
     int progressWidth = 0;
 
     // Extent of the drawn group (largest right and bottom edges).
-    std::int16_t rightEdge = 0;
+    int rightEdge = 0;
     double bottomEdge = 0;
 
     WordPicture TemPic;

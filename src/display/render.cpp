@@ -10,14 +10,6 @@
 
 namespace nebkaro {
 
-std::string libraryFolder(const std::string& libraryField) {
-    return libraryField == "B" ? "Basic" : "Extended";
-}
-
-std::string directionFolder(const std::string& directionField) {
-    return directionField == "L" ? "Left" : "Right";
-}
-
 int ProgressWidth(int containerWidth, int currentIndex, int lastIndex) {
     if (lastIndex <= 0) return 0;
     const double w =
@@ -104,8 +96,8 @@ void RenderWord(App& app) {
     v.drawProblem.clear();
     try {
         ParseLayoutString(word[FieldLayout], app.glyphs);
-        const std::string library = libraryFolder(word[FieldLibrary]);
-        const std::string direction = directionFolder(word[FieldDirection]);
+        const Library library = libraryOfLetter(word[FieldLibrary]);
+        const Direction direction = directionOfLetter(word[FieldDirection]);
         for (int i = 0; i < GlyphTable::Slots; ++i) {
             GlyphImage& img = v.mainGlyphPic[static_cast<std::size_t>(i)];
             const GlyphSlot& s = app.glyphs[i];
@@ -137,17 +129,20 @@ void RenderWord(App& app) {
     app.windows->wordViewChanged();
 }
 
-void SetDirection(App& app, std::int16_t wanted) {
+void SetDirection(App& app, FlipMode mode) {
     DictionaryStore& store = app.store;
-    const std::string current = store.field(store.currentIndex, FieldDirection);
-    if ((wanted == 0 && current == "L") || (wanted == 1 && current == "R")) return;
+    const std::string& field = store.field(store.currentIndex, FieldDirection);
+    if ((mode == FlipMode::Left && field == directionLetter(Direction::Left)) ||
+        (mode == FlipMode::Right && field == directionLetter(Direction::Right)))
+        return;
+    const Direction current = directionOfLetter(field);
     // A layout that cannot be read or mirrored fails before the word is touched.
     ParseLayout(app);
     UndoStep step(app.history, store, "Flip word " + std::to_string(store.currentIndex),
                   store.currentIndex, store.currentIndex + 1);
     GlyphTable& g = app.glyphs;
     int n = 0;
-    std::int16_t right = 0;
+    int right = 0;
     for (int i = 0; i < GlyphTable::Slots && g[i].used(); ++i) {
         ++n;
         const int w = app.view.mainGlyphPic[static_cast<std::size_t>(i)].picture.width;
@@ -165,7 +160,7 @@ void SetDirection(App& app, std::int16_t wanted) {
     if (m < 0)
         for (int i = 0; i < n; ++i) g[i].x -= m;
     std::string mirrored = MirrorLayoutString(g);
-    store.setField(store.currentIndex, FieldDirection, current != "L" ? "L" : "R");
+    store.setField(store.currentIndex, FieldDirection, directionLetter(opposite(current)));
     app.view.RichGardinerlbl = std::move(mirrored);
     app.storeWord(app);
 }

@@ -1,17 +1,14 @@
 #pragma once
 // Drawing the current word: the placed sign pictures of the main window, the word view's
 // fields, the progress bar and the off-screen picture; and changing a word's direction.
-#include <cstdint>
+#include "core/library_direction.h"
+
 #include <string>
 
 namespace nebkaro {
 
 struct App;
 struct WordView;
-
-// "Basic"/"Extended" and "Left"/"Right" folder words for a word's library and direction fields.
-std::string libraryFolder(const std::string& libraryField);
-std::string directionFolder(const std::string& directionField);
 
 // Draws the current word (nothing when currentIndex is negative) and fills the word view.
 void RenderWord(App& app);
@@ -28,8 +25,8 @@ int ProgressWidth(int containerWidth, int currentIndex, int lastIndex);
 // The off-screen picture of the word: 32-twip margin, signs in slot order.
 void DrawWordImage(App& app);
 
-// 0 = make the word "L", 1 = make it "R", anything else = toggle. Mirrors the X positions,
-// writes the layout (mirroring form) into RichGardinerlbl and runs Store.
-void SetDirection(App& app, std::int16_t wanted);
+// Turns the current word as mode asks (nothing when it faces that way already). Mirrors the X
+// positions, writes the layout (mirroring form) into RichGardinerlbl and runs Store.
+void SetDirection(App& app, FlipMode mode);
 
 } // namespace nebkaro

@@ -1,5 +1,7 @@
 #include "display/sign_outlines_qt.h"
 
+#include "core/library_direction.h"
+
 #include <QFile>
 #include <QHash>
 #include <QMutex>
@@ -54,6 +56,7 @@ private:
     std::uint16_t u16(std::size_t at) const {
         return static_cast<std::uint16_t>(u8(at) << 8 | u8(at + 1));
     }
+    // Font tables keep signed values as 16-bit two's complement: the wrap is the decoding.
     std::int16_t s16(std::size_t at) const { return static_cast<std::int16_t>(u16(at)); }
     std::uint32_t u32(std::size_t at) const {
         return static_cast<std::uint32_t>(u16(at)) << 16 | u16(at + 2);
@@ -283,7 +286,7 @@ QPainterPath SignOutline(const SignPicture& picture) {
     const std::filesystem::path directionFolder = file.parent_path().parent_path();
     const std::filesystem::path home = directionFolder.parent_path().parent_path();
     const std::string code = file.stem().string();
-    const bool right = directionFolder.filename() == "Right";
+    const bool right = directionFolder.filename() == directionName(Direction::Right);
     const QString key =
         QString::fromStdString(code) + (right ? QLatin1Char('R') : QLatin1Char('L'));
 

@@ -134,10 +134,11 @@ std::vector<PlacedSign> PlacedSigns(const GlyphTable& glyphs,
 bool WordOnShowFacesLeft(const App& app) {
     const DictionaryStore& store = app.store;
     // A composed word not yet stored faces the way new words are stored.
-    bool left = app.settings.directionLeft;
+    bool left = app.settings.direction == Direction::Left;
     if (!store.newWordPending && store.currentIndex >= 0 &&
         store.currentIndex <= DictionaryStore::MaxWordIndex)
-        left = store.field(store.currentIndex, FieldDirection) == "L";
+        left =
+            directionOfLetter(store.field(store.currentIndex, FieldDirection)) == Direction::Left;
     return left;
 }
 

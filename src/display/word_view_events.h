@@ -25,8 +25,10 @@ void TextBoxGotFocus(App& app, TextBox box);
 // Leaving a box after its text changed makes the word count as being edited.
 void TextBoxLostFocus(App& app, TextBox box);
 
-// Key codes as the window sees them: Ctrl is 17, letters are their capital's code.
+// Key codes as the window sees them: Shift 16, Ctrl 17, Alt 18, letters their capital's code.
+inline constexpr int KeyShift = 16;
 inline constexpr int KeyControl = 17;
+inline constexpr int KeyAlt = 18;
 inline constexpr int KeyG = 71;
 inline constexpr int KeyM = 77;
 // A key went down anywhere in the window. Ctrl followed by G toggles ChkHideGardiner, Ctrl

@@ -20,14 +20,14 @@ using C = CommandId;
 using S = ShortcutScope;
 
 // A change of direction needs a word to turn; the word is stored by SetDirection.
-void turnWord(App& app, std::int16_t wanted, bool markEdited) {
+void turnWord(App& app, FlipMode mode, bool markEdited) {
     // The word turned is the stored word on show, not a new word that waits to be stored.
     if (app.store.newWordPending) OfferToStoreWord(app);
     if (!WordOnShow(app)) {
         ReportNoWordOnShow(app);
         return;
     }
-    SetDirection(app, wanted);
+    SetDirection(app, mode);
     // Only Word > Flip > Left counts the word as being edited afterwards.
     if (markEdited) app.store.editPending = true;
     app.renderWord(app);
@@ -190,19 +190,19 @@ std::vector<Command> directionCommands() {
         {.id = C::FlipWord,
          .name = "FlipWord",
          .help = "Turn the signs of the word to face the other way",
-         .run = [](App& a) { turnWord(a, 2, false); }},
+         .run = [](App& a) { turnWord(a, FlipMode::Invert, false); }},
         {.id = C::DirectionLeft,
          .name = "DirectionLeft",
          .help = "Make the signs of the word face left",
-         .run = [](App& a) { turnWord(a, 0, true); }},
+         .run = [](App& a) { turnWord(a, FlipMode::Left, true); }},
         {.id = C::DirectionRight,
          .name = "DirectionRight",
          .help = "Make the signs of the word face right",
-         .run = [](App& a) { turnWord(a, 1, false); }},
+         .run = [](App& a) { turnWord(a, FlipMode::Right, false); }},
         {.id = C::DirectionInvert,
          .name = "DirectionInvert",
          .help = "Turn the signs of the word to face the other way",
-         .run = [](App& a) { turnWord(a, 2, false); }},
+         .run = [](App& a) { turnWord(a, FlipMode::Invert, false); }},
         {.id = C::ShowBorders,
          .name = "ShowBorders",
          .help = "Frame every sign of the word",

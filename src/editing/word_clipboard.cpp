@@ -75,7 +75,7 @@ void Paste(App& app) {
     OfferToStoreWord(app);
     DictionaryStore& store = app.store;
     const std::vector<std::string> parts = text::split(item, '|');
-    const bool valid = parts[0] == "R" || parts[0] == "L";
+    const bool valid = isDirectionLetter(parts[0]);
     const bool complete = parts.size() >= static_cast<std::size_t>(FieldCount);
     const int pasted =
         DictionaryHasNoWords(store) ? 0 : std::clamp(store.currentIndex, -1, store.lastIndex) + 1;

@@ -30,8 +30,8 @@ void setBox(WordView& view, std::string& box, std::string value) {
 }
 
 // Shows the signs the composer left in app.glyphs, centred in the display area as a drawn
-// word is, with pictures from the given folders.
-void showComposedWord(App& app, const std::string& library, const std::string& direction) {
+// word is, with pictures from the given library and direction.
+void showComposedWord(App& app, Library library, Direction direction) {
     WordView& view = app.view;
     view.missingPictures.clear();
     for (int i = 0; i < GlyphTable::Slots; ++i) {
@@ -53,8 +53,8 @@ void showComposedWord(App& app, const std::string& library, const std::string& d
 
 // The library an edited word will be drawn from once stored: its own, or Extended once that
 // library has been chosen in the composer.
-std::string storedLibrary(const App& app, const std::string& libraryField) {
-    return app.extendedChosen ? "Extended" : libraryFolder(libraryField);
+Library storedLibrary(const App& app, const std::string& libraryField) {
+    return app.extendedChosen ? Library::Extended : libraryOfLetter(libraryField);
 }
 
 } // namespace
@@ -141,13 +141,13 @@ bool Store(App& app) {
                 return false;
             }
         }
-        store.setField(row, FieldDirection, app.settings.directionLeft ? "L" : "R");
-        store.setField(row, FieldLibrary, app.settings.useBasicLibrary ? "B" : "E");
+        store.setField(row, FieldDirection, directionLetter(app.settings.direction));
+        store.setField(row, FieldLibrary, libraryLetter(app.settings.library));
     } else if (!rowInTable(row)) {
         return false; // nothing on show, nothing to store
     }
     step.rename("Store word " + std::to_string(row));
-    if (app.extendedChosen) store.setField(row, FieldLibrary, "E");
+    if (app.extendedChosen) store.setField(row, FieldLibrary, libraryLetter(Library::Extended));
     const WordView& view = app.view;
     store.setField(row, FieldLayout, view.RichGardinerlbl);
     store.setField(row, FieldGardiner, view.GardinerTxt);
@@ -187,9 +187,8 @@ void New(App& app, bool insert) {
         app.insertPending = false;
         return;
     }
-    const std::string library =
-        app.settings.useBasicLibrary && !app.extendedChosen ? "Basic" : "Extended";
-    showComposedWord(app, library, app.settings.directionLeft ? "Left" : "Right");
+    const Library library = app.extendedChosen ? Library::Extended : app.settings.library;
+    showComposedWord(app, library, app.settings.direction);
     WordView& view = app.view;
     setBox(view, view.MeaningTxt, "");
     setBox(view, view.CommentTxt, "");
@@ -213,7 +212,7 @@ void Edit(App& app) {
     if (!store.composeAccepted) return;
     const WordRecord& word = store.row(store.currentIndex);
     showComposedWord(app, storedLibrary(app, word[FieldLibrary]),
-                     directionFolder(word[FieldDirection]));
+                     directionOfLetter(word[FieldDirection]));
     app.windows->wordViewChanged();
 }
 

@@ -78,8 +78,8 @@ std::string MdcOfSigns(const std::vector<PlacedSign>& signs, bool leftToRight) {
 std::vector<PlacedSign> PlacedSignsOfRecord(SignPictures& pictures, const WordRecord& word) {
     GlyphTable table;
     ParseLayoutString(word[FieldLayout], table);
-    const std::string library = libraryFolder(word[FieldLibrary]);
-    const std::string direction = directionFolder(word[FieldDirection]);
+    const Library library = libraryOfLetter(word[FieldLibrary]);
+    const Direction direction = directionOfLetter(word[FieldDirection]);
     std::vector<PlacedSign> out;
     for (const GlyphSlot& s : table.cells) {
         if (!s.used() || s.code->empty()) continue;
@@ -91,7 +91,8 @@ std::vector<PlacedSign> PlacedSignsOfRecord(SignPictures& pictures, const WordRe
 }
 
 std::string MdcOfRecord(SignPictures& pictures, const WordRecord& word) {
-    return MdcOfSigns(PlacedSignsOfRecord(pictures, word), word[FieldDirection] == "L");
+    return MdcOfSigns(PlacedSignsOfRecord(pictures, word),
+                      directionOfLetter(word[FieldDirection]) == Direction::Left);
 }
 
 std::string MdcOfWordOnShow(const App& app) {

@@ -153,7 +153,7 @@ bool composeNewWord(App& app, const std::vector<Composer::NamedSign>& signs) {
     composer.Load();
     composer.ArrangeSigns(signs);
     // One sign is a word too.
-    composer.LastGlyph = std::max<std::int16_t>(composer.LastGlyph, 1);
+    composer.LastGlyph = std::max(composer.LastGlyph, 1);
     composer.OK();
     return app.store.composeAccepted;
 }
@@ -176,7 +176,8 @@ ExportText ExportTsv(App& app, const std::vector<int>& words) {
         std::string glyphs;
         try {
             const UnicodeWord u =
-                UnicodeText(PlacedSignsOfRecord(pictures, word), word[FieldDirection] == "L");
+                UnicodeText(PlacedSignsOfRecord(pictures, word),
+                            directionOfLetter(word[FieldDirection]) == Direction::Left);
             glyphs = text::toUtf8(u.text);
             if (!u.missing.empty())
                 out.problems.push_back(wordLabel(w) + ": no Unicode sign for " + u.missing.front());
@@ -271,9 +272,9 @@ ImportReport ImportMdcLines(App& app, const std::string& text) {
             refuse("the dictionary is full");
             break;
         }
-        store.setRow(row, {app.settings.directionLeft ? "L" : "R",
-                           app.settings.useBasicLibrary ? "B" : "E", app.layoutText,
-                           app.composedGardiner, translit, fields[2], comment});
+        store.setRow(row,
+                     {directionLetter(app.settings.direction), libraryLetter(app.settings.library),
+                      app.layoutText, app.composedGardiner, translit, fields[2], comment});
         known.insert(key);
         ++report.added;
         store.isChanged = true;

@@ -17,8 +17,8 @@ constexpr int PictureMargin = 32;
 WordPicture PictureOfRecord(SignPictures& pictures, const WordRecord& word) {
     GlyphTable table;
     ParseLayoutString(word[FieldLayout], table);
-    const std::string library = libraryFolder(word[FieldLibrary]);
-    const std::string direction = directionFolder(word[FieldDirection]);
+    const Library library = libraryOfLetter(word[FieldLibrary]);
+    const Direction direction = directionOfLetter(word[FieldDirection]);
     WordPicture pic;
     double minX = 0, minY = 0, right = 0, bottom = 0;
     for (int i = 0; i < GlyphTable::Slots; ++i) {
@@ -49,7 +49,7 @@ WordPicture PictureOfWord(App& app, int index) {
     return PictureOfRecord(app.pictures, app.store.row(index));
 }
 
-SignPicture CachedSignPictures::picture(const std::string& library, const std::string& direction,
+SignPicture CachedSignPictures::picture(Library library, Direction direction,
                                         const std::string& code) {
     auto key = std::make_tuple(library, direction, code);
     auto it = cache_.find(key);

@@ -30,12 +30,11 @@ WordPicture PictureOfWord(App& app, int index);
 class CachedSignPictures : public SignPictures {
 public:
     explicit CachedSignPictures(SignPictures& source) : source_(source) {}
-    SignPicture picture(const std::string& library, const std::string& direction,
-                        const std::string& code) override;
+    SignPicture picture(Library library, Direction direction, const std::string& code) override;
 
 private:
     SignPictures& source_;
-    std::map<std::tuple<std::string, std::string, std::string>, SignPicture> cache_;
+    std::map<std::tuple<Library, Direction, std::string>, SignPicture> cache_;
 };
 
 // A word as it is printed: its number (index), its fields and its picture (without signs

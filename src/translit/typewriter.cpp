@@ -95,8 +95,8 @@ int TypewriterLeftBeside(int callerLeft, int callerWidth, int typewriterWidth, i
     return right;
 }
 
-std::int16_t TypewriterLeftBesideMain(int mainLeft, int mainWidth, int typewriterWidth) {
-    const std::int16_t left =
+int TypewriterLeftBesideMain(int mainLeft, int mainWidth, int typewriterWidth) {
+    const int left =
         text::toInt16(static_cast<double>(mainLeft) - static_cast<double>(typewriterWidth));
     if (left >= 0) return left;
     return text::toInt16(static_cast<double>(mainLeft) + static_cast<double>(mainWidth));

@@ -61,6 +61,6 @@ int TypewriterLeftBeside(int callerLeft, int callerWidth, int typewriterWidth, i
 // Where it goes beside the main window: directly to its left, or to its right when that would
 // be off screen. Worked out in 16-bit numbers, as window positions always were here: a
 // position outside -32768..32767 is an Overflow error.
-std::int16_t TypewriterLeftBesideMain(int mainLeft, int mainWidth, int typewriterWidth);
+int TypewriterLeftBesideMain(int mainLeft, int mainWidth, int typewriterWidth);
 
 } // namespace nebkaro

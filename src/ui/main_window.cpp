@@ -59,16 +59,16 @@ int px(int twips) {
     return static_cast<int>(std::lround(twips / static_cast<double>(TwipsPerPixel)));
 }
 
-// Key codes as the word view counts them: Ctrl 17, Shift 16, Alt 18; letters and digits
-// keep their codes, which are the same in both worlds.
+// Key codes as the word view counts them; letters and digits keep their codes, which are the
+// same in both worlds.
 int keyCode(int qtKey) {
     switch (qtKey) {
     case Qt::Key_Control:
         return KeyControl;
     case Qt::Key_Shift:
-        return 16;
+        return KeyShift;
     case Qt::Key_Alt:
-        return 18;
+        return KeyAlt;
     default:
         return qtKey;
     }

@@ -37,12 +37,14 @@ PreferencesDialog::PreferencesDialog(App& app, QWidget* parent) : QDialog(parent
     const Settings& s = app.settings;
 
     auto* library = frame(this, "fraLibrary", "Library");
-    basic_ = option(library, library->layout(), "optBasic", "Basic", s.useBasicLibrary);
-    option(library, library->layout(), "optExtended", "Extended", !s.useBasicLibrary);
+    const bool basic = s.library == Library::Basic;
+    basic_ = option(library, library->layout(), "optBasic", "Basic", basic);
+    option(library, library->layout(), "optExtended", "Extended", !basic);
 
     auto* direction = frame(this, "fraDirection", "Direction");
-    left_ = option(direction, direction->layout(), "optLeft", "Left", s.directionLeft);
-    option(direction, direction->layout(), "optRight", "Right", !s.directionLeft);
+    const bool left = s.direction == Direction::Left;
+    left_ = option(direction, direction->layout(), "optLeft", "Left", left);
+    option(direction, direction->layout(), "optRight", "Right", !left);
 
     // The draft button stores 0, not -1.
     auto* quality = frame(this, "fraPrintQuality", "Print Quality");
@@ -95,7 +97,8 @@ PreferencesDialog::PreferencesDialog(App& app, QWidget* parent) : QDialog(parent
 
 void PreferencesDialog::confirm() {
     // A sign list that cannot be read ends the program; the main window sees it on return.
-    ApplyPreferences(app_, basic_->isChecked(), left_->isChecked());
+    ApplyPreferences(app_, basic_->isChecked() ? Library::Basic : Library::Extended,
+                     left_->isChecked() ? Direction::Left : Direction::Right);
     accept();
 }
 

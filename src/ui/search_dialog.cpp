@@ -245,24 +245,24 @@ void SearchDialog::connectEntries() {
     }
     connect(ChkExact_, &QCheckBox::toggled, this, [this](bool on) {
         if (refreshing_) return;
-        SearchSetExact(app_, on ? 1 : 0);
+        SearchSetExact(app_, on);
         refresh();
         entriesChanged();
     });
     connect(chkExactWord_, &QCheckBox::toggled, this, [this](bool on) {
         if (refreshing_) return;
-        SearchSetExactWord(app_, on ? 1 : 0);
+        SearchSetExactWord(app_, on);
         refresh();
         entriesChanged();
     });
     connect(chkCase_, &QCheckBox::toggled, this, [this](bool on) {
         if (refreshing_) return;
-        app_.search.chkCase = on ? 1 : 0;
+        app_.search.chkCase = on;
         entriesChanged();
     });
     connect(chkIgnoreVariants_, &QCheckBox::toggled, this, [this](bool on) {
         if (refreshing_) return;
-        app_.search.chkIgnoreVariants = on ? 1 : 0;
+        app_.search.chkIgnoreVariants = on;
         entriesChanged();
     });
 }
@@ -277,10 +277,10 @@ void SearchDialog::refresh() {
     optGardiner_->setChecked(d.option == FieldGardiner);
     optComment_->setChecked(d.option == FieldComment);
     optSigns_->setChecked(d.option == FieldLayout);
-    ChkExact_->setChecked(d.ChkExact == 1);
-    chkExactWord_->setChecked(d.chkExactWord == 1);
-    chkCase_->setChecked(d.chkCase == 1);
-    chkIgnoreVariants_->setChecked(d.chkIgnoreVariants == 1);
+    ChkExact_->setChecked(d.ChkExact);
+    chkExactWord_->setChecked(d.chkExactWord);
+    chkCase_->setChecked(d.chkCase);
+    chkIgnoreVariants_->setChecked(d.chkIgnoreVariants);
     chkIgnoreVariants_->setEnabled(d.chkIgnoreVariantsEnabled);
     cmdTypewriter_->setEnabled(d.cmdTypewriterEnabled);
     cmdPickSign_->setEnabled(d.option == FieldLayout);
@@ -388,8 +388,7 @@ void SearchDialog::updateFound(bool live) {
     }
     try {
         if (d.option == FieldLayout) {
-            const SignQueryReading r =
-                ReadSignQuery(app_.lists, d.txtSearch, d.chkIgnoreVariants != 0);
+            const SignQueryReading r = ReadSignQuery(app_.lists, d.txtSearch, d.chkIgnoreVariants);
             if (!r.unknown.empty()) {
                 if (!live)
                     app_.dialogs.message(r.unknown + " was not found", "Phonetic Not Found",
@@ -401,11 +400,11 @@ void SearchDialog::updateFound(bool live) {
             found_->setWords(FindAllBySigns(app_.store, r.query));
             foundCriteria_ = SearchCriteria{};
             foundCriteria_.pattern = SignQueryText(r.query);
-            foundCriteria_.caseSensitive = 1;
+            foundCriteria_.caseSensitive = true;
             foundCriteria_.ignoreVariants = r.query.foldVariants;
         } else {
             const SearchCriteria c = PrepareCriteria(d.txtSearch, d.ChkExact, d.chkExactWord,
-                                                     d.chkCase, d.chkIgnoreVariants != 0);
+                                                     d.chkCase, d.chkIgnoreVariants);
             found_->setWords(FindAll(app_.store, c, d.option));
             foundCriteria_ = c;
         }

@@ -14,8 +14,9 @@
 namespace nebkaro {
 
 namespace {
-// The options in the order the dialog lists them, by their value for sortField.
-constexpr int ShownOrder[] = {5, 4, 9, 3, 6};
+// The options in the order the dialog lists them.
+constexpr SortField ShownOrder[] = {SortField::Meaning, SortField::Translit, SortField::Classic,
+                                    SortField::Gardiner, SortField::Comment};
 } // namespace
 
 SortDialog::SortDialog(App& app, QWidget* parent) : QDialog(parent), app_(app) {
@@ -28,18 +29,18 @@ SortDialog::SortDialog(App& app, QWidget* parent) : QDialog(parent), app_(app) {
     frame->setObjectName("Frame1");
     auto* frameLayout = new QVBoxLayout(frame);
     options_ = new QButtonGroup(this);
-    for (int value : ShownOrder) {
+    for (SortField value : ShownOrder) {
         for (const SortOption& o : SortOptions) {
             if (o.value != value) continue;
             auto* button = new QRadioButton(o.caption, frame);
             button->setObjectName(o.name);
             if (*o.toolTip) button->setToolTip(o.toolTip);
-            options_->addButton(button, o.value);
+            options_->addButton(button, static_cast<int>(o.value));
             frameLayout->addWidget(button);
         }
     }
     connect(options_, &QButtonGroup::idToggled, this, [this](int id, bool on) {
-        if (on) app_.sortDialog.option = id;
+        if (on) app_.sortDialog.option = static_cast<SortField>(id);
     });
 
     reverse_ = new QCheckBox("Reverse order", this);
@@ -74,7 +75,8 @@ void SortDialog::syncFromState() {
     const SortDialogState& s = app_.sortDialog;
     // An exclusive group cannot uncheck its last button; "none chosen" needs it open briefly.
     options_->setExclusive(false);
-    for (QAbstractButton* b : options_->buttons()) b->setChecked(options_->id(b) == s.option);
+    for (QAbstractButton* b : options_->buttons())
+        b->setChecked(options_->id(b) == static_cast<int>(s.option));
     options_->setExclusive(true);
     reverse_->setChecked(s.reverse);
     caseSensitive_->setChecked(s.caseSensitive);

@@ -226,8 +226,8 @@ TEST_F(SignBrowserTest, ChoosingLeavesTheSignForTheComposer) {
 }
 
 TEST_F(SignBrowserTest, PicturesComeFromTheLibraryAndDirectionFolders) {
-    app.settings.useBasicLibrary = false;
-    app.settings.directionLeft = false;
+    app.settings.library = Library::Extended;
+    app.settings.direction = Direction::Right;
     browser.Paint();
     EXPECT_EQ(browser.lblLibrary, "Extended Library");
     EXPECT_EQ(browser.picGlyph[0].picture.file, "/pictures/Extended/Right/G1.GIF");

@@ -69,8 +69,8 @@ struct BulkApp {
         return out;
     }
 
-    // The user picks an option (its sortField value) and check boxes, then OK.
-    void choose(int option, bool reverse = false, bool caseSensitive = false) {
+    // The user picks an option and check boxes, then OK.
+    void choose(SortField option, bool reverse = false, bool caseSensitive = false) {
         windows.onSortDialog = [this, option, reverse, caseSensitive] {
             app.sortDialog.option = option;
             app.sortDialog.reverse = reverse;

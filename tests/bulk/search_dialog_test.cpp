@@ -37,15 +37,15 @@ TEST(SearchDialog, OptionEffectsKeepTheTransliterationAsymmetry) {
 TEST(SearchDialog, ExactMatchAndExactWordExcludeEachOther) {
     TestApp t;
     SearchDialogState& d = t.app.search;
-    SearchSetExact(t.app, 1);
-    SearchSetExactWord(t.app, 1);
-    EXPECT_EQ(d.ChkExact, 0);
-    SearchSetExact(t.app, 1);
-    EXPECT_EQ(d.chkExactWord, 0);
-    SearchSetExact(t.app, 0); // unchecking leaves the other alone
-    SearchSetExactWord(t.app, 1);
-    SearchSetExact(t.app, 0);
-    EXPECT_EQ(d.chkExactWord, 1);
+    SearchSetExact(t.app, true);
+    SearchSetExactWord(t.app, true);
+    EXPECT_FALSE(d.ChkExact);
+    SearchSetExact(t.app, true);
+    EXPECT_FALSE(d.chkExactWord);
+    SearchSetExact(t.app, false); // unchecking leaves the other alone
+    SearchSetExactWord(t.app, true);
+    SearchSetExact(t.app, false);
+    EXPECT_TRUE(d.chkExactWord);
 }
 
 TEST(SearchDialog, OkRefusesAnEmptyTextAndOtherwiseAcceptsAndHides) {

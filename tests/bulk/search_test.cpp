@@ -71,7 +71,7 @@ struct SearchTest : ::testing::Test, Searcher {};
 TEST(PrepareCriteria, SlashIsAStarBlanksGoAndCaseFolds) {
     struct Row {
         const char* text;
-        int caseSensitive;
+        bool caseSensitive;
         bool ignoreVariants;
         const char* pattern;
         bool wildcards;
@@ -89,11 +89,12 @@ TEST(PrepareCriteria, SlashIsAStarBlanksGoAndCaseFolds) {
              {"a1a", 1, true, "a1", false},
              {"A1a-G17b", 1, false, "A1a-G17b", false},
          }) {
-        const SearchCriteria c = PrepareCriteria(r.text, 1, 0, r.caseSensitive, r.ignoreVariants);
+        const SearchCriteria c =
+            PrepareCriteria(r.text, true, false, r.caseSensitive, r.ignoreVariants);
         EXPECT_EQ(c.pattern, r.pattern) << r.text;
         EXPECT_EQ(c.hasWildcards, r.wildcards) << r.text;
-        EXPECT_EQ(c.exact, 1);
-        EXPECT_EQ(c.exactWord, 0);
+        EXPECT_TRUE(c.exact);
+        EXPECT_FALSE(c.exactWord);
     }
 }
 
@@ -159,12 +160,12 @@ TEST(IsWholeWord, TheFourCasesChosenByTheFirstOccurrence) {
 
 TEST_F(SearchTest, EachOptionDecidesWhatMatches) {
     using Options = void (*)(App&);
-    const Options none = [](App&) {}, exact = [](App&a) { SearchSetExact(a, 1); },
-                  word = [](App&a) { SearchSetExactWord(a, 1); },
-                  cased = [](App&a) { a.search.chkCase = 1; },
-                  uncased = [](App&a) { a.search.chkCase = 0; }, variants = [](App&a) {
-                      a.search.chkIgnoreVariants = 1;
-                      SearchSetExact(a, 1);
+    const Options none = [](App&) {}, exact = [](App&a) { SearchSetExact(a, true); },
+                  word = [](App&a) { SearchSetExactWord(a, true); },
+                  cased = [](App&a) { a.search.chkCase = true; },
+                  uncased = [](App&a) { a.search.chkCase = false; }, variants = [](App&a) {
+                      a.search.chkIgnoreVariants = true;
+                      SearchSetExact(a, true);
                   };
     struct Row {
         int field;
@@ -332,7 +333,7 @@ TEST(FindMatch, WalksEitherWayInclusiveOfBothEnds) {
     DictionaryStore s;
     for (int i = 0; i < 6; ++i) s.setField(i, FieldMeaning, i % 2 ? "sun" : "moon");
     s.lastIndex = 5;
-    const SearchCriteria c = PrepareCriteria("sun", 1, 0, 0, false);
+    const SearchCriteria c = PrepareCriteria("sun", true, false, false, false);
     EXPECT_EQ(FindMatch(s, c, FieldMeaning, 0, 5, 1), 1);
     EXPECT_EQ(FindMatch(s, c, FieldMeaning, 2, 5, 1), 3);
     EXPECT_EQ(FindMatch(s, c, FieldMeaning, 5, 0, -1), 5);
@@ -348,6 +349,6 @@ TEST(FindMatch, WalksEitherWayInclusiveOfBothEnds) {
 // out of the value before upper-casing, as it is taken out of the pattern.
 TEST(PrepareValue, AgreesWithThePatternOnBrokenUtf8) {
     const std::string text = "\xe2\xe2 \xd0 \x95";
-    const SearchCriteria c = PrepareCriteria(text, 1, 0, 0, false);
+    const SearchCriteria c = PrepareCriteria(text, true, false, false, false);
     EXPECT_EQ(PrepareValue(text, c), c.pattern);
 }

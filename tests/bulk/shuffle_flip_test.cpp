@@ -68,7 +68,7 @@ TEST(FlipAllWords, WarningCountsTheWordsWithThousandsSeparators) {
         BulkApp t;
         t.app.store.lastIndex = last;
         t.dialogs.answers = {Answer::Cancel};
-        FlipAllCommand(t.app, 2);
+        FlipAllCommand(t.app, FlipMode::Invert);
         EXPECT_EQ(t.dialogs.messages(), std::vector<std::string>{text});
         EXPECT_TRUE(t.windows.progress.empty());
     }
@@ -76,13 +76,13 @@ TEST(FlipAllWords, WarningCountsTheWordsWithThousandsSeparators) {
 
 TEST(FlipAllWords, FlipsEveryWordAndComesBackToTheCurrentOne) {
     struct Case {
-        int mode;
+        FlipMode mode;
         std::vector<std::string> before, after;
         bool editPending;
     } cases[] = {
-        {0, {"L", "R", "R"}, {"L", "L", "L"}, true},
-        {1, {"L", "R", "L"}, {"R", "R", "R"}, false},
-        {2, {"L", "R", "L"}, {"R", "L", "R"}, false},
+        {FlipMode::Left, {"L", "R", "R"}, {"L", "L", "L"}, true},
+        {FlipMode::Right, {"L", "R", "L"}, {"R", "R", "R"}, false},
+        {FlipMode::Invert, {"L", "R", "L"}, {"R", "L", "R"}, false},
     };
     for (const auto& c : cases) {
         BulkApp t;
@@ -114,7 +114,7 @@ TEST(FlipAllWords, CancelStopsAfterTheCurrentWordAndAWordWithoutSignsIsReported)
         if (t.events.yields == 3) t.app.sortCancelled = true;
     };
     t.dialogs.answers = {Answer::OK};
-    FlipAllCommand(t.app, 2);
+    FlipAllCommand(t.app, FlipMode::Invert);
     // Words 0..2 were flipped before the third yield; word 3 is the one in hand when the
     // Cancel is seen.
     EXPECT_EQ(t.column(FieldDirection),
@@ -127,7 +127,7 @@ TEST(FlipAllWords, CancelStopsAfterTheCurrentWordAndAWordWithoutSignsIsReported)
     words[1][FieldLayout] = "";
     e.setWords(words);
     e.dialogs.answers = {Answer::OK};
-    FlipAllCommand(e.app, 1);
+    FlipAllCommand(e.app, FlipMode::Right);
     // The word that failed is left whole: its direction did not change without its signs.
     EXPECT_EQ(e.column(FieldDirection), (std::vector<std::string>{"R", "L", "L"}));
     EXPECT_EQ(e.dialogs.prompts.back().text, "5  Invalid procedure call or argument");

@@ -96,7 +96,7 @@ TEST(SignsFind, FindAndFindNextWalkTheWordsHoldingTheSigns) {
                 {"L", "B", "X1(0,0) ", "X1", "t", "bread", ""},
                 {"L", "B", "D21(0,0) - G17a(300,0) ", "D21-G17a", "rm", "y", ""}});
     b.app.search.txtSearch = "r m";
-    b.app.search.chkIgnoreVariants = 1;
+    b.app.search.chkIgnoreVariants = true;
     b.app.searchField = FieldLayout;
     EXPECT_EQ(FindWord(b.app, 0, b.app.store.lastIndex, 1, false), 1);
     FindNextCommand(b.app);

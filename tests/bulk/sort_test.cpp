@@ -54,7 +54,7 @@ void literalToolbarSort(std::vector<WordRecord>& rows, int last, int field, Sort
 
 enum class Which { Toolbar, Menu };
 
-void runSort(BulkApp& t, Which which, int field, bool reverse = false, bool cs = true) {
+void runSort(BulkApp& t, Which which, SortField field, bool reverse = false, bool cs = true) {
     t.choose(field, reverse, cs);
     if (t.app.store.isChanged) t.dialogs.answers.push_back(Answer::No); // save first?
     if (which == Which::Menu) t.dialogs.answers.push_back(Answer::Yes); // proceed
@@ -83,7 +83,7 @@ TEST(Sort, ToolbarOrderIsTheOrderOfTheExchangePasses) {
 
         BulkApp t;
         t.setWords(rows);
-        ToolbarSort(t.app, field, order);
+        ToolbarSort(t.app, static_cast<SortField>(field), order);
         for (int i = 0; i < n; ++i) ASSERT_EQ(t.app.store.row(i), expected[i]) << "round " << round;
     }
 }
@@ -91,25 +91,26 @@ TEST(Sort, ToolbarOrderIsTheOrderOfTheExchangePasses) {
 TEST(Sort, BothSortsOrderByTheChosenFieldAndDirection) {
     struct Case {
         Which which;
-        int field;
+        SortField field;
         bool reverse;
         bool caseSensitive;
         Strings in, out;
     } cases[] = {
         // The tool bar compares Gardiner notations as text, the menu in Gardiner order.
-        {Which::Toolbar, 3, false, true, {"A2", "A10", "A1"}, {"A1", "A10", "A2"}},
-        {Which::Menu, 3, false, true, {"A2", "A10", "A1"}, {"A1", "A2", "A10"}},
-        {Which::Toolbar, 3, true, true, {"A2", "A10", "A1"}, {"A2", "A10", "A1"}},
-        {Which::Menu, 3, true, true, {"A2", "A10", "A1"}, {"A10", "A2", "A1"}},
-        {Which::Toolbar, 6, false, true, {"b", "a", "B", "A"}, {"A", "B", "a", "b"}},
-        {Which::Menu, 6, false, true, {"b", "a", "B", "A"}, {"A", "B", "a", "b"}},
+        {Which::Toolbar, SortField::Gardiner, false, true, {"A2", "A10", "A1"}, {"A1", "A10", "A2"}},
+        {Which::Menu, SortField::Gardiner, false, true, {"A2", "A10", "A1"}, {"A1", "A2", "A10"}},
+        {Which::Toolbar, SortField::Gardiner, true, true, {"A2", "A10", "A1"}, {"A2", "A10", "A1"}},
+        {Which::Menu, SortField::Gardiner, true, true, {"A2", "A10", "A1"}, {"A10", "A2", "A1"}},
+        {Which::Toolbar, SortField::Comment, false, true, {"b", "a", "B", "A"}, {"A", "B", "a", "b"}},
+        {Which::Menu, SortField::Comment, false, true, {"b", "a", "B", "A"}, {"A", "B", "a", "b"}},
     };
     for (const auto& c : cases) {
         BulkApp t;
-        t.setField(c.field, c.in);
+        const int column = sortColumn(c.field);
+        t.setField(column, c.in);
         runSort(t, c.which, c.field, c.reverse, c.caseSensitive);
-        EXPECT_EQ(t.column(c.field), c.out) << (c.which == Which::Menu ? "menu " : "tool bar ")
-                                            << c.field << (c.reverse ? " reverse" : "");
+        EXPECT_EQ(t.column(column), c.out) << (c.which == Which::Menu ? "menu " : "tool bar ")
+                                           << column << (c.reverse ? " reverse" : "");
         EXPECT_TRUE(t.app.store.isChanged);
     }
 }
@@ -121,7 +122,7 @@ TEST(Sort, SmallDictionariesMoveOnlyTheirOwnWords) {
             BulkApp t;
             t.setField(5, words);
             t.app.store.setRow(static_cast<int>(words.size()), {"L", "B", "", "", "", "0", ""});
-            runSort(t, which, 5);
+            runSort(t, which, SortField::Meaning);
             Strings sorted = words;
             std::sort(sorted.begin(), sorted.end());
             EXPECT_EQ(t.column(5), sorted);
@@ -140,9 +141,9 @@ TEST(Sort, ClassicOrderFollowsTheTableAndGivesTheWordsBack) {
             BulkApp t;
             loadClassicTable(t.app);
             t.setField(4, shuffled);
-            runSort(t, which, SortByClassic, false, cs);
+            runSort(t, which, SortField::Classic, false, cs);
             EXPECT_EQ(t.column(4), classic);
-            runSort(t, which, SortByClassic, true, cs);
+            runSort(t, which, SortField::Classic, true, cs);
             EXPECT_EQ(t.column(4), Strings(classic.rbegin(), classic.rend()));
         }
 }
@@ -152,7 +153,7 @@ TEST(Sort, ACharacterBeyondTheClassicTableIsReportedAndLeavesEveryWordAsItWas) {
         BulkApp t;
         loadClassicTable(t.app);
         t.setField(4, {"nfr", "Hꜣt", "anx"});
-        runSort(t, which, SortByClassic);
+        runSort(t, which, SortField::Classic);
         ASSERT_FALSE(t.dialogs.prompts.empty());
         EXPECT_EQ(t.dialogs.prompts.back().text, "9  Subscript out of range");
         EXPECT_EQ(t.column(4), (Strings{"nfr", "Hꜣt", "anx"}));
@@ -210,7 +211,7 @@ TEST(Sort, MenuSortAsksSavesConfirmsAndReportsTheTime) {
     RenderWord(t.app);
     t.app.store.composeAccepted = true; // an edit waits: the save question comes first
     t.dialogs.answers = {Answer::Yes, Answer::Yes};
-    t.choose(5);
+    t.choose(SortField::Meaning);
     MenuSortCommand(t.app);
     const auto& p = t.dialogs.prompts;
     ASSERT_EQ(p.size(), 3u);
@@ -254,7 +255,7 @@ TEST(Sort, CancelledMenuSortStillDecodesAndReports) {
         words.push_back(std::string(1, ClassicLetters[(i * 7) % 25]) + "nx");
     t.setField(4, words);
     t.events.onYield = [&] { t.app.sortCancelled = true; };
-    runSort(t, Which::Menu, SortByClassic);
+    runSort(t, Which::Menu, SortField::Classic);
     Strings now = t.column(4);
     std::sort(now.begin(), now.end());
     std::sort(words.begin(), words.end());

@@ -9,7 +9,7 @@ namespace {
 struct ArrangeTest : ComposerTest {
     // Arrange, then OK: the word as it would be stored.
     std::string arranged(const std::string& line, bool left = true) {
-        app.settings.directionLeft = left;
+        app.settings.direction = left ? Direction::Left : Direction::Right;
         composer.Load();
         composer.txtMdC = line;
         composer.Arrange();

@@ -61,7 +61,7 @@ struct ComposerTest : ::testing::Test {
     // The sign with this code as the browser would hand it over from picture 0.
     ChosenSign sign(const std::string& code) {
         return ChosenSign{code, app.lists.findSign(code), 0,
-                          t.pictures.picture("Basic", "Left", code)};
+                          t.pictures.picture(Library::Basic, Direction::Left, code)};
     }
     void choose(int slot, const std::string& code) {
         browser.choices.push_back(sign(code));

@@ -25,7 +25,7 @@ TEST_F(ComposerWindowTest, OkBuildsTheStringsInTheReadingOrderOfTheDirection) {
     const Case cases[] = {{true, "A1(0,40) - G17(300,0) ", "A1-G17"},
                           {false, "G17(300,0) - A1(0,40) ", "G17-A1"}};
     for (const auto& c : cases) {
-        app.settings.directionLeft = c.left;
+        app.settings.direction = c.left ? Direction::Left : Direction::Right;
         composer.Load();
         // A second Get of the same signs after a direction change: both fill slots 0 and 1.
         place(*this, "A1 G17", {{1200, 800}, {1500, 760}});
@@ -74,7 +74,7 @@ TEST_F(ComposerWindowTest, OneColumnNeedsEachSignToStartBeforeNinetyTwoPercentOf
 
 TEST_F(ComposerWindowTest, ASignUnderAnotherFollowsItInBothDirections) {
     for (bool left : {true, false}) {
-        app.settings.directionLeft = left;
+        app.settings.direction = left ? Direction::Left : Direction::Right;
         composer.Load();
         place(*this, "X1 N35 A1", {{1500, 1450}, {1400, 1000}, {2100, 1000}});
         ASSERT_TRUE(composer.OK());
@@ -179,7 +179,7 @@ TEST_F(ComposerWindowTest, LoadForAnEditedWordTakesOverTheMainWindowsSigns) {
         app.glyphs[k].code = codes[k];
         GlyphImage& main = app.view.mainGlyphPic[static_cast<std::size_t>(k)];
         main.visible = true;
-        main.picture = t.pictures.picture("Basic", "Left", codes[k]);
+        main.picture = t.pictures.picture(Library::Basic, Direction::Left, codes[k]);
         main.left = 3000 + 400 * k;
         main.top = 1400 + 10 * k;
     }
@@ -252,13 +252,13 @@ TEST_F(LibraryFiles, TheFourSwitchesKeepTheirDifferences) {
     };
     for (const auto& c : cases) {
         // Start from the other library, with the controls showing it.
-        app.settings.useBasicLibrary = !c.basic;
+        app.settings.library = c.basic ? Library::Extended : Library::Basic;
         app.extendedChosen = false;
         composer.Activate();
         const int unloads = browser.unloads;
         const int beeps = t.dialogs.beeps;
         (composer.*c.handler)();
-        EXPECT_EQ(app.settings.useBasicLibrary, c.basic) << c.name;
+        EXPECT_EQ(app.settings.library == Library::Basic, c.basic) << c.name;
         EXPECT_EQ(app.lists.signCount, c.basic ? 2 : 4) << c.name;
         EXPECT_EQ(app.extendedChosen, c.extendedChosen) << c.name;
         EXPECT_EQ(t.dialogs.beeps - beeps, c.beeps) << c.name;
@@ -280,7 +280,7 @@ TEST_F(LibraryFiles, ASwitchKeepsThePicturesOnTheCanvasAndTakesNewSignsFromTheNe
 
 TEST_F(LibraryFiles, ActivateShowsTheLibraryInBothControls) {
     composer.OptExtended();
-    app.settings.useBasicLibrary = true;
+    app.settings.library = Library::Basic;
     composer.Activate();
     EXPECT_TRUE(composer.OptBasicValue);
     EXPECT_TRUE(composer.mnuBasicChecked);
@@ -327,7 +327,10 @@ TEST_F(ComposerWindowTest, ComposeLineIsGetThenOk) {
     for (const auto& c : cases) {
         app.store.newWordPending = false;
         app.glyphs[5].code = "left over";
-        EXPECT_EQ(ComposeLine(app, c.line, true, c.left), c.accepted) << c.line;
+        EXPECT_EQ(
+            ComposeLine(app, c.line, Library::Basic, c.left ? Direction::Left : Direction::Right),
+            c.accepted)
+            << c.line;
         EXPECT_EQ(app.layoutText, c.layout) << c.line;
         EXPECT_EQ(app.composedGardiner, c.gardiner) << c.line;
         EXPECT_FALSE(app.store.newWordPending) << "the flags are given back";

@@ -123,8 +123,8 @@ TEST_F(GetTest, PicturesComeFromTheChosenLibraryAndDirection) {
                           {false, true, "/pictures/Extended/Left/G17.GIF"},
                           {false, false, "/pictures/Extended/Right/G17.GIF"}};
     for (const auto& c : cases) {
-        app.settings.useBasicLibrary = c.basic;
-        app.settings.directionLeft = c.left;
+        app.settings.library = c.basic ? Library::Basic : Library::Extended;
+        app.settings.direction = c.left ? Direction::Left : Direction::Right;
         get("G17");
         EXPECT_EQ(composer.GlyphPic[0].picture.file, c.file);
     }

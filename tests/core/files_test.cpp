@@ -28,13 +28,15 @@ TEST(FolderSignPictures, NaturalSizeFromTheGifAndAnEmptySquareOtherwise) {
         {"Q9", false, 612, 612},
     };
     for (const auto& c : cases) {
-        const SignPicture p = pictures.picture("Basic", "Left", c.code);
+        const SignPicture p = pictures.picture(Library::Basic, Direction::Left, c.code);
         EXPECT_EQ(p.ok, c.ok) << c.code;
         EXPECT_EQ(p.width, c.width) << c.code;
         EXPECT_EQ(p.height, c.height) << c.code;
     }
-    EXPECT_EQ(pictures.picture("Basic", "Left", "A1").file, home.path() / "Basic/Left/A/a1.gif");
-    EXPECT_EQ(pictures.picture("Basic", "Left", "Q9").file, home.path() / "Basic/Left/Q/Q9.GIF");
+    EXPECT_EQ(pictures.picture(Library::Basic, Direction::Left, "A1").file,
+              home.path() / "Basic/Left/A/a1.gif");
+    EXPECT_EQ(pictures.picture(Library::Basic, Direction::Left, "Q9").file,
+              home.path() / "Basic/Left/Q/Q9.GIF");
 }
 
 TEST(AtomicFileWriter, ReplacesTheFileAndLeavesNoTemporaryBehind) {
@@ -107,6 +109,6 @@ TEST(FolderSignPictures, ACodeThatIsNotCodeShapedNeverBecomesAPath) {
     FolderSignPictures pictures(home.path());
     for (const std::string& code : std::vector<std::string>{
              "./../../../x", "../../../x", std::string("A1\0x", 4), "A/1", "", "A2"})
-        EXPECT_FALSE(pictures.picture("Basic", "Left", code).ok) << code;
-    EXPECT_TRUE(pictures.picture("Basic", "Left", "A1").ok);
+        EXPECT_FALSE(pictures.picture(Library::Basic, Direction::Left, code).ok) << code;
+    EXPECT_TRUE(pictures.picture(Library::Basic, Direction::Left, "A1").ok);
 }

@@ -41,8 +41,8 @@ TEST(ApplySettings, ValuesAreReadCaseBlindWithTheirOwnRules) {
         TempDir d;
         auto p = d.write("System/Settings.nks", c.file);
         ApplySettings(t.app, p);
-        EXPECT_EQ(t.app.settings.useBasicLibrary, c.basic) << c.file;
-        EXPECT_EQ(t.app.settings.directionLeft, c.left) << c.file;
+        EXPECT_EQ(t.app.settings.library == Library::Basic, c.basic) << c.file;
+        EXPECT_EQ(t.app.settings.direction == Direction::Left, c.left) << c.file;
         EXPECT_EQ(t.app.settings.showAbout, c.about) << c.file;
         EXPECT_EQ(t.app.settings.showDictionaryInfo, c.info) << c.file;
         EXPECT_EQ(t.app.store.dictionaryName, c.name) << c.file;
@@ -60,10 +60,10 @@ TEST(ApplySettings, AnUnreadableFileGivesTheDefaultsAndANotice) {
                                            d.path() / "dir.nks", d.write("garbage.nks", garbage)};
     for (const auto& f : files) {
         TestApp t;
-        t.app.settings.useBasicLibrary = false;
+        t.app.settings.library = Library::Extended;
         ApplySettings(t.app, f);
-        EXPECT_TRUE(t.app.settings.useBasicLibrary) << f;
-        EXPECT_TRUE(t.app.settings.directionLeft) << f;
+        EXPECT_EQ(t.app.settings.library, Library::Basic) << f;
+        EXPECT_EQ(t.app.settings.direction, Direction::Left) << f;
         EXPECT_TRUE(t.app.settings.showAbout) << f;
         if (f.filename() != "garbage.nks") {
             ASSERT_EQ(t.dialogs.prompts.size(), 1u) << f;
@@ -79,7 +79,7 @@ TEST(ApplySettings, AnUnreadableFileGivesTheDefaultsAndANotice) {
 TEST(WriteSettingsFile, WritesTheExactTextAndCreatesTheSystemFolder) {
     TestApp t;
     TempDir d;
-    t.app.settings.useBasicLibrary = false;
+    t.app.settings.library = Library::Extended;
     t.app.settings.showDictionaryInfo = false;
     t.app.store.dictionaryName = "Mine.nkd";
     const auto p = d.path() / "System" / "Settings.nks";
@@ -90,7 +90,7 @@ TEST(WriteSettingsFile, WritesTheExactTextAndCreatesTheSystemFolder) {
     // And it reads back to the same values.
     TestApp back;
     ApplySettings(back.app, p);
-    EXPECT_FALSE(back.app.settings.useBasicLibrary);
+    EXPECT_EQ(back.app.settings.library, Library::Extended);
     EXPECT_FALSE(back.app.settings.showDictionaryInfo);
     EXPECT_EQ(back.app.store.dictionaryName, "Mine.nkd");
 }

@@ -52,7 +52,7 @@ TEST(LoadSignList, AMissingFileIsAProgramFileErrorNamingIt) {
     TempDir d;
     SignLists l;
     try {
-        LoadSignList(l, d.path(), true);
+        LoadSignList(l, d.path(), Library::Basic);
         FAIL();
     } catch (const ProgramFileError& e) {
         EXPECT_EQ(e.message(), "The file: '" + (d.path() / "Lists" / "BasicList.csv").string() +
@@ -60,7 +60,7 @@ TEST(LoadSignList, AMissingFileIsAProgramFileErrorNamingIt) {
     }
     // The file name is looked up case-blind.
     d.write("lists/extendedlist.CSV", "A1\r\n");
-    EXPECT_NO_THROW(LoadSignList(l, d.path(), false));
+    EXPECT_NO_THROW(LoadSignList(l, d.path(), Library::Extended));
     EXPECT_EQ(l.signCount, 1);
 }
 

@@ -161,32 +161,43 @@ TEST_F(RenderTest, SetDirectionMirrorsAndStores) {
     // A1 is 300 wide, G17 420: R = Int(300 + 420/2) = 510 after G17 (300+420 > 300).
     word(0, "L", "A1(0,60) - G17(300,0) ");
     RenderWord(t.app);
-    SetDirection(t.app, 2);
+    SetDirection(t.app, FlipMode::Invert);
     EXPECT_EQ(t.app.store.field(0, FieldDirection), "R");
     // X: 510-(0+300)=210, 510-(300+420)=-210 -> m=-210 -> 420, 0
     EXPECT_EQ(t.app.store.field(0, FieldLayout), "A1( 420, 60) - G17( 0, 0) ");
     EXPECT_EQ(stores, 1);
     // Flipping back returns to "L" but not necessarily to the first X values.
     RenderWord(t.app);
-    SetDirection(t.app, 2);
+    SetDirection(t.app, FlipMode::Invert);
     EXPECT_EQ(t.app.store.field(0, FieldDirection), "L");
     EXPECT_EQ(t.app.store.field(0, FieldLayout), "A1( 0, 60) - G17( 300, 0) ");
 }
 
-TEST_F(RenderTest, SetDirectionToTheSameDirectionDoesNothing) {
-    const std::pair<const char*, int> cases[] = {{"L", 0}, {"R", 1}};
-    for (auto [dir, wanted] : cases) {
-        word(0, dir, "A1(0,0) ");
+TEST_F(RenderTest, SetDirectionTurnsOnlyAWordFacingTheOtherWay) {
+    const struct {
+        const char* from;
+        FlipMode mode;
+        const char* to;
+    } cases[] = {
+        {"L", FlipMode::Left, "L"},  {"R", FlipMode::Right, "R"},  {"R", FlipMode::Left, "L"},
+        {"L", FlipMode::Right, "R"}, {"L", FlipMode::Invert, "R"}, {"R", FlipMode::Invert, "L"},
+    };
+    int turned = 0;
+    for (const auto& c : cases) {
+        word(0, c.from, "A1(0,0) ");
         RenderWord(t.app);
-        SetDirection(t.app, static_cast<std::int16_t>(wanted));
-        EXPECT_EQ(t.app.store.field(0, FieldDirection), dir);
-        EXPECT_EQ(t.app.store.field(0, FieldLayout), "A1(0,0) ");
+        SetDirection(t.app, c.mode);
+        EXPECT_EQ(t.app.store.field(0, FieldDirection), c.to) << c.from;
+        if (std::string(c.from) != c.to)
+            ++turned;
+        else
+            EXPECT_EQ(t.app.store.field(0, FieldLayout), "A1(0,0) ") << c.from;
     }
-    EXPECT_EQ(stores, 0);
+    EXPECT_EQ(stores, turned);
 }
 
 TEST_F(RenderTest, FlippingAWordWithoutSignsFails) {
     word(0, "L", "");
     RenderWord(t.app);
-    EXPECT_THROW(SetDirection(t.app, 2), RunError);
+    EXPECT_THROW(SetDirection(t.app, FlipMode::Invert), RunError);
 }

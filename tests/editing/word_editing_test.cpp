@@ -77,8 +77,8 @@ TEST_F(EditingTest, NewPicturesComeFromTheFoldersTheWordWillBeStoredWith) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.file);
-        app.settings.useBasicLibrary = c.basic;
-        app.settings.directionLeft = c.left;
+        app.settings.library = c.basic ? Library::Basic : Library::Extended;
+        app.settings.direction = c.left ? Direction::Left : Direction::Right;
         app.extendedChosen = c.extendedChosen;
         New(app);
         EXPECT_EQ(app.view.mainGlyphPic[0].picture.file, c.file);
@@ -120,8 +120,8 @@ TEST_F(EditingTest, AnExistingWordKeepsItsDirectionAndLibraryUnlessExtendedWasCh
     } cases[] = {{false, "B"}, {true, "E"}};
     for (const Case& c : cases) {
         words(2);
-        app.settings.directionLeft = false;
-        app.settings.useBasicLibrary = false;
+        app.settings.direction = Direction::Right;
+        app.settings.library = Library::Extended;
         app.extendedChosen = c.extendedChosen;
         app.view.MeaningTxt = "new meaning";
         Store(app);

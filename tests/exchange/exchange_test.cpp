@@ -120,7 +120,7 @@ TEST_F(ExchangeTest, ExportedLinesImportBackToTheSameWordsAndNotations) {
 
     // Facing right, the same lines come back the same too.
     app.store = DictionaryStore{};
-    app.settings.directionLeft = false;
+    app.settings.direction = Direction::Right;
     EXPECT_EQ(ImportMdcLines(app, text).added, 6);
     EXPECT_EQ(app.store.field(0, FieldDirection), "R");
     EXPECT_EQ(exportLines(), lines);

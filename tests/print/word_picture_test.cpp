@@ -23,10 +23,9 @@ struct WordPictureTest : ::testing::Test {
 // Counts how often each sign is asked for.
 struct CountingPictures : SignPictures {
     int calls = 0;
-    SignPicture picture(const std::string& library, const std::string& direction,
-                        const std::string& code) override {
+    SignPicture picture(Library library, Direction direction, const std::string& code) override {
         ++calls;
-        return {library + "/" + direction + "/" + code, 150, 150, true};
+        return {libraryName(library) + "/" + directionName(direction) + "/" + code, 150, 150, true};
     }
 };
 } // namespace

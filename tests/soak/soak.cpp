@@ -64,7 +64,7 @@ struct RandomDialogs : Dialogs {
 };
 
 struct SizedPictures : SignPictures {
-    SignPicture picture(const std::string&, const std::string&, const std::string& code) override {
+    SignPicture picture(Library, Direction, const std::string& code) override {
         return {code, 300 + 30 * static_cast<int>(code.size()), 540, true};
     }
 };
@@ -221,16 +221,18 @@ int main(int argc, char** argv) {
             } else if (app.store.lastIndex >= 0) {
                 switch (r) {
                 case 18:
-                    MenuSort(app, std::array{3, 4, 5, 6}[pick(4)], {pick(2) == 0, pick(2) == 0});
+                    MenuSort(app, static_cast<SortField>(std::array{3, 4, 5, 6}[pick(4)]),
+                             {pick(2) == 0, pick(2) == 0});
                     break;
                 case 19:
-                    ToolbarSort(app, std::array{3, 4, 5, 6}[pick(4)], {pick(2) == 0, pick(2) == 0});
+                    ToolbarSort(app, static_cast<SortField>(std::array{3, 4, 5, 6}[pick(4)]),
+                                {pick(2) == 0, pick(2) == 0});
                     break;
                 case 20:
                     ShuffleDictionary(app, rng());
                     break;
                 case 21:
-                    FlipAll(app, pick(3));
+                    FlipAll(app, static_cast<FlipMode>(pick(3)));
                     break;
                 default:
                     RunCommand(app, CommandId::SaveDictionary);

@@ -197,7 +197,7 @@ private slots:
         pictures_ = std::make_unique<FolderSignPictures>(home_.path().toStdString());
         app_ = std::make_unique<App>(dialogs_, clipboard_, events_, *pictures_, writer_);
         app_->home = home_.path().toStdString();
-        LoadSignList(app_->lists, app_->home, true);
+        LoadSignList(app_->lists, app_->home, Library::Basic);
         LoadPhonetic(app_->lists, app_->home);
         windows_ = std::make_unique<BrowserWindows>(*app_);
         app_->windows = windows_.get();
@@ -347,7 +347,7 @@ private slots:
         windows_->lookup.window();
         QVERIFY(windows_->lookup.isLoaded());
         child<QAction>(&w, "mnuExtended")->trigger();
-        QVERIFY(!app_->settings.useBasicLibrary);
+        QVERIFY(app_->settings.library == Library::Extended);
         QVERIFY(app_->extendedChosen);
         QCOMPARE(app_->lists.signCount, 12);
         QCOMPARE(dialogs_.beeps, 1);
@@ -356,7 +356,7 @@ private slots:
         QVERIFY(!child<QAction>(&w, "mnuBasic")->isChecked());
         QVERIFY2(child<QRadioButton>(&w, "OptBasic")->isChecked(), "the options stay");
         QTest::mouseClick(child<QRadioButton>(&w, "OptBasic"), Qt::LeftButton);
-        QVERIFY(app_->settings.useBasicLibrary);
+        QVERIFY(app_->settings.library == Library::Basic);
         QVERIFY2(child<QAction>(&w, "mnuExtended")->isChecked(), "the menu stays");
         QCOMPARE(dialogs_.beeps, 1);
     }

@@ -197,7 +197,7 @@ private Q_SLOTS:
 
     void preferencesShowTheCurrentValuesAndSaveWritesThem() {
         Context c;
-        c.app.settings.directionLeft = false;
+        c.app.settings.direction = Direction::Right;
         c.app.settings.printQuality = -3;
         c.app.store.dictionaryName = "Mine.nkd";
         PreferencesDialog prefs(c.app);
@@ -228,8 +228,8 @@ private Q_SLOTS:
                             "Show Dictionary Info = False\r\n\r\n"));
         QVERIFY(prefs.isVisible());
         click(&prefs, "cmdCancel");
-        QVERIFY(c.app.settings.useBasicLibrary);
-        QVERIFY(!c.app.settings.directionLeft);
+        QVERIFY(c.app.settings.library == Library::Basic);
+        QVERIFY(c.app.settings.direction == Direction::Right);
     }
 
     void wordPictureDrawsSignsInSlotOrderWithItsMargin() {

@@ -310,7 +310,7 @@ private Q_SLOTS:
         QVERIFY(p.startAndShow());
         const QByteArray before = p.folder.read("System/Settings.nks");
         const QByteArray words = p.folder.read("Dictionaries/Words.nkd");
-        p.app.settings.directionLeft = false; // would be written by any way out
+        p.app.settings.direction = Direction::Right; // would be written by any way out
         p.app.store.isChanged = true;
         QtDialogs::pushAnswer(Answer::Cancel);
         p.action("mnuQuit")->trigger();
@@ -438,7 +438,7 @@ private Q_SLOTS:
                               Qt::LeftButton);
         });
         p.click("cmdPreferences");
-        QVERIFY(p.app.settings.useBasicLibrary);
+        QVERIFY(p.app.settings.library == Library::Basic);
         QCOMPARE(p.app.settings.printQuality, -4); // taken at once
         whenModal(QStringLiteral("Preferences"), [](QWidget* d) {
             choose(d, "optExtended");
@@ -446,8 +446,8 @@ private Q_SLOTS:
             QTest::mouseClick(d->findChild<QPushButton*>(QStringLiteral("cmdOK")), Qt::LeftButton);
         });
         p.action("mnuOptions")->trigger();
-        QVERIFY(!p.app.settings.useBasicLibrary);
-        QVERIFY(!p.app.settings.directionLeft);
+        QVERIFY(p.app.settings.library == Library::Extended);
+        QVERIFY(p.app.settings.direction == Direction::Right);
         QCOMPARE(p.app.lists.signCount, 5);
     }
 
@@ -530,7 +530,7 @@ private Q_SLOTS:
         // One sign is a word; facing right, the typed order is the reading order.
         const std::pair<const char*, bool> lines[] = {{"R8", true}, {"G17 X1 A2", false}};
         for (const auto& [line, left] : lines) {
-            p.app.settings.directionLeft = left;
+            p.app.settings.direction = left ? Direction::Left : Direction::Right;
             whenShown(QStringLiteral("Compose"), [line = line](QWidget* compose) {
                 compose->findChild<QLineEdit*>(QStringLiteral("txtMdC"))->setText(line);
                 QTest::mouseClick(compose->findChild<QPushButton*>(QStringLiteral("cmdGet")),

@@ -190,9 +190,9 @@ struct Fixture {
 
     explicit Fixture(int wordCount = 24) {
         const std::filesystem::path home = dir.path().toStdString();
-        for (const char* dirWord : {"Left", "Right"})
+        for (const Direction direction : {Direction::Left, Direction::Right})
             for (const Sign& s : Signs) {
-                const auto file = signPicturePath(home, "Basic", dirWord, s.code);
+                const auto file = signPicturePath(home, Library::Basic, direction, s.code);
                 std::filesystem::create_directories(file.parent_path());
                 std::ofstream(file, std::ios::binary)
                     << gifBytes(s.w, s.h, shapeOf(s.code, s.w, s.h));

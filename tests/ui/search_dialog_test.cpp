@@ -61,9 +61,7 @@ struct RecordingDialogs : Dialogs {
     void beep() override {}
 };
 struct NoPictures : SignPictures {
-    SignPicture picture(const std::string&, const std::string&, const std::string&) override {
-        return {};
-    }
+    SignPicture picture(Library, Direction, const std::string&) override { return {}; }
 };
 struct NoWriter : FileWriter {
     void write(const std::filesystem::path&, const std::string&) override {}
@@ -259,8 +257,8 @@ private Q_SLOTS:
         QVERIFY(word->isChecked());
         exact->click();
         QVERIFY(!word->isChecked());
-        QCOMPARE(app->search.ChkExact, 1);
-        QCOMPARE(app->search.chkExactWord, 0);
+        QVERIFY(app->search.ChkExact);
+        QVERIFY(!app->search.chkExactWord);
     }
 
     void neverNarrowerThan4488Twips() {

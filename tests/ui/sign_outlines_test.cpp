@@ -62,12 +62,13 @@ private Q_SLOTS:
         while (!table.atEnd()) {
             const QByteArray line = table.readLine().trimmed();
             const std::string code = line.mid(1, line.indexOf(',') - 2).toStdString();
-            for (const char* library : {"Basic", "Extended"}) {
-                for (const char* direction : {"Left", "Right"}) {
+            for (const Library library : {Library::Basic, Library::Extended}) {
+                for (const Direction direction : {Direction::Left, Direction::Right}) {
                     const SignPicture p = pictures.picture(library, direction, code);
                     if (!p.ok) continue;
                     ++checked;
-                    QVERIFY2(!SignOutline(p).isEmpty(), (code + " " + library).c_str());
+                    QVERIFY2(!SignOutline(p).isEmpty(),
+                             (code + " " + libraryName(library)).c_str());
                     // At 100 % the outline covers the picture's ink, facing the same way.
                     if (checked % 97 != 0) continue;
                     ++compared;
@@ -77,7 +78,8 @@ private Q_SLOTS:
                     QVERIFY(PaintSignOutline(painter, p, QRectF(outline.rect())));
                     painter.end();
                     const QImage picture(QString::fromStdString(p.file.string()));
-                    QVERIFY2(sharedInk(picture, outline) >= 0.75, (code + " " + direction).c_str());
+                    QVERIFY2(sharedInk(picture, outline) >= 0.75,
+                             (code + " " + directionName(direction)).c_str());
                 }
             }
         }
@@ -94,7 +96,7 @@ private Q_SLOTS:
         folder.write("Basic/Left/Z/Z9.GIF", gif(10, 10)); // no glyph for Z9
         FolderSignPictures pictures(folder.path());
         for (const char* code : {"A1", "Z9"}) {
-            const SignPicture p = pictures.picture("Basic", "Left", code);
+            const SignPicture p = pictures.picture(Library::Basic, Direction::Left, code);
             QVERIFY(p.ok);
             QVERIFY2(SignOutline(p).isEmpty(), code);
             const QImage big = SignImage(p, 4);
@@ -108,7 +110,7 @@ private Q_SLOTS:
         int x = 30;
         for (const char* code : {"A1", "G17", "N35"}) {
             PlacedPicture p;
-            p.picture = pictures.picture("Basic", "Left", code);
+            p.picture = pictures.picture(Library::Basic, Direction::Left, code);
             p.x = x;
             p.y = 30;
             x += p.picture.width + 45;

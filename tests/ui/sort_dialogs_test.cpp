@@ -21,9 +21,7 @@ struct QtEvents : EventPump {
     void yield() override { QCoreApplication::processEvents(); }
 };
 struct NoPictures : SignPictures {
-    SignPicture picture(const std::string&, const std::string&, const std::string&) override {
-        return {};
-    }
+    SignPicture picture(Library, Direction, const std::string&) override { return {}; }
 };
 struct NoFiles : FileWriter {
     void write(const std::filesystem::path&, const std::string&) override {}
@@ -80,17 +78,17 @@ private slots:
         QCOMPARE(child<QCheckBox>(d, "chkCase")->text(), QString("Case sensitive"));
         QCOMPARE(child<QPushButton>(d, "cmdCancel")->text(), QString("Cancel"));
         QVERIFY(f.app.sortDialog.loaded);
-        QCOMPARE(f.app.sortDialog.sortField, -1);
+        QCOMPARE(f.app.sortDialog.sortField, SortField::None);
     }
 
-    void okGivesTheChosenFieldAndCancelMinusOne() {
+    void okGivesTheChosenFieldAndCancelNone() {
         Fixture f;
         SortDialog d(f.app);
-        const std::pair<const char*, int> values[] = {{"optMeaning", 5},
-                                                      {"optTranslit", 4},
-                                                      {"optTrClass", 9},
-                                                      {"optGardiner", 3},
-                                                      {"optComment", 6}};
+        const std::pair<const char*, SortField> values[] = {{"optMeaning", SortField::Meaning},
+                                                            {"optTranslit", SortField::Translit},
+                                                            {"optTrClass", SortField::Classic},
+                                                            {"optGardiner", SortField::Gardiner},
+                                                            {"optComment", SortField::Comment}};
         for (auto [name, value] : values) {
             d.show();
             child<QRadioButton>(d, name)->click();
@@ -101,7 +99,7 @@ private slots:
         d.show();
         child<QCheckBox>(d, "ChkReverse")->click();
         child<QPushButton>(d, "cmdCancel")->click();
-        QCOMPARE(f.app.sortDialog.sortField, -1);
+        QCOMPARE(f.app.sortDialog.sortField, SortField::None);
         QVERIFY(!d.isVisible());
         // Hidden, not unloaded: the choices are still there next time.
         d.show();
@@ -110,7 +108,7 @@ private slots:
         QVERIFY(f.app.sortDialog.reverse);
         QVERIFY(!f.app.sortDialog.caseSensitive);
         d.close();
-        QCOMPARE(f.app.sortDialog.sortField, -1);
+        QCOMPARE(f.app.sortDialog.sortField, SortField::None);
     }
 
     void okAtOnceSortsByMeaning() {
@@ -120,7 +118,7 @@ private slots:
         QVERIFY(child<QRadioButton>(d, "optMeaning")->isChecked());
         child<QCheckBox>(d, "chkCase")->click();
         child<QPushButton>(d, "cmdOk")->click();
-        QCOMPARE(f.app.sortDialog.sortField, 5);
+        QCOMPARE(f.app.sortDialog.sortField, SortField::Meaning);
         QVERIFY(f.app.sortDialog.caseSensitive);
     }
 
@@ -135,7 +133,7 @@ private slots:
             child<QRadioButton>(d, "optGardiner")->click();
             child<QPushButton>(d, "cmdOk")->click();
         });
-        QCOMPARE(ShowSortDialog(f.app), 3);
+        QCOMPARE(ShowSortDialog(f.app), SortField::Gardiner);
         QVERIFY(!d.isVisible());
     }
 

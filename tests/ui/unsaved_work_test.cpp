@@ -171,7 +171,8 @@ private Q_SLOTS:
             [&] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageDown); },
             [&] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageUp); },
         };
-        p.app.searchCriteria = PrepareCriteria("", 0, 0, 0, false); // every word matches
+        p.app.searchCriteria =
+            PrepareCriteria("", false, false, false, false); // every word matches
         int way = 0;
         for (const auto& leave : ways) {
             const bool yes = way++ % 2 == 0;
@@ -329,7 +330,7 @@ private Q_SLOTS:
         p.folder.settings(false, false);
         QVERIFY(p.startAndShow());
         // Find Next finds nothing after word 0: word 0 stays the one Copy copies.
-        p.app.searchCriteria = PrepareCriteria("nothing like it", 0, 0, 0, false);
+        p.app.searchCriteria = PrepareCriteria("nothing like it", false, false, false, false);
         p.click("cmdSearchNext");
         QCOMPARE(messageTexts(), std::vector<std::string>{"Not Found!"});
         p.action("mnuCopy")->trigger();
