@@ -9,7 +9,7 @@
 
 using namespace nebkaro;
 using namespace nebkaro::print;
-using namespace printtest;
+using namespace nebkaro::uitest;
 
 namespace {
 
@@ -35,7 +35,6 @@ private slots:
     void eachFieldOffShortensTheWordsThatHaveIt();
     void lineSpacingSpreadsTheText();
     void aWideColumnPutsTheTextBesideTheSigns();
-    void marginsTooWideLeaveNoPages();
 };
 
 void PrintDocumentTest::nothingIsDrawnOutsideTheMargins() {
@@ -61,14 +60,12 @@ void PrintDocumentTest::nothingIsDrawnOutsideTheMargins() {
                         ++inked;
                         const bool inside = x >= fr.left * k - 2 && x <= fr.right * k + 1 &&
                                             y >= fr.top * k - 1 && y <= fr.bottom * k + 1;
-                        if (!inside)
-                            QFAIL(
-                                qPrintable(QStringLiteral("ink at %1,%2 of page %3 (%4 columns%5)")
-                                               .arg(x)
-                                               .arg(y)
-                                               .arg(page)
-                                               .arg(columns)
-                                               .arg(landscape ? ", landscape" : "")));
+                        QVERIFY2(inside, qPrintable(QStringLiteral("ink at %1,%2 of page %3, %4 %5")
+                                                        .arg(x)
+                                                        .arg(y)
+                                                        .arg(page)
+                                                        .arg(columns)
+                                                        .arg(landscape)));
                     }
                 QVERIFY(inked > 0);
             }
@@ -151,6 +148,10 @@ void PrintDocumentTest::lineSpacingSpreadsTheText() {
     }
     QVERIFY(twice.wordGap() > single.wordGap());
     QVERIFY(twice.pageCount() > single.pageCount());
+    // Margins that leave no room leave no pages.
+    o.margins.top = o.margins.bottom = 140;
+    QVERIFY(!documentOf(*f.app, o).fits());
+    QCOMPARE(documentOf(*f.app, o).pageCount(), 0);
 }
 
 void PrintDocumentTest::aWideColumnPutsTheTextBesideTheSigns() {
@@ -166,15 +167,6 @@ void PrintDocumentTest::aWideColumnPutsTheTextBesideTheSigns() {
         // Beside the signs, a word is as tall as its text (every test sign is shorter).
         QCOMPARE(wide.blockHeights()[i], text.blockHeights()[i]);
     }
-}
-
-void PrintDocumentTest::marginsTooWideLeaveNoPages() {
-    Fixture f(4);
-    PrintOptions o;
-    o.margins.top = o.margins.bottom = 140;
-    const PrintDocument doc = documentOf(*f.app, o);
-    QVERIFY(!doc.fits());
-    QCOMPARE(doc.pageCount(), 0);
 }
 
 QTEST_MAIN(PrintDocumentTest)

@@ -17,15 +17,9 @@
 
 using namespace nebkaro;
 using namespace nebkaro::print;
-using namespace printtest;
+using namespace nebkaro::uitest;
 
 namespace {
-
-template <class W> W* child(QWidget& dialog, const char* name) {
-    W* w = dialog.findChild<W*>(QString::fromLatin1(name));
-    if (!w) qFatal("no control %s", name);
-    return w;
-}
 
 struct Opened {
     Fixture f;
@@ -40,7 +34,7 @@ struct Opened {
         o.printer = PdfPrinterName;
         return o;
     }
-    template <class W> W* get(const char* name) { return child<W>(*dialog, name); }
+    template <class W> W* get(const char* name) { return child<W>(dialog.get(), name); }
 };
 
 } // namespace
@@ -52,7 +46,6 @@ private slots:
     void qualityFollowsPreferences();
     void wordBoxesKeepFromBeforeTo();
     void pageRangeCountsTheWholeDictionary();
-    void twoColumnsNeedFewerPages();
     void previewTurnsPages();
     void printIsRefusedWithNothingToPrint();
     void pdfPrintAsksForAFileAndHandsBackTheChoices();
@@ -147,22 +140,6 @@ void PrintOptionsDialogTest::pageRangeCountsTheWholeDictionary() {
     QCOMPARE(to->value(), 3);
 }
 
-void PrintOptionsDialogTest::twoColumnsNeedFewerPages() {
-    Opened d(40);
-    d.dialog->refresh();
-    const int one = d.dialog->document()->pageCount();
-    d.get<QRadioButton>("optTwoColumns")->click();
-    d.dialog->refresh();
-    const int two = d.dialog->document()->pageCount();
-    QVERIFY2(two < one, qPrintable(QStringLiteral("%1 then %2").arg(one).arg(two)));
-    QCOMPARE(d.dialog->document()->frame().columns, 2);
-    // Fields off make words shorter, and so fewer pages.
-    for (const char* box : {"chkGardiner", "chkComment", "chkSigns"})
-        d.get<QCheckBox>(box)->click();
-    d.dialog->refresh();
-    QVERIFY(d.dialog->document()->pageCount() < two);
-}
-
 void PrintOptionsDialogTest::previewTurnsPages() {
     Opened d(40);
     d.dialog->refresh();
@@ -219,7 +196,7 @@ void PrintOptionsDialogTest::printIsRefusedWithNothingToPrint() {
     QCOMPARE(status->text(), QStringLiteral("The margins leave too little room for the words."));
     print->click();
     QVERIFY(d.dialog->isVisible());
-    QVERIFY(d.f.dialogs.asked.empty());
+    QVERIFY(d.f.dialogs.prompts.empty());
 
     Opened empty(0);
     QVERIFY(!empty.get<QPushButton>("cmdPrint")->isEnabled());
@@ -235,9 +212,11 @@ void PrintOptionsDialogTest::pdfPrintAsksForAFileAndHandsBackTheChoices() {
     auto* print = d.get<QPushButton>("cmdPrint");
 
     // Cancelling the file name leaves the dialog open and hands nothing on.
+    d.f.dialogs.files.push_back(std::nullopt);
     print->click();
-    QCOMPARE(d.f.dialogs.asked.size(), std::size_t(1));
-    QCOMPARE(d.f.dialogs.asked[0], std::string("save: Starter.pdf PDF files (*.pdf)|*.pdf"));
+    QCOMPARE(d.f.dialogs.prompts.size(), std::size_t(1));
+    QVERIFY(d.f.dialogs.prompts[0].text.ends_with("Starter.pdf"));
+    QCOMPARE(d.f.dialogs.prompts[0].title, std::string("PDF files (*.pdf)|*.pdf"));
     QVERIFY(d.dialog->isVisible());
     QCOMPARE(d.dialog->result(), int(QDialog::Rejected));
     QCOMPARE(d.f.app->settings.printQuality, 0);

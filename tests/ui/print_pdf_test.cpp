@@ -21,7 +21,7 @@
 
 using namespace nebkaro;
 using namespace nebkaro::print;
-using namespace printtest;
+using namespace nebkaro::uitest;
 
 namespace {
 
@@ -113,7 +113,7 @@ void PrintPdfTest::wholeDictionaryHasEveryFieldAndNumberedPages() {
         doc->words()[static_cast<std::size_t>(doc->pages()[0].back().item)].index;
     QVERIFY(pages[0].contains(QStringLiteral("Words 0\u2013%1").arg(lastOnFirst)));
     // The signs are pictures in the PDF; the missing one is a frame, not an error.
-    QVERIFY(pdfImageCount(pdf) > 0);
+    QVERIFY(!pdfImageWidths(pdf).empty());
 }
 
 void PrintPdfTest::everyFieldSwitchedOffInTurnLeavesThePaper() {
@@ -149,7 +149,7 @@ void PrintPdfTest::everyFieldSwitchedOffInTurnLeavesThePaper() {
             QVERIFY2(found == (&other != &off),
                      qPrintable(QStringLiteral("%1 off, %2").arg(off.name, other.name)));
         }
-        QVERIFY(pdfImageCount(pdf) > 0);
+        QVERIFY(!pdfImageWidths(pdf).empty());
     }
 
     // The word numbers: on, each word's number stands before it; off, none does.
@@ -175,7 +175,7 @@ void PrintPdfTest::everyFieldSwitchedOffInTurnLeavesThePaper() {
     doc = documentOf(*f.app, o);
     pdf = f.file("no-signs.pdf");
     QVERIFY(printToPdf(*doc, pdf));
-    QCOMPARE(pdfImageCount(pdf), 0);
+    QVERIFY(pdfImageWidths(pdf).empty());
     QVERIFY(tokens(pdfText(pdf)).contains(QStringLiteral("namesake")));
 }
 
@@ -319,6 +319,7 @@ void PrintPdfTest::printOneCollectsWordsAndFormFeedPrintsThem() {
 
     // Cancelling the file name keeps the words waiting.
     printing.addCurrentWordToPage(*f.app);
+    f.dialogs.files.push_back(std::nullopt);
     QVERIFY(!printing.formFeed(*f.app));
     QCOMPARE(printing.wordsWaiting(), 1);
 
@@ -327,7 +328,7 @@ void PrintPdfTest::printOneCollectsWordsAndFormFeedPrintsThem() {
     Printing p2;
     p2.addCurrentWordToPage(*empty.app);
     QCOMPARE(p2.wordsWaiting(), 0);
-    QCOMPARE(empty.dialogs.asked.back(), std::string("message: There is no word to print."));
+    QCOMPARE(empty.dialogs.messages().back(), std::string("There is no word to print."));
 }
 
 void PrintPdfTest::aFullPageGoesOutByItself() {
@@ -359,13 +360,13 @@ void PrintPdfTest::quittingWithWordsWaitingAsks() {
     o.printer = PdfPrinterName;
     printing.setOptions(o);
     QVERIFY(printing.confirmQuit(*f.app)); // nothing waits: no question
-    QVERIFY(f.dialogs.asked.empty());
+    QVERIFY(f.dialogs.prompts.empty());
 
     printing.addCurrentWordToPage(*f.app);
     f.dialogs.answers.push_back(Answer::Cancel);
     QVERIFY(!printing.confirmQuit(*f.app));
     QCOMPARE(printing.wordsWaiting(), 1);
-    QVERIFY(f.dialogs.asked.back().find("Do you want to print it before quitting?") !=
+    QVERIFY(f.dialogs.prompts.back().text.find("Do you want to print it before quitting?") !=
             std::string::npos);
 
     f.dialogs.answers.push_back(Answer::Yes);
@@ -383,6 +384,7 @@ void PrintPdfTest::quittingWithWordsWaitingAsks() {
     // Yes, but the file name is cancelled: the program stays open with the words.
     printing.addCurrentWordToPage(*f.app);
     f.dialogs.answers.push_back(Answer::Yes);
+    f.dialogs.files.push_back(std::nullopt);
     QVERIFY(!printing.confirmQuit(*f.app));
     QCOMPARE(printing.wordsWaiting(), 1);
 }
@@ -438,7 +440,7 @@ void PrintPdfTest::theStarterDictionaryPrintsInTwoColumns() {
         for (const PlacedPicture& p : w.picture.pictures)
             QVERIFY2(p.picture.ok, p.picture.file.c_str());
     // The shipped signs print as their outlines: vector paths, no picture at all.
-    QCOMPARE(pdfImageCount(pdf), 0);
+    QVERIFY(pdfImageWidths(pdf).empty());
     // To look at it: NEBKARO_KEEP_PDF=/some/file.pdf keeps a copy.
     if (qEnvironmentVariableIsSet("NEBKARO_KEEP_PDF"))
         std::filesystem::copy_file(pdf, qEnvironmentVariable("NEBKARO_KEEP_PDF").toStdString(),

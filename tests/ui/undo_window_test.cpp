@@ -1,6 +1,6 @@
 // Every change to the dictionary in memory can be taken back and done again from the Edit
 // menu: the main window driven by its controls' names, every question answered from a script.
-#include "main_program.h"
+#include "harness.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -44,7 +44,7 @@ Snapshot snap(const App& app) {
 }
 
 void sortBy(const char* option) {
-    whenModal(QStringLiteral("Sort"), [option](QWidget* d) {
+    whenOpen(QStringLiteral("Sort"), [option](QWidget* d) {
         choose(d, option);
         QTest::mouseClick(d->findChild<QPushButton*>(QStringLiteral("cmdOk")), Qt::LeftButton);
     });
@@ -55,8 +55,6 @@ void sortBy(const char* option) {
 class UndoWindowTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void init() { scriptDialogs(); }
-    void cleanup() { verifyNoUnexpectedQuestion(); }
 
     void everyKindOfChangeIsUndoneAndRedone() {
         struct Step {
@@ -74,7 +72,7 @@ private Q_SLOTS:
             {"Delete word 1",
              [](Program& p) {
                  p.click("cmdNext");
-                 QtDialogs::pushAnswer(Answer::Yes);
+                 p.answer(Answer::Yes);
                  p.click("cmdDelete");
              }},
             {"Duplicate word 0", [](Program& p) { p.click("Duplicatecmd"); }},
@@ -87,30 +85,30 @@ private Q_SLOTS:
             {"Flip word 0", [](Program& p) { p.click("cmdFlip"); }},
             {"Flip All Invert",
              [](Program& p) {
-                 QtDialogs::pushAnswer(Answer::OK);
+                 p.answer(Answer::OK);
                  p.action("mnuAllFlip2")->trigger();
              }},
             {"Sort by Meaning",
              [](Program& p) {
                  sortBy("optMeaning");
-                 QtDialogs::pushAnswer(Answer::Yes); // proceed
-                 QtDialogs::pushAnswer(Answer::OK);  // done
+                 p.answer(Answer::Yes); // proceed
+                 p.answer(Answer::OK);  // done
                  p.action("mnuSort")->trigger();
              }},
             {"Sort by Comment",
              [](Program& p) {
                  sortBy("optComment");
-                 QtDialogs::pushAnswer(Answer::OK); // done
+                 p.answer(Answer::OK); // done
                  p.click("cmdSort");
              }},
             {"Shuffle",
              [](Program& p) {
-                 QtDialogs::pushAnswer(Answer::Yes);
+                 p.answer(Answer::Yes);
                  p.action("mnuShuffle")->trigger();
              }},
             {"Sort Gardiner",
              [](Program& p) {
-                 QtDialogs::pushInput(std::string("20"));
+                 p.dialogs.inputs.push_back(std::string("20"));
                  p.action("mnuSortGardiner")->trigger();
              }},
             {"Merge",
@@ -118,15 +116,13 @@ private Q_SLOTS:
                  p.folder.write("Dictionaries/More.nkd",
                                 "\"Other\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n"
                                 "\"L\",\"B\",\"N35(0,0) \",\"N35\",\"n\",\"water\",\"\"\r\n");
-                 QtDialogs::pushFile(std::filesystem::path(
+                 p.answerFile(std::filesystem::path(
                      p.folder.file(QStringLiteral("Dictionaries/More.nkd")).toStdString()));
                  p.action("mnuMerge")->trigger();
              }},
         };
         for (const Step& s : steps) {
-            QtDialogs::reset();
             Program p;
-            p.folder.settings(false, false);
             p.folder.write("Dictionaries/Words.nkd", dictionary());
             QVERIFY(p.startAndShow());
             QAction* undo = p.action("mnuUndo");
@@ -154,7 +150,6 @@ private Q_SLOTS:
 
     void theKeysTakeStepsAndOpeningADictionaryForgetsThem() {
         Program p;
-        p.folder.settings(false, false);
         p.folder.write("Dictionaries/Words.nkd", dictionary());
         QVERIFY(p.startAndShow());
         p.click("Duplicatecmd");
@@ -165,8 +160,8 @@ private Q_SLOTS:
         QTest::keyClick(p.window.get(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
         QCOMPARE(p.app.store.lastIndex, 8);
         QVERIFY(p.action("mnuUndo")->isEnabled());
-        QtDialogs::pushAnswer(Answer::No); // do not save
-        QtDialogs::pushFile(std::filesystem::path(
+        p.answer(Answer::No); // do not save
+        p.answerFile(std::filesystem::path(
             p.folder.file(QStringLiteral("Dictionaries/Words.nkd")).toStdString()));
         p.action("mnuOpen")->trigger();
         QVERIFY(!p.action("mnuUndo")->isEnabled());

@@ -1,6 +1,6 @@
 // The word view zooms about its centre by keys, menu and the wheel, keeps the zoom for the next
 // run, and saves its picture at the chosen scale.
-#include "main_program.h"
+#include "harness.h"
 
 #include <QFrame>
 #include <QImage>
@@ -15,11 +15,9 @@ using namespace nebkaro::uitest;
 class ZoomWindowTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void init() { scriptDialogs(); }
 
     void theWordGrowsAboutTheCentreOfItsArea() {
         Program p;
-        p.folder.settings(false, false);
         QVERIFY(p.startAndShow());
         auto* a1 = p.find<QLabel>("mainGlyphPic0");
         auto* g17 = p.find<QLabel>("mainGlyphPic1");
@@ -47,14 +45,13 @@ private Q_SLOTS:
         QApplication::sendEvent(p.find<QFrame>("DispAreaShp"), &wheel);
         check(125);
         // Kept for the next run.
-        QtDialogs::pushAnswer(Answer::Yes);
+        p.answer(Answer::Yes);
         p.action("mnuQuit")->trigger();
         QVERIFY(p.folder.read("System/Settings.nks").contains("Word View Zoom = 125\r\n"));
     }
 
     void theWordAreaGrowsWithTheWindow() {
         Program p;
-        p.folder.settings(false, false);
         QVERIFY(p.startAndShow());
         auto* area = p.find<QFrame>("DispAreaShp");
         auto* meaning = p.find<QLineEdit>("MeaningTxt");
@@ -69,14 +66,13 @@ private Q_SLOTS:
 
     void thePictureIsSavedAtTheChosenScale() {
         Program p;
-        p.folder.settings(false, false);
         QVERIFY(p.startAndShow());
         const QString one = p.folder.file(QStringLiteral("Images/one.png"));
-        QtDialogs::pushFile(std::filesystem::path(one.toStdString()));
+        p.answerFile(std::filesystem::path(one.toStdString()));
         p.action("mnuSaveGlyphImage")->trigger();
         p.action("mnuPictureScale3")->trigger();
         const QString three = p.folder.file(QStringLiteral("Images/three.png"));
-        QtDialogs::pushFile(std::filesystem::path(three.toStdString()));
+        p.answerFile(std::filesystem::path(three.toStdString()));
         p.action("mnuSaveGlyphImage")->trigger();
         QCOMPARE(QImage(three).size(), QImage(one).size() * 3);
     }
