@@ -65,7 +65,7 @@ class ComposeWindowTest : public QObject {
     std::unique_ptr<FolderSignPictures> pictures_;
     AtomicFileWriter writer_;
     std::unique_ptr<App> app_;
-    RecordingWindows windows_;
+    ScriptedWindows windows_;
     std::unique_ptr<ui::LookupHost> lookup_; // the browser as the program gives it to the composer
 
     // Where a screenshot goes when NEBKARO_SCREENSHOTS names a folder.

@@ -31,7 +31,7 @@
 namespace nebkaro::uitest {
 
 using testing::MemoryClipboard;
-using testing::RecordingWindows;
+using testing::ScriptedWindows;
 using testing::ScriptedDialogs;
 
 // The named widget, action or menu under w; a missing one ends the run, naming it.

@@ -38,7 +38,7 @@ struct Fixture {
     testing::CountingEvents events;
     FolderSignPictures pictures{folder.path()};
     AtomicFileWriter files;
-    RecordingWindows windows;
+    ScriptedWindows windows;
     std::unique_ptr<App> app = std::make_unique<App>(dialogs, clipboard, events, pictures, files);
 
     explicit Fixture(int wordCount = 24) {

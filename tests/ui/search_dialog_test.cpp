@@ -31,7 +31,7 @@ class SearchWindowsTest : public QObject {
     std::unique_ptr<App> app;
     std::unique_ptr<QWidget> mainWindow;
     std::unique_ptr<SearchTools> tools;
-    RecordingWindows windows;
+    ScriptedWindows windows;
     std::string browserSign; // the sign the browser hands over next; empty: none
     std::vector<int> rendered;
 

@@ -68,7 +68,7 @@ private slots:
     void theSortCommandsShowItModally() {
         Fixture f;
         SortDialog d(f.app);
-        RecordingWindows windows;
+        ScriptedWindows windows;
         windows.onSortDialog = [&d] { d.showModal(); };
         f.app.windows = &windows;
         QTimer::singleShot(0, [&] {
