@@ -188,23 +188,6 @@ private slots:
         QCOMPARE(QString::fromStdString(app_->composedGardiner), line.trimmed().replace(' ', '-'));
     }
 
-    void runWaitsUntilOkOrCancel() {
-        ui::ComposeWindow w(*app_);
-        QTimer::singleShot(0, [&] {
-            QTest::keyClicks(child<QLineEdit>(&w, "txtMdC"), "A1 G17");
-            QTest::keyClick(child<QLineEdit>(&w, "txtMdC"), Qt::Key_Return);
-            QTest::mouseClick(child<QPushButton>(&w, "OkCmd"), Qt::LeftButton);
-        });
-        QVERIFY(w.run());
-        QCOMPARE(app_->composedGardiner, std::string("A1-G17"));
-
-        ui::ComposeWindow again(*app_);
-        QTimer::singleShot(
-            0, [&] { QTest::mouseClick(child<QPushButton>(&again, "cmdCancel"), Qt::LeftButton); });
-        QVERIFY(!again.run());
-        QCOMPARE(app_->composedGardiner, std::string(""));
-    }
-
     void deleteKeyAndDeleteLastWorkOnTheCanvas() {
         ui::ComposeWindow w(*app_);
         w.show();
@@ -229,60 +212,6 @@ private slots:
         QVERIFY(second->pixmap().isNull());
         QCOMPARE(w.model().LastGlyph, 1);
         QCOMPARE(child<QLabel>(&w, "Gardinerlbl")->text(), QString("Gardiner: - A1"));
-    }
-
-    void theLibraryMenuSwitchesAndDropsTheBrowser() {
-        ui::ComposeWindow w(*app_);
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
-        lookup_->window();
-        QVERIFY(lookup_->isLoaded());
-        child<QAction>(&w, "mnuExtended")->trigger();
-        QVERIFY(!app_->settings.useBasicLibrary);
-        QVERIFY(app_->extendedChosen);
-        QCOMPARE(app_->lists.signCount, 12);
-        QCOMPARE(dialogs_.beeps, 1);
-        QVERIFY(!lookup_->isLoaded());
-        QVERIFY(child<QAction>(&w, "mnuExtended")->isChecked());
-        QVERIFY(!child<QAction>(&w, "mnuBasic")->isChecked());
-        QVERIFY2(child<QRadioButton>(&w, "OptBasic")->isChecked(), "the options stay");
-        QTest::mouseClick(child<QRadioButton>(&w, "OptBasic"), Qt::LeftButton);
-        QVERIFY(app_->settings.useBasicLibrary);
-        QVERIFY2(child<QAction>(&w, "mnuExtended")->isChecked(), "the menu stays");
-        QCOMPARE(dialogs_.beeps, 1);
-    }
-
-    void theBrowserPagesThroughTheList() {
-        ui::LookupWindow* lookup = lookup_->window();
-        lookup_->show();
-        QVERIFY(QTest::qWaitForWindowExposed(lookup));
-        auto* categories = child<QComboBox>(lookup, "cmbCategory");
-        QCOMPARE(categories->currentIndex(), 0);
-        QCOMPARE(child<QLabel>(lookup, "lblGlyph3")->text(), QString("X1"));
-        QVERIFY(!child<QLabel>(lookup, "picGlyph4")->isVisible());
-        QCOMPARE(child<QLabel>(lookup, "picGlyph0")->toolTip(), QString("G1: A"));
-
-        child<QCheckBox>(lookup, "chkShowTrans")->setChecked(true);
-        QVERIFY(!child<QLabel>(lookup, "lblTranslit1")->isVisible());
-        QTest::mouseClick(child<QPushButton>(lookup, "cmdNextCat"), Qt::LeftButton);
-        QCOMPARE(child<QLabel>(lookup, "lblCategory")->text(),
-                 QString("A - Man and his occupations"));
-        QTest::mouseClick(child<QPushButton>(lookup, "cmdPrevcat"), Qt::LeftButton);
-        QVERIFY(child<QLabel>(lookup, "lblTranslit1")->isVisible());
-        QCOMPARE(child<QLabel>(lookup, "lblTranslit1")->text(), QString("i"));
-
-        emit categories->activated(7);
-        QCOMPARE(child<QLabel>(lookup, "lblGlyph1")->text(), QString("G17"));
-        // What is typed stays in the box while the user pages on.
-        QTest::keyClicks(child<QLineEdit>(lookup, "txtTrans"), "zz");
-        QTest::mouseClick(child<QPushButton>(lookup, "cmdNext"), Qt::LeftButton);
-        QCOMPARE(child<QLineEdit>(lookup, "txtTrans")->text(), QString("zz"));
-        QTest::keyClick(child<QLineEdit>(lookup, "txtTrans"), Qt::Key_Return);
-        QCOMPARE(dialogs_.messages(), std::vector<std::string>{"Hieroglyph not found"});
-
-        QTest::mouseClick(child<QPushButton>(lookup, "cmdTypewriter"), Qt::LeftButton);
-        QCOMPARE(windows_.typewriters, 1);
-        QCOMPARE(app_->typewriterTarget, TypewriterTarget::BrowserTrans);
     }
 };
 

@@ -1,11 +1,15 @@
 // The small windows and the Qt side of the ports: file filters, unattended answers, the
-// dictionary information dialog, About, Preferences, and the word's picture.
+// dictionary information dialog, About, Preferences, Sort, the progress dialog, and the
+// word's picture.
+#include "bulk/sort_dialog_model.h"
 #include "display/word_picture_qt.h"
 #include "harness.h"
 #include "ui/about_dialog.h"
+#include "ui/cancel_dialog.h"
 #include "ui/header_dialog.h"
 #include "ui/preferences_dialog.h"
 #include "ui/qt_ports.h"
+#include "ui/sort_dialog.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -219,6 +223,67 @@ private Q_SLOTS:
         QVERIFY(SaveWordPicture(pic, file, ImageFormat::Svg));
         QCOMPARE(QImage(file).size(), QSize(9, 7));
         QVERIFY(!SaveWordPicture(pic, folder.file("no/such/folder/w.bmp"), ImageFormat::Bmp));
+    }
+
+    // Meaning is chosen the first time, so that OK sorts at once; the choices stay for the
+    // next time, Cancel and the frame give -1.
+    void okGivesTheChosenFieldAndCancelMinusOne() {
+        Context f;
+        SortDialog d(f.app);
+        QVERIFY(f.app.sortDialog.loaded);
+        d.show();
+        QVERIFY(child<QRadioButton>(&d, "optMeaning")->isChecked());
+        child<QCheckBox>(&d, "chkCase")->click();
+        child<QPushButton>(&d, "cmdOk")->click();
+        QCOMPARE(f.app.sortDialog.sortField, 5);
+        QVERIFY(f.app.sortDialog.caseSensitive);
+        const std::pair<const char*, int> values[] = {
+            {"optTranslit", 4}, {"optTrClass", 9}, {"optGardiner", 3}, {"optComment", 6}};
+        for (auto [name, value] : values) {
+            d.show();
+            child<QRadioButton>(&d, name)->click();
+            child<QPushButton>(&d, "cmdOk")->click();
+            QCOMPARE(f.app.sortDialog.sortField, value);
+            QVERIFY(!d.isVisible());
+        }
+        d.show();
+        child<QCheckBox>(&d, "ChkReverse")->click();
+        child<QPushButton>(&d, "cmdCancel")->click();
+        QCOMPARE(f.app.sortDialog.sortField, -1);
+        d.show();
+        QVERIFY(child<QRadioButton>(&d, "optComment")->isChecked());
+        QVERIFY(f.app.sortDialog.reverse);
+        d.close();
+        QCOMPARE(f.app.sortDialog.sortField, -1);
+    }
+
+    void theSortCommandsShowItModally() {
+        Context f;
+        SortDialog d(f.app);
+        ScriptedWindows windows;
+        windows.onSortDialog = [&d] { d.showModal(); };
+        f.app.windows = &windows;
+        QTimer::singleShot(0, [&] {
+            QVERIFY(d.isModal() && d.isVisible());
+            child<QRadioButton>(&d, "optGardiner")->click();
+            child<QPushButton>(&d, "cmdOk")->click();
+        });
+        QCOMPARE(ShowSortDialog(f.app), 3);
+        QVERIFY(!d.isVisible());
+    }
+
+    void progressDialogCancelSetsTheFlagAndHides() {
+        Context f;
+        CancelDialog d(f.app);
+        d.showWith("Flipping Started");
+        QVERIFY(d.isVisible());
+        QCOMPARE(d.windowTitle(), QString("Flipping Started"));
+        QVERIFY(d.isModal()); // while the work runs, only its Cancel responds
+        QCOMPARE(child<QLabel>(&d, "lblProcess")->text(), QString("Flipping Started"));
+        QVERIFY(!f.app.sortCancelled);
+        child<QPushButton>(&d, "CancelButton")->click();
+        QVERIFY(f.app.sortCancelled);
+        QVERIFY(!d.isVisible());
     }
 };
 

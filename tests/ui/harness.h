@@ -31,8 +31,8 @@
 namespace nebkaro::uitest {
 
 using testing::MemoryClipboard;
-using testing::ScriptedWindows;
 using testing::ScriptedDialogs;
+using testing::ScriptedWindows;
 
 // The named widget, action or menu under w; a missing one ends the run, naming it.
 template <typename T = QWidget> T* child(const QObject* w, const QString& name) {

@@ -296,20 +296,6 @@ private Q_SLOTS:
         QVERIFY(p.folder.read("System/Settings.nks").contains("Word View Zoom = 125\r\n"));
     }
 
-    void theWordAreaGrowsWithTheWindow() {
-        Program p;
-        QVERIFY(p.startAndShow());
-        auto* area = p.find<QFrame>("DispAreaShp");
-        auto* meaning = p.find<QLineEdit>("MeaningTxt");
-        auto* a1 = p.find<QLabel>("mainGlyphPic0");
-        const QRect before = area->geometry();
-        const int meaningTop = meaning->y();
-        p.window->resize(p.window->width(), p.window->height() + 100);
-        QTRY_COMPARE(area->height(), before.height() + 100);
-        QCOMPARE(meaning->y(), meaningTop + 100);
-        QVERIFY(qAbs(a1->geometry().center().y() - area->geometry().center().y()) <= 3);
-    }
-
     void quitAnsweredCancelStaysAndWritesNoSettings() {
         Program p;
         QVERIFY(p.startAndShow());
@@ -431,43 +417,6 @@ private Q_SLOTS:
         QCOMPARE(p.app.store.field(3, FieldMeaning), std::string("owl"));
         QCOMPARE(p.find<QLineEdit>("GardinerTxt")->text(), QStringLiteral("A1-G17"));
         QVERIFY(p.app.store.isChanged);
-    }
-
-    // The shipped dictionary and lists: a sort by Gardiner's notation through the dialog, and
-    // scholarly letters pasted into the transliteration and copied back.
-    void headlineFeaturesWorkOnTheStarterDictionary() {
-        Program p;
-        for (const char* f : {"Dictionaries/Words.nkd", "Lists/BasicList.csv", "Lists/Phonetic.csv",
-                              "Lists/Trans2Code.csv"}) {
-            QFile shipped(QStringLiteral(NEBKARO_DATA_DIR "/") + QLatin1String(f));
-            QVERIFY(shipped.open(QIODevice::ReadOnly));
-            p.folder.write(f, shipped.readAll());
-        }
-        QVERIFY(p.startAndShow());
-        const int words = p.app.store.lastIndex + 1;
-        QVERIFY(words > 200);
-        whenOpen(QStringLiteral("Sort"), [](QWidget* sort) {
-            QVERIFY(child<QRadioButton>(sort, "optMeaning")->isChecked());
-            choose(sort, "optGardiner");
-            clickButton(sort, "cmdOk");
-        });
-        p.answer(Answer::Yes); // Do you want to proceed?
-        p.action("mnuSort")->trigger();
-        QTRY_VERIFY(p.dialogs.messages().size() == 2);
-        QVERIFY(p.dialogs.messages().back().rfind("Done in ", 0) == 0);
-        for (int w = 0; w + 1 < words; ++w) {
-            std::string a = text::upper(p.app.store.field(w, FieldGardiner));
-            std::string b = text::upper(p.app.store.field(w + 1, FieldGardiner));
-            QVERIFY2(!GardinerGreater(a, b), p.app.store.field(w, FieldGardiner).c_str());
-        }
-        auto* translit = p.find<QLineEdit>("TransLitTxt");
-        translit->setFocus();
-        translit->selectAll();
-        QApplication::clipboard()->setText(QStringLiteral("nṯr ꜥꜣ"));
-        translit->paste();
-        QCOMPARE(translit->text(), QStringLiteral("nTr aA"));
-        p.action("mnuCopyTranslitUnicode")->trigger();
-        QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("nṯr ꜥꜣ"));
     }
 
     void guessAndTypewriterWriteIntoTheTransliteration() {

@@ -103,75 +103,6 @@ private Q_SLOTS:
         QCOMPARE(app->typewriterTarget, TypewriterTarget::MainTransLit);
     }
 
-    void theEntriesSurviveUntilCancel() {
-        whileFindWaits([](SearchDialog* d) {
-            QTest::keyClicks(child<QLineEdit>(d, "txtSearch"), "god");
-            child<QRadioButton>(d, "optMeaning")->click();
-            child<QCheckBox>(d, "chkExactWord")->click();
-            QTest::mouseClick(child<QPushButton>(d, "cmdOk"), Qt::LeftButton);
-        });
-        QCOMPARE(rendered, std::vector<int>{1});
-        QPointer<SearchDialog> first = tools->searchDialog();
-        whileFindWaits([first](SearchDialog* d) {
-            QCOMPARE(d, first.data());
-            QCOMPARE(child<QLineEdit>(d, "txtSearch")->text(), QStringLiteral("god"));
-            QVERIFY(child<QCheckBox>(d, "chkExactWord")->isChecked());
-            QTest::mouseClick(child<QPushButton>(d, "cmdCancel"), Qt::LeftButton);
-        });
-        QCOMPARE(rendered, std::vector<int>{1}); // Cancel searches nothing
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(!first); // closed for good
-        QVERIFY(!app->search.loaded);
-        whileFindWaits([](SearchDialog* d) {
-            QCOMPARE(child<QLineEdit>(d, "txtSearch")->text(), QString());
-            QVERIFY(!child<QCheckBox>(d, "chkExactWord")->isChecked());
-            d->close(); // the window's own close button is Cancel too
-        });
-        QVERIFY(rendered.size() == 1);
-    }
-
-    void optionsSetTheFontAndWhatIsEnabled() {
-        SearchDialogLoad(*app);
-        SearchDialog d(*app, mainWindow.get());
-        d.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&d));
-        auto* text = child<QLineEdit>(&d, "txtSearch");
-        auto* typewriter = child<QPushButton>(&d, "cmdTypewriter");
-        auto* variants = child<QCheckBox>(&d, "chkIgnoreVariants");
-        QVERIFY(!typewriter->isEnabled());
-        QVERIFY(!variants->isEnabled());
-
-        child<QRadioButton>(&d, "optGardiner")->click();
-        QVERIFY(variants->isEnabled());
-        QVERIFY(!typewriter->isEnabled());
-        QVERIFY(text->font().family() != QStringLiteral("Transliteration"));
-
-        child<QRadioButton>(&d, "optTranslit")->click();
-        QVERIFY(typewriter->isEnabled());
-        QVERIFY(variants->isEnabled()); // left as Gardiner's notation left it
-        QCOMPARE(text->font().family(), QStringLiteral("Transliteration"));
-        QCOMPARE(text->font().pointSize(), 10);
-        QCOMPARE(text->palette().color(QPalette::Text), QColor(0, 0, 255));
-
-        child<QRadioButton>(&d, "optComment")->click();
-        QVERIFY(!typewriter->isEnabled());
-        QVERIFY(!variants->isEnabled());
-        QCOMPARE(text->palette().color(QPalette::Text), QColor(0, 0, 0));
-        child<QRadioButton>(&d, "optTranslit")->click();
-        QVERIFY(!variants->isEnabled());
-        QCOMPARE(app->search.option, int(FieldTranslit));
-        // Exact match and exact word exclude each other.
-        auto* exact = child<QCheckBox>(&d, "ChkExact");
-        auto* word = child<QCheckBox>(&d, "chkExactWord");
-        exact->click();
-        word->click();
-        QVERIFY(!exact->isChecked() && word->isChecked());
-        exact->click();
-        QVERIFY(!word->isChecked());
-        QCOMPARE(app->search.ChkExact, 1);
-        QCOMPARE(app->search.chkExactWord, 0);
-    }
-
     void scholarlyLettersAreSearchedAsThePlainOnesCaseSensitively() {
         whileFindWaits([](SearchDialog* d) {
             auto* caseSensitive = child<QCheckBox>(d, "chkCase");
@@ -184,21 +115,6 @@ private Q_SLOTS:
             QTest::mouseClick(child<QPushButton>(d, "cmdOk"), Qt::LeftButton);
         });
         QCOMPARE(rendered, std::vector<int>{2});
-    }
-
-    void neverNarrowerThan4488Twips() {
-        SearchDialogLoad(*app);
-        SearchDialog d(*app, mainWindow.get());
-        d.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&d));
-        d.resize(100, d.height());
-        QTest::qWait(20);
-        QVERIFY(d.width() * 15 >= 4488);
-        QVERIFY((d.width() - 1) * 15 < 4488);
-        d.resize(600, d.height());
-        QTest::qWait(20);
-        QCOMPARE(d.width(), 600);
-        QCOMPARE(child<QLineEdit>(&d, "txtSearch")->width(), (600 * 15 - 400 + 7) / 15);
     }
 
     void theTypewriterTypesIntoTheSearchBox() {

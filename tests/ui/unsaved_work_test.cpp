@@ -99,24 +99,6 @@ private Q_SLOTS:
         }
     }
 
-    void theProgramStartsAndOpensOnAFirstWordThatCannotBeDrawn() {
-        Program p;
-        const QByteArray bad = wordWithLayout("A1(0,0");
-        p.folder.write("Dictionaries/Words.nkd", bad + Word2);
-        QVERIFY(p.startAndShow());
-        QVERIFY(!p.app.endRequested);
-        QCOMPARE(p.find<QLineEdit>("MeaningTxt")->text(), QStringLiteral("bad one"));
-        // Opened later, over a word that draws.
-        p.folder.write("Other.nkd", wordWithLayout("A1(x,0) ") + Word0);
-        p.click("cmdNext");
-        p.answerFile(std::filesystem::path(p.folder.file("Other.nkd").toStdString()));
-        p.click("CmdLoad");
-        QCOMPARE(p.find<QLineEdit>("CommentTxt")->text(), QStringLiteral("keep"));
-        QVERIFY(!anySignShown(p));
-        p.click("cmdSave");
-        QCOMPARE(p.folder.read("Other.nkd"), wordWithLayout("A1(x,0) ") + Word0);
-    }
-
     void aRefusedStartUpLoadLeavesAnUntitledDictionary() {
         Program p;
         const QByteArray damaged = Word0 + "\"L\",\"B\",\"G43(0,0) \",\"G4";
@@ -212,57 +194,6 @@ private Q_SLOTS:
         QCOMPARE(p.folder.read("Dictionaries/Words.nkd").count("\"who\""), 2);
     }
 
-    void aNewWordLeftByNavigationIsAskedAboutAndForgotten() {
-        Program p;
-        QVERIFY(p.startAndShow());
-        whenOpen(QStringLiteral("Compose"), [](QWidget* compose) {
-            compose->findChild<QLineEdit*>(QStringLiteral("txtMdC"))->setText("G17 N35");
-            compose->findChild<QPushButton*>(QStringLiteral("cmdGet"))->click();
-            compose->findChild<QPushButton*>(QStringLiteral("OkCmd"))->click();
-        });
-        p.click("NewCmd");
-        QVERIFY(p.app.store.newWordPending);
-        p.answer(Answer::No);
-        p.click("cmdFirst");
-        QCOMPARE(p.dialogs.messages(), std::vector<std::string>{StoreWordQuestion});
-        QVERIFY(!p.app.store.newWordPending);
-        QCOMPARE(p.find<QLineEdit>("GardinerTxt")->text(), QStringLiteral("A1-G17"));
-        const QByteArray file = p.folder.read("Dictionaries/Words.nkd");
-        p.click("cmdSave");
-        QCOMPARE(p.folder.read("Dictionaries/Words.nkd"), file);
-    }
-
-    void aFailedClassicSortLeavesEveryTransliterationAsItWas() {
-        Program p;
-        // A table that codes each small letter as the next one and decodes it back.
-        QByteArray t2c;
-        for (int c = 31; c <= 255; ++c) {
-            const bool letter = c >= 'a' && c <= 'z';
-            const char code = letter ? char(c == 'z' ? 'a' : c + 1) : 'x';
-            const char plain = letter ? char(c == 'a' ? 'z' : c - 1) : 'x';
-            t2c += QByteArray("\"") + code + "\",\"" + plain + "\"\r\n";
-        }
-        p.folder.write("Lists/Trans2Code.csv", t2c);
-        p.folder.write("Dictionaries/Words.nkd",
-                       Word0 + Word2 +
-                           "\"L\",\"B\",\"N35(0,0) \",\"N35\",\"\xe1\xb8\xa5w\",\"x\",\"\"\r\n");
-        QVERIFY(p.startAndShow());
-        for (const char* sort : {"cmdSort", "mnuSort", "cmdSort"}) {
-            p.dialogs.reset();
-            sortBy("optTrClass");
-            if (QByteArray(sort) == "mnuSort") {
-                p.answer(Answer::Yes); // proceed?
-                p.action(sort)->trigger();
-            } else {
-                p.click(sort);
-            }
-            QCOMPARE(p.dialogs.prompts.back().icon, Icon::Critical);
-            QCOMPARE(p.app.store.field(0, FieldTranslit), std::string("im"));
-            QCOMPARE(p.app.store.field(1, FieldTranslit), std::string("w"));
-            QVERIFY(!p.app.store.isChanged);
-        }
-    }
-
     void onlyTheProgressDialogRespondsWhileASortRuns() {
         Program p;
         QByteArray words;
@@ -307,24 +238,6 @@ private Q_SLOTS:
         QVERIFY(p.folder.exists("System/Settings.nks"));
     }
 
-    void commandsActOnTheWordOnShow() {
-        Program p;
-        QVERIFY(p.startAndShow());
-        // Find Next finds nothing after word 0: word 0 stays the one Copy copies.
-        p.app.searchCriteria = PrepareCriteria("nothing like it", 0, 0, 0, false);
-        p.click("cmdSearchNext");
-        QCOMPARE(p.dialogs.messages(), std::vector<std::string>{"Not Found!"});
-        p.action("mnuCopy")->trigger();
-        QCOMPARE(p.app.clipboard.text(),
-                 std::string("L|B|A1(0,0) - G17(330,0) |A1-G17|im|who|first"));
-        // An invalid paste leaves its inserted copy, and shows it.
-        p.app.clipboard.setText("not a word");
-        p.action("mnuPaste")->trigger();
-        QCOMPARE(p.find<QLineEdit>("txtNumber")->text(), QStringLiteral("1"));
-        QCOMPARE(p.app.store.currentIndex, 1);
-        QVERIFY(p.app.store.isChanged);
-    }
-
     void keysBehindTheComposerDoNotReachTheDictionary() {
         Program p;
         QVERIFY(p.startAndShow());
@@ -339,70 +252,6 @@ private Q_SLOTS:
         });
         p.click("NewCmd");
         QCOMPARE(p.app.store.lastIndex, 2);
-    }
-
-    void commandsNeedingAWordSaySoOnAnEmptyDictionary() {
-        for (const char* words : {"header only", "last word deleted"}) {
-            Program p;
-            const bool headerOnly = QByteArray(words) == "header only";
-            p.folder.write("Other.nkd", headerOnly ? Header : Header + Word2);
-            QVERIFY(p.startAndShow());
-            p.answerFile(std::filesystem::path(p.folder.file("Other.nkd").toStdString()));
-            p.click("CmdLoad");
-            if (!headerOnly) {
-                p.answer(Answer::Yes);
-                p.click("cmdDelete");
-            }
-            QVERIFY2(!anySignShown(p), words);
-            QVERIFY(p.find<QLineEdit>("MeaningTxt")->text().isEmpty());
-            const bool changed = p.app.store.isChanged;
-            p.dialogs.reset();
-            for (const char* control : {"cmdFlip", "Duplicatecmd", "cmdDelete", "cmdStore"})
-                p.click(control);
-            p.action("mnuCopy")->trigger();
-            QCOMPARE(p.dialogs.messages(),
-                     std::vector<std::string>(5, "No word of the dictionary is on show."));
-            QCOMPARE(p.app.store.lastIndex, -1);
-            QCOMPARE(p.app.store.isChanged, changed);
-        }
-    }
-
-    void theTypewriterTypesIntoTheOpenComposer() {
-        Program p;
-        QVERIFY(p.startAndShow());
-        QString typed;
-        whenOpen(QStringLiteral("Compose"), [&](QWidget* compose) {
-            p.app.typewriterTarget = TypewriterTarget::ComposerMdC;
-            p.window->showTypewriter();
-            QWidget* typewriter = nullptr;
-            for (QWidget* w : QApplication::topLevelWidgets())
-                if (w->objectName() == QLatin1String("frmTypewriter") && w->isVisible())
-                    typewriter = w;
-            QVERIFY(typewriter);
-            QVERIFY(QTest::qWaitForWindowExposed(typewriter));
-            QTest::mouseClick(typewriter->findChild<QPushButton*>(QStringLiteral("btnSpace")),
-                              Qt::LeftButton);
-            typed = compose->findChild<QLineEdit*>(QStringLiteral("txtMdC"))->text();
-            compose->close();
-        });
-        p.click("NewCmd");
-        QCOMPARE(typed, QStringLiteral(" "));
-    }
-
-    void printMultipleOffersTheWordOnShowToTheLast() {
-        Program p;
-        QVERIFY(p.startAndShow());
-        p.click("cmdNext");
-        QString range;
-        whenOpen(QStringLiteral("frmPrintOptions"), [&](QWidget* d) {
-            auto value = [d](const char* name) {
-                return QString::number(d->findChild<QSpinBox*>(QLatin1String(name))->value());
-            };
-            range = value("txtWordFrom") + "-" + value("txtWordTo");
-            static_cast<QDialog*>(d)->reject();
-        });
-        p.action("mnuPrintMultiple")->trigger();
-        QCOMPARE(range, QStringLiteral("1-2"));
     }
 
     // A load that stopped at a direction other than R or L says so, and the shorter dictionary
