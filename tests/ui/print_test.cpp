@@ -10,7 +10,6 @@
 #include "ui/printing.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QFontDatabase>
 #include <QLabel>
@@ -161,11 +160,8 @@ private slots:
     void eachFieldOffShortensTheWordsThatHaveIt();
     void lineSpacingSpreadsTheText();
     void aWideColumnPutsTheTextBesideTheSigns();
-    void opensWithTheGivenChoices();
-    void qualityFollowsPreferences();
     void wordBoxesKeepFromBeforeTo();
     void pageRangeCountsTheWholeDictionary();
-    void previewTurnsPages();
     void printIsRefusedWithNothingToPrint();
     void pdfPrintAsksForAFileAndHandsBackTheChoices();
     void wholeDictionaryHasEveryFieldAndNumberedPages();
@@ -311,46 +307,6 @@ void PrintTest::aWideColumnPutsTheTextBesideTheSigns() {
     }
 }
 
-void PrintTest::opensWithTheGivenChoices() {
-    PrintOptions o = Opened::pdfOptions();
-    o.range = {RangeKind::Words, 3, 9};
-    o.fields.comment = false;
-    o.columns = 2;
-    o.margins = {15, 25, 12, 30};
-    o.lineSpacing = 1.5;
-    o.paper = "Letter";
-    o.landscape = true;
-    Opened d(24, o);
-    QCOMPARE(d.dialog->objectName(), QStringLiteral("frmPrintOptions"));
-    QVERIFY(d.get<QRadioButton>("optWords")->isChecked());
-    QVERIFY(d.get<QSpinBox>("txtWordFrom")->isEnabled());
-    QVERIFY(!d.get<QSpinBox>("txtPageFrom")->isEnabled());
-    QVERIFY(!d.get<QCheckBox>("chkComment")->isChecked());
-    QCOMPARE(d.get<QComboBox>("cboLineSpacing")->currentText(), QStringLiteral("1.5 lines"));
-    // The printer list always offers the PDF file, and it is the one chosen here.
-    auto* printer = d.get<QComboBox>("cboPrinter");
-    QVERIFY(printer->findData(QStringLiteral("PDF file")) >= 0);
-    QCOMPARE(printer->currentData().toString(), QStringLiteral("PDF file"));
-    QVERIFY(!d.get<QSpinBox>("txtCopies")->isEnabled());
-    // What goes in comes out.
-    QCOMPARE(d.dialog->options(), o);
-    QVERIFY(d.get<QRadioButton>("optCurrentWord")->text().contains(QStringLiteral("(0)")));
-}
-
-void PrintTest::qualityFollowsPreferences() {
-    const std::pair<int, const char*> cases[] = {
-        {0, "optDraft"}, {-1, "optDraft"}, {-2, "optLow"}, {-3, "optMedium"}, {-4, "optHigh"}};
-    for (auto [quality, button] : cases) {
-        Opened d(3, Opened::pdfOptions(), quality);
-        QVERIFY2(d.get<QRadioButton>(button)->isChecked(), button);
-        QCOMPARE(d.dialog->quality(), quality == -1 ? 0 : quality);
-    }
-    Opened d(3);
-    d.get<QRadioButton>("optHigh")->click();
-    QCOMPARE(d.dialog->quality(), -4);
-    QCOMPARE(d.f.app->settings.printQuality, 0); // only Print hands it on
-}
-
 void PrintTest::wordBoxesKeepFromBeforeTo() {
     PrintOptions o = Opened::pdfOptions();
     o.range.kind = RangeKind::Words;
@@ -398,37 +354,6 @@ void PrintTest::pageRangeCountsTheWholeDictionary() {
     d.dialog->refresh();
     QVERIFY(d.dialog->document()->pageCount() > count);
     QCOMPARE(to->value(), 3);
-}
-
-void PrintTest::previewTurnsPages() {
-    Opened d(40);
-    d.dialog->refresh();
-    auto* preview = d.dialog->findChild<PrintPreview*>(QStringLiteral("picPreview"));
-    auto* previous = d.get<QPushButton>("cmdPreviousPage");
-    auto* next = d.get<QPushButton>("cmdNextPage");
-    auto* label = d.get<QLabel>("lblPreviewPage");
-    const int count = d.dialog->document()->pageCount();
-    QCOMPARE(preview->currentPage(), 0);
-    QVERIFY(!previous->isEnabled());
-    QVERIFY(next->isEnabled());
-    QCOMPARE(label->text(), QStringLiteral("Page 1 of %1").arg(count));
-    next->click();
-    QCOMPARE(preview->currentPage(), 1);
-    QCOMPARE(label->text(), QStringLiteral("Page 2 of %1").arg(count));
-    QVERIFY(previous->isEnabled());
-    QTest::keyClick(preview, Qt::Key_End);
-    QCOMPARE(preview->currentPage(), count - 1);
-    QVERIFY(!next->isEnabled());
-    // The preview draws the page it shows.
-    const QImage shot = preview->grab().toImage();
-    QVERIFY(!shot.isNull());
-
-    // The current word alone is one page.
-    d.get<QRadioButton>("optCurrentWord")->click();
-    d.dialog->refresh();
-    QCOMPARE(d.dialog->document()->pageCount(), 1);
-    QCOMPARE(label->text(), QStringLiteral("Page 1 of 1"));
-    QVERIFY(!next->isEnabled());
 }
 
 void PrintTest::printIsRefusedWithNothingToPrint() {
