@@ -84,24 +84,6 @@ private Q_SLOTS:
         }
     }
 
-    void headerDialogShowsTheBoxesAndSetsHasHeaderFromThem() {
-        Context c;
-        DictionaryHeader shown{"Name", "Author", "", "", "", "", "last"};
-        HeaderDialog dialog(c.app, shown);
-        dialog.show();
-        QCOMPARE(dialog.windowTitle(), QString::fromStdString(c.app.store.dictionaryPath));
-        QCOMPARE(dialog.findChild<QLineEdit*>(QStringLiteral("txtHeader6"))->text(),
-                 QStringLiteral("last"));
-        // All seven emptied: the dictionary has no header any more.
-        for (int i = 0; i < 7; ++i)
-            dialog.findChild<QLineEdit*>(QStringLiteral("txtHeader%1").arg(i))->clear();
-        c.app.store.hasHeader = true;
-        clickButton(&dialog, "Command1");
-        QVERIFY(!dialog.isVisible());
-        QVERIFY(!c.app.store.hasHeader);
-        QVERIFY(c.dialogs.prompts.empty());
-    }
-
     void headerDialogRefusesEitherDirectionLetterButNotOthers() {
         const std::pair<const char*, bool> cases[] = {{"L", false}, {"R", false}, {"l", true},
                                                       {"r", true},  {"LR", true}, {" L", true}};

@@ -370,30 +370,6 @@ private Q_SLOTS:
         QCOMPARE(p.find<QLabel>("mainGlyphPic0")->frameShape(), QFrame::NoFrame);
     }
 
-    void preferencesOkTakesLibraryAndCancelKeepsIt() {
-        Program p;
-        QVERIFY(p.startAndShow());
-        QCOMPARE(p.app.lists.signCount, 4);
-        whenOpen(QStringLiteral("Preferences"), [](QWidget* d) {
-            choose(d, "optExtended");
-            choose(d, "optHigh");
-            QTest::mouseClick(d->findChild<QPushButton*>(QStringLiteral("cmdCancel")),
-                              Qt::LeftButton);
-        });
-        p.click("cmdPreferences");
-        QVERIFY(p.app.settings.useBasicLibrary);
-        QCOMPARE(p.app.settings.printQuality, -4); // taken at once
-        whenOpen(QStringLiteral("Preferences"), [](QWidget* d) {
-            choose(d, "optExtended");
-            choose(d, "optRight");
-            QTest::mouseClick(d->findChild<QPushButton*>(QStringLiteral("cmdOK")), Qt::LeftButton);
-        });
-        p.action("mnuOptions")->trigger();
-        QVERIFY(!p.app.settings.useBasicLibrary);
-        QVERIFY(!p.app.settings.directionLeft);
-        QCOMPARE(p.app.lists.signCount, 5);
-    }
-
     // A new word is composed, shown, and on the way to another word stored at the end.
     void aNewWordIsComposedShownAndStored() {
         Program p;
