@@ -1,14 +1,22 @@
 #pragma once
 // Scripted stand-ins for the desktop: every prompt is recorded, every answer comes from a
 // queue prepared by the test, and a prompt nobody prepared an answer for fails the test.
+// The window tests (Qt Test) define NEBKARO_QT_TEST before including this file.
 #include "core/app.h"
 #include "core/errors.h"
 #include "core/files.h"
 
+#ifdef NEBKARO_QT_TEST
+#include <QTest>
+#define NEBKARO_FAKE_FAILURE(what) QTest::qFail((what).c_str(), __FILE__, __LINE__)
+#else
 #include <gtest/gtest.h>
+#define NEBKARO_FAKE_FAILURE(what) ADD_FAILURE() << (what)
+#endif
 
 #include <deque>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -30,6 +38,7 @@ public:
     std::deque<Answer> answers;
     std::deque<std::optional<std::string>> inputs;
     std::deque<std::optional<std::filesystem::path>> files;
+    std::vector<std::string> unexpected; // prompts nobody prepared an answer for
     int beeps = 0;
 
     Answer message(const std::string& text, const std::string& title, Buttons b, Icon i) override {
@@ -39,7 +48,7 @@ public:
             return Answer::OK;
         }
         if (answers.empty()) {
-            ADD_FAILURE() << "unexpected question: " << text;
+            fail("unexpected question: " + text);
             return b == Buttons::YesNo ? Answer::No : Answer::Cancel;
         }
         Answer a = answers.front();
@@ -51,7 +60,7 @@ public:
         prompts.push_back({"input", prompt, title, Buttons::OKCancel, Icon::None});
         lastDefault = def;
         if (inputs.empty()) {
-            ADD_FAILURE() << "unexpected input box: " << prompt;
+            fail("unexpected input box: " + prompt);
             return std::nullopt;
         }
         auto a = inputs.front();
@@ -78,11 +87,28 @@ public:
             if (p.kind == "message") out.push_back(p.text);
         return out;
     }
+    std::size_t asked(const std::string& kind) const {
+        std::size_t n = 0;
+        for (const auto& p : prompts) n += p.kind == kind;
+        return n;
+    }
+    // Forgets the prompts and the answers not taken.
+    void reset() {
+        prompts.clear();
+        answers.clear();
+        inputs.clear();
+        files.clear();
+        unexpected.clear();
+    }
 
 private:
+    void fail(const std::string& what) {
+        unexpected.push_back(what);
+        NEBKARO_FAKE_FAILURE(what);
+    }
     std::optional<std::filesystem::path> nextFile() {
         if (files.empty()) {
-            ADD_FAILURE() << "unexpected file dialog";
+            fail("unexpected file dialog");
             return std::nullopt;
         }
         auto f = files.front();
@@ -131,6 +157,31 @@ public:
         p.height = it->second.second;
         p.ok = true;
         return p;
+    }
+};
+
+// The windows as the logic sees them: status lines recorded, the rest handed to the test.
+struct ScriptedWindows : Windows {
+    std::vector<std::string> status;
+    int typewriters = 0;
+    std::function<bool()> chooseSign; // the browser's choice; unset: closed without one
+    std::function<void()> onSearchDialog, onSortDialog, onUnloadBrowser;
+    std::function<void(TypewriterTarget)> onTypewriterText;
+
+    void showStatus(const std::string& s) override { status.push_back(s); }
+    void showTypewriter() override { ++typewriters; }
+    bool chooseSignFromBrowser() override { return chooseSign && chooseSign(); }
+    void unloadBrowser() override {
+        if (onUnloadBrowser) onUnloadBrowser();
+    }
+    void showSearchDialogAndWait() override {
+        if (onSearchDialog) onSearchDialog();
+    }
+    void showSortDialog() override {
+        if (onSortDialog) onSortDialog();
+    }
+    void typewriterTextChanged(TypewriterTarget t) override {
+        if (onTypewriterText) onTypewriterText(t);
     }
 };
 

@@ -16,19 +16,10 @@ namespace nebkaro {
 
 namespace {
 
-struct Script {
-    QtDialogs::Mode mode = QtDialogs::Mode::Interactive;
-    std::deque<Answer> answers;
-    std::deque<std::optional<std::filesystem::path>> files;
-    std::deque<std::optional<std::string>> inputs;
-    std::vector<QtDialogs::Prompt> prompts;
-    std::vector<std::string> unexpected;
-    int beeps = 0;
-};
-
-Script& script() {
-    static Script s;
-    return s;
+// Shared by every QtDialogs, like the message boxes they stand for.
+QtDialogs::Mode& currentMode() {
+    static QtDialogs::Mode mode = QtDialogs::Mode::Interactive;
+    return mode;
 }
 
 QString programTitle(const std::string& title) {
@@ -104,22 +95,7 @@ QStringList qtNameFilters(const std::string& filter) {
 
 Answer QtDialogs::message(const std::string& text, const std::string& title, Buttons buttons,
                           Icon icon) {
-    Script& s = script();
-    if (s.mode == Mode::Scripted) {
-        s.prompts.push_back({"message", text, title, buttons, icon});
-        if (buttons == Buttons::OK) {
-            if (!s.answers.empty() && s.answers.front() == Answer::OK) s.answers.pop_front();
-            return Answer::OK;
-        }
-        if (s.answers.empty()) {
-            s.unexpected.push_back(text);
-            return refusal(buttons);
-        }
-        const Answer a = s.answers.front();
-        s.answers.pop_front();
-        return a;
-    }
-    if (s.mode == Mode::Unattended) {
+    if (currentMode() == Mode::Unattended) {
         std::cerr << "nebkaro: " << programTitle(title).toStdString() << ": "
                   << messageText(text).toStdString() << "\n";
         return firstButton(buttons);
@@ -178,38 +154,13 @@ Answer QtDialogs::message(const std::string& text, const std::string& title, But
 
 std::optional<std::string> QtDialogs::input(const std::string& prompt, const std::string& title,
                                             const std::string& defaultText) {
-    Script& s = script();
-    if (s.mode == Mode::Scripted) {
-        s.prompts.push_back({"input", prompt, title, Buttons::OKCancel, Icon::None});
-        if (s.inputs.empty()) {
-            s.unexpected.push_back(prompt);
-            return std::nullopt;
-        }
-        auto a = s.inputs.front();
-        s.inputs.pop_front();
-        return a;
-    }
-    if (s.mode == Mode::Unattended) return std::nullopt;
+    if (currentMode() == Mode::Unattended) return std::nullopt;
     bool ok = false;
     const QString text =
         QInputDialog::getText(dialogParent(), programTitle(title), messageText(prompt),
                               QLineEdit::Normal, QString::fromStdString(defaultText), &ok);
     if (!ok) return std::nullopt;
     return text.toStdString();
-}
-
-std::optional<std::filesystem::path>
-QtDialogs::scriptedFile(const char* kind, const std::string& filter,
-                        const std::filesystem::path& proposed) {
-    Script& s = script();
-    s.prompts.push_back({kind, proposed.string(), filter, Buttons::OKCancel, Icon::None});
-    if (s.files.empty()) {
-        s.unexpected.push_back(std::string(kind) + " file dialog");
-        return std::nullopt;
-    }
-    auto f = s.files.front();
-    s.files.pop_front();
-    return f;
 }
 
 namespace {
@@ -247,51 +198,25 @@ std::optional<std::filesystem::path> runFileDialog(QFileDialog::AcceptMode mode,
 
 std::optional<std::filesystem::path> QtDialogs::openFile(const std::string& filter,
                                                          const std::filesystem::path& proposed) {
-    if (script().mode == Mode::Scripted) return scriptedFile("open", filter, proposed);
-    if (script().mode == Mode::Unattended) return std::nullopt;
+    if (currentMode() == Mode::Unattended) return std::nullopt;
     return runFileDialog(QFileDialog::AcceptOpen, filter, proposed);
 }
 
 std::optional<std::filesystem::path> QtDialogs::saveFile(const std::string& filter,
                                                          const std::filesystem::path& proposed) {
-    if (script().mode == Mode::Scripted) return scriptedFile("save", filter, proposed);
-    if (script().mode == Mode::Unattended) return std::nullopt;
+    if (currentMode() == Mode::Unattended) return std::nullopt;
     return runFileDialog(QFileDialog::AcceptSave, filter, proposed);
 }
 
 void QtDialogs::beep() {
-    ++script().beeps;
-    if (script().mode == Mode::Interactive) QApplication::beep();
+    if (currentMode() == Mode::Interactive) QApplication::beep();
 }
 
 void QtDialogs::setMode(Mode mode) {
-    script().mode = mode;
+    currentMode() = mode;
 }
 QtDialogs::Mode QtDialogs::mode() {
-    return script().mode;
-}
-void QtDialogs::pushAnswer(Answer answer) {
-    script().answers.push_back(answer);
-}
-void QtDialogs::pushFile(std::optional<std::filesystem::path> file) {
-    script().files.push_back(std::move(file));
-}
-void QtDialogs::pushInput(std::optional<std::string> text) {
-    script().inputs.push_back(std::move(text));
-}
-const std::vector<QtDialogs::Prompt>& QtDialogs::prompts() {
-    return script().prompts;
-}
-const std::vector<std::string>& QtDialogs::unexpected() {
-    return script().unexpected;
-}
-int QtDialogs::beeps() {
-    return script().beeps;
-}
-void QtDialogs::reset() {
-    const Mode m = script().mode;
-    script() = Script{};
-    script().mode = m;
+    return currentMode();
 }
 
 void QtClipboard::clear() {

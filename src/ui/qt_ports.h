@@ -2,11 +2,8 @@
 // The desktop as the logic sees it (core/ports.h), made of Qt: message and input boxes, file
 // dialogs, the clipboard and the event loop.
 //
-// Tests and unattended runs never show a dialog: in Scripted mode every prompt is recorded
-// and answered from queues the test fills (a question nobody prepared an answer for is
-// recorded as unexpected and answered Cancel or No); in Unattended mode (the --screenshot run)
-// messages go to the standard error and are answered with their first button, and file and
-// input dialogs count as cancelled.
+// An unattended run (--screenshot) never shows a dialog: messages go to the standard error and
+// are answered with their first button, and file and input dialogs count as cancelled.
 #include "core/ports.h"
 
 #include <QString>
@@ -14,10 +11,8 @@
 
 class QMessageBox;
 
-#include <deque>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace nebkaro {
 
@@ -31,14 +26,7 @@ void widenForTitle(QMessageBox& box);
 
 class QtDialogs : public Dialogs {
 public:
-    enum class Mode { Interactive, Scripted, Unattended };
-    struct Prompt {
-        std::string kind;  // "message", "input", "open", "save"
-        std::string text;  // message text, input prompt, or the proposed file
-        std::string title; // title, or the filter of a file dialog
-        Buttons buttons = Buttons::OK;
-        Icon icon = Icon::None;
-    };
+    enum class Mode { Interactive, Unattended };
 
     Answer message(const std::string& text, const std::string& title, Buttons buttons,
                    Icon icon) override;
@@ -53,20 +41,6 @@ public:
     // Shared by every QtDialogs, like the message boxes they stand for.
     static void setMode(Mode mode);
     static Mode mode();
-    static void pushAnswer(Answer answer);
-    static void pushFile(std::optional<std::filesystem::path> file);
-    static void pushInput(std::optional<std::string> text);
-    // Prompts recorded in Scripted mode, and the questions that had no answer ready.
-    static const std::vector<Prompt>& prompts();
-    static const std::vector<std::string>& unexpected();
-    static int beeps();
-    // Empties the queues and the records.
-    static void reset();
-
-private:
-    static std::optional<std::filesystem::path> scriptedFile(const char* kind,
-                                                             const std::string& filter,
-                                                             const std::filesystem::path& proposed);
 };
 
 class QtClipboard : public Clipboard {

@@ -1,13 +1,15 @@
-// The small windows and the Qt side of the ports: file filters, scripted answers, the
-// dictionary information dialog, About, Preferences, and the word's picture.
-#include "core/app.h"
-#include "core/files.h"
+// The small windows and the Qt side of the ports: file filters, unattended answers, the
+// dictionary information dialog, About, Preferences, Sort, the progress dialog, and the
+// word's picture.
+#include "bulk/sort_dialog_model.h"
 #include "display/word_picture_qt.h"
-#include "program_folder.h"
+#include "harness.h"
 #include "ui/about_dialog.h"
+#include "ui/cancel_dialog.h"
 #include "ui/header_dialog.h"
 #include "ui/preferences_dialog.h"
 #include "ui/qt_ports.h"
+#include "ui/sort_dialog.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -25,7 +27,7 @@ using namespace nebkaro::uitest;
 namespace {
 struct Context {
     ProgramFolder folder;
-    QtDialogs dialogs;
+    ScriptedDialogs dialogs;
     QtClipboard clipboard;
     QtEventPump events;
     FolderSignPictures pictures{folder.path()};
@@ -36,23 +38,11 @@ struct Context {
         app.store.dictionaryPath = folder.path() + "/Dictionaries/Words.nkd";
     }
 };
-
-void click(QWidget* parent, const char* name) {
-    auto* b = parent->findChild<QAbstractButton*>(QLatin1String(name));
-    QVERIFY2(b, name);
-    // Check boxes and radio buttons take clicks on their box and caption only.
-    QTest::mouseClick(b, Qt::LeftButton, {}, QPoint(6, b->height() / 2));
-}
 } // namespace
 
 class DialogsTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void init() {
-        QtDialogs::setMode(QtDialogs::Mode::Scripted);
-        QtDialogs::reset();
-    }
-
     void fileFiltersBecomeQtNameFilters() {
         QCOMPARE(qtNameFilters("Dictionary (*.nkd)|*.nkd| Comma Separated Variables "
                                "(*.csv)|*.csv| All Files (*.*)|*.*"),
@@ -65,33 +55,6 @@ private Q_SLOTS:
         QCOMPARE(qtNameFilters("Dangling"), QStringList{});
     }
 
-    void scriptedDialogsRecordEveryPromptAndAnswerFromTheQueue() {
-        QtDialogs d;
-        QtDialogs::pushAnswer(Answer::No);
-        QCOMPARE(d.message("Go on?", "Title", Buttons::YesNo, Icon::Question), Answer::No);
-        // OK-only messages need no prepared answer.
-        QCOMPARE(d.message("Note", "", Buttons::OK, Icon::Exclamation), Answer::OK);
-        // A question nobody prepared for is recorded and refused.
-        QCOMPARE(d.message("Unasked?", "", Buttons::YesNoCancel, Icon::Question), Answer::Cancel);
-        QCOMPARE(d.message("Unasked too?", "", Buttons::YesNo, Icon::Question), Answer::No);
-        QtDialogs::pushFile(std::filesystem::path("/x/y.nkd"));
-        QCOMPARE(d.openFile("F|*.f", "/x/z.nkd"), std::optional<std::filesystem::path>("/x/y.nkd"));
-        QCOMPARE(d.saveFile("F|*.f", "/x/z.nkd"), std::optional<std::filesystem::path>());
-        QtDialogs::pushInput(std::string("typed"));
-        QCOMPARE(d.input("Index?", "", "0"), std::optional<std::string>("typed"));
-        d.beep();
-        QCOMPARE(QtDialogs::beeps(), 1);
-        QCOMPARE(QtDialogs::prompts().size(), std::size_t(7));
-        QCOMPARE(QtDialogs::prompts()[0].title, std::string("Title"));
-        QCOMPARE(QtDialogs::prompts()[4].kind, std::string("open"));
-        QCOMPARE(QtDialogs::prompts()[4].text, std::string("/x/z.nkd"));
-        QCOMPARE(QtDialogs::unexpected(),
-                 (std::vector<std::string>{"Unasked?", "Unasked too?", "save file dialog"}));
-        QtDialogs::reset();
-        QVERIFY(QtDialogs::prompts().empty() && QtDialogs::unexpected().empty());
-        QCOMPARE(QtDialogs::mode(), QtDialogs::Mode::Scripted);
-    }
-
     void unattendedDialogsTakeTheFirstButtonAndCancelFiles() {
         QtDialogs::setMode(QtDialogs::Mode::Unattended);
         QtDialogs d;
@@ -99,12 +62,11 @@ private Q_SLOTS:
         QCOMPARE(d.message("Load?", "", Buttons::OKCancel, Icon::Exclamation), Answer::OK);
         QCOMPARE(d.openFile("F|*.f", "/x"), std::optional<std::filesystem::path>());
         QCOMPARE(d.input("?", "", ""), std::optional<std::string>());
-        QVERIFY(QtDialogs::prompts().empty());
+        QtDialogs::setMode(QtDialogs::Mode::Interactive);
     }
 
     // A one-word text under a long title: the box is wide enough for the whole title.
     void messageBoxesAreWideEnoughForTheirTitles() {
-        QtDialogs::setMode(QtDialogs::Mode::Interactive);
         QtDialogs dialogs;
         for (const char* title : {"Phonetic Not Found", "Sorted", "Not Found", ""}) {
             int width = 0, wanted = 0;
@@ -120,29 +82,6 @@ private Q_SLOTS:
             QCOMPARE(dialogs.message("X1", title, Buttons::OK, Icon::Exclamation), Answer::OK);
             QVERIFY2(width >= wanted, title);
         }
-        QtDialogs::setMode(QtDialogs::Mode::Scripted);
-    }
-
-    void headerDialogShowsTheBoxesAndSetsHasHeaderFromThem() {
-        Context c;
-        DictionaryHeader shown{"Name", "Author", "", "", "", "", "last"};
-        HeaderDialog dialog(c.app, shown);
-        dialog.show();
-        QCOMPARE(dialog.windowTitle(), QString::fromStdString(c.app.store.dictionaryPath));
-        QCOMPARE(dialog.findChild<QLabel*>(QStringLiteral("lblHeading"))->text(),
-                 QStringLiteral("DICTIONARY INFO"));
-        QCOMPARE(dialog.findChild<QLabel*>(QStringLiteral("lblModified"))->buddy(),
-                 dialog.findChild<QLineEdit*>(QStringLiteral("txtHeader2")));
-        QCOMPARE(dialog.findChild<QLineEdit*>(QStringLiteral("txtHeader6"))->text(),
-                 QStringLiteral("last"));
-        // All seven emptied: the dictionary has no header any more.
-        for (int i = 0; i < 7; ++i)
-            dialog.findChild<QLineEdit*>(QStringLiteral("txtHeader%1").arg(i))->clear();
-        c.app.store.hasHeader = true;
-        click(&dialog, "Command1");
-        QVERIFY(!dialog.isVisible());
-        QVERIFY(!c.app.store.hasHeader);
-        QVERIFY(QtDialogs::prompts().empty());
     }
 
     void headerDialogRefusesEitherDirectionLetterButNotOthers() {
@@ -155,11 +94,13 @@ private Q_SLOTS:
             dialog.show();
             auto* box0 = dialog.findChild<QLineEdit*>(QStringLiteral("txtHeader0"));
             box0->setText(QLatin1String(value));
-            click(&dialog, "Command1");
+            clickButton(&dialog, "Command1");
             QCOMPARE(dialog.isVisible(), !accepted);
             QCOMPARE(c.app.store.header[0], accepted ? std::string(value) : std::string("kept"));
             QCOMPARE(box0->text(), accepted ? QLatin1String(value) : QString());
-            QtDialogs::reset();
+            QCOMPARE(c.dialogs.messages(),
+                     accepted ? std::vector<std::string>{}
+                              : std::vector<std::string>{"First field cannot be 'L' or 'R'"});
         }
     }
 
@@ -168,30 +109,21 @@ private Q_SLOTS:
         HeaderDialog dialog(c.app, c.app.store.header);
         dialog.show();
         QVERIFY(dialog.findChild<QCheckBox*>(QStringLiteral("chkShowInfo"))->isChecked());
-        QCOMPARE(dialog.findChild<QCheckBox*>(QStringLiteral("chkShowInfo"))->text(),
-                 QStringLiteral("Show this again (may chage in preferences)"));
-        click(&dialog, "chkShowInfo");
+        choose(&dialog, "chkShowInfo");
         dialog.findChild<QLineEdit*>(QStringLiteral("txtHeader1"))->setText("changed");
         dialog.reject();
         QVERIFY(!c.app.settings.showDictionaryInfo);
         QCOMPARE(c.app.store.header[1], std::string());
     }
 
-    void aboutShowsTheVersionAndItsSwitch() {
+    void aboutSwitchTakesEffectAtOnce() {
         Context c;
         AboutDialog about(c.app);
         about.show();
-        QCOMPARE(about.objectName(), QStringLiteral("About"));
-        QCOMPARE(about.findChild<QLabel*>(QStringLiteral("lblTitle"))->text(),
-                 QStringLiteral("Nebkaro"));
-        QCOMPARE(about.findChild<QLabel*>(QStringLiteral("lblVersion"))->text(),
-                 QStringLiteral("Version: 1.0.0"));
-        auto* show = about.findChild<QCheckBox*>(QStringLiteral("chkShowAbout"));
-        QCOMPARE(show->text(), QStringLiteral("Show this again (may chage in Preferences)"));
-        QVERIFY(show->isChecked());
-        click(&about, "chkShowAbout");
+        QVERIFY(child<QCheckBox>(&about, "chkShowAbout")->isChecked());
+        choose(&about, "chkShowAbout");
         QVERIFY(!c.app.settings.showAbout);
-        click(&about, "cmdOK");
+        clickButton(&about, "cmdOK");
         QVERIFY(!about.isVisible());
     }
 
@@ -207,27 +139,25 @@ private Q_SLOTS:
         };
         QVERIFY(checked("optBasic") && checked("optRight") && checked("optMedium"));
         QVERIFY(checked("chkShowAbout") && checked("chkShowInfo"));
-        QCOMPARE(prefs.findChild<QCheckBox*>(QStringLiteral("chkShowAbout"))->text(),
-                 QStringLiteral("Show About Screeen"));
         // The draft button stores 0; each quality is taken at once.
         const std::pair<const char*, int> qualities[] = {
             {"optDraft", 0}, {"optLow", -2}, {"optHigh", -4}, {"optMedium", -3}};
         for (auto [name, value] : qualities) {
-            click(&prefs, name);
+            choose(&prefs, name);
             QCOMPARE(c.app.settings.printQuality, value);
         }
-        click(&prefs, "chkShowInfo");
+        choose(&prefs, "chkShowInfo");
         QVERIFY(!c.app.settings.showDictionaryInfo);
         // Save writes the values as they stand; the library chosen but not confirmed is not
         // among them.
-        click(&prefs, "optExtended");
-        click(&prefs, "cmdSave");
+        choose(&prefs, "optExtended");
+        clickButton(&prefs, "cmdSave");
         QCOMPARE(c.folder.read("System/Settings.nks"),
                  QByteArray("Nebkaro Settings: \r\n\r\nLibrary = Basic\r\nDirection = Right\r\n"
                             "Dictionary Name = Mine.nkd\r\nShow About = True\r\n"
                             "Show Dictionary Info = False\r\n\r\n"));
         QVERIFY(prefs.isVisible());
-        click(&prefs, "cmdCancel");
+        clickButton(&prefs, "cmdCancel");
         QVERIFY(c.app.settings.library == Library::Basic);
         QVERIFY(c.app.settings.direction == Direction::Right);
     }
@@ -275,6 +205,69 @@ private Q_SLOTS:
         QVERIFY(SaveWordPicture(pic, file, ImageFormat::Svg));
         QCOMPARE(QImage(file).size(), QSize(9, 7));
         QVERIFY(!SaveWordPicture(pic, folder.file("no/such/folder/w.bmp"), ImageFormat::Bmp));
+    }
+
+    // Meaning is chosen the first time, so that OK sorts at once; the choices stay for the
+    // next time, Cancel and the frame give none.
+    void okGivesTheChosenFieldAndCancelNone() {
+        Context f;
+        SortDialog d(f.app);
+        QVERIFY(f.app.sortDialog.loaded);
+        d.show();
+        QVERIFY(child<QRadioButton>(&d, "optMeaning")->isChecked());
+        child<QCheckBox>(&d, "chkCase")->click();
+        child<QPushButton>(&d, "cmdOk")->click();
+        QCOMPARE(f.app.sortDialog.sortField, SortField::Meaning);
+        QVERIFY(f.app.sortDialog.caseSensitive);
+        const std::pair<const char*, SortField> values[] = {{"optTranslit", SortField::Translit},
+                                                            {"optTrClass", SortField::Classic},
+                                                            {"optGardiner", SortField::Gardiner},
+                                                            {"optComment", SortField::Comment}};
+        for (auto [name, value] : values) {
+            d.show();
+            child<QRadioButton>(&d, name)->click();
+            child<QPushButton>(&d, "cmdOk")->click();
+            QCOMPARE(f.app.sortDialog.sortField, value);
+            QVERIFY(!d.isVisible());
+        }
+        d.show();
+        child<QCheckBox>(&d, "ChkReverse")->click();
+        child<QPushButton>(&d, "cmdCancel")->click();
+        QCOMPARE(f.app.sortDialog.sortField, SortField::None);
+        d.show();
+        QVERIFY(child<QRadioButton>(&d, "optComment")->isChecked());
+        QVERIFY(f.app.sortDialog.reverse);
+        d.close();
+        QCOMPARE(f.app.sortDialog.sortField, SortField::None);
+    }
+
+    void theSortCommandsShowItModally() {
+        Context f;
+        SortDialog d(f.app);
+        ScriptedWindows windows;
+        windows.onSortDialog = [&d] { d.showModal(); };
+        f.app.windows = &windows;
+        QTimer::singleShot(0, [&] {
+            QVERIFY(d.isModal() && d.isVisible());
+            child<QRadioButton>(&d, "optGardiner")->click();
+            child<QPushButton>(&d, "cmdOk")->click();
+        });
+        QCOMPARE(ShowSortDialog(f.app), SortField::Gardiner);
+        QVERIFY(!d.isVisible());
+    }
+
+    void progressDialogCancelSetsTheFlagAndHides() {
+        Context f;
+        CancelDialog d(f.app);
+        d.showWith("Flipping Started");
+        QVERIFY(d.isVisible());
+        QCOMPARE(d.windowTitle(), QString("Flipping Started"));
+        QVERIFY(d.isModal()); // while the work runs, only its Cancel responds
+        QCOMPARE(child<QLabel>(&d, "lblProcess")->text(), QString("Flipping Started"));
+        QVERIFY(!f.app.sortCancelled);
+        child<QPushButton>(&d, "CancelButton")->click();
+        QVERIFY(f.app.sortCancelled);
+        QVERIFY(!d.isVisible());
     }
 };
 

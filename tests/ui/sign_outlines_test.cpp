@@ -1,10 +1,9 @@
 // Signs drawn from their outlines: every shipped sign has one that stands where its picture's
 // ink stands, a picture the font did not make is drawn from itself, and a word keeps its layout
 // at every scale it is exported at.
-#include "core/files.h"
 #include "display/sign_outlines_qt.h"
 #include "display/word_picture_qt.h"
-#include "program_folder.h"
+#include "harness.h"
 
 #include <QFile>
 #include <QImage>
@@ -93,7 +92,7 @@ private Q_SLOTS:
         QVERIFY(QFile::copy(QString::fromStdString((Data / "Fonts" / "Aegyptus.ttf").string()),
                             folder.file(QStringLiteral("Fonts/Aegyptus.ttf"))));
         folder.write("Lists/SignGlyphs.csv", "\"A1\",\"13000\"\r\n");
-        folder.write("Basic/Left/Z/Z9.GIF", gif(10, 10)); // no glyph for Z9
+        folder.write("Basic/Left/Z/Z9.GIF", fixture("signs/10x10.gif")); // no glyph for Z9
         FolderSignPictures pictures(folder.path());
         for (const char* code : {"A1", "Z9"}) {
             const SignPicture p = pictures.picture(Library::Basic, Direction::Left, code);

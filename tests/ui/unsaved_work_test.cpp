@@ -4,7 +4,7 @@
 // Clicks go through the window system's path, where a window held by a modal one takes none.
 #define QTEST_QPA_MOUSE_HANDLING
 #include "bulk/search.h"
-#include "main_program.h"
+#include "harness.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -28,11 +28,6 @@ using namespace nebkaro;
 using namespace nebkaro::uitest;
 
 namespace {
-
-const QByteArray Header = "\"Test words\",\"Tester\",\"1 May 2024\",\"\",\"\",\"\",\"\"\r\n";
-const QByteArray Word0 =
-    "\"L\",\"B\",\"A1(0,0) - G17(330,0) \",\"A1-G17\",\"im\",\"who\",\"first\"\r\n";
-const QByteArray Word2 = "\"R\",\"B\",\"G43(0,0) \",\"G43\",\"w\",\"chick\",\"third\"\r\n";
 
 QByteArray wordWithLayout(const QByteArray& layout) {
     return "\"L\",\"B\",\"" + layout + "\",\"A1\",\"ra\",\"bad one\",\"keep\"\r\n";
@@ -62,16 +57,10 @@ void typeInto(const Program& p, const char* box, const char* text) {
 }
 
 void sortBy(const char* option) {
-    whenModal(QStringLiteral("Sort"), [option](QWidget* d) {
+    whenOpen(QStringLiteral("Sort"), [option](QWidget* d) {
         choose(d, option);
         QTest::mouseClick(d->findChild<QPushButton*>(QStringLiteral("cmdOk")), Qt::LeftButton);
     });
-}
-
-std::size_t asked(const std::string& kind) {
-    std::size_t n = 0;
-    for (const auto& p : QtDialogs::prompts()) n += p.kind == kind;
-    return n;
 }
 
 } // namespace
@@ -86,14 +75,10 @@ private:
     QString handedOver_;
 
 private Q_SLOTS:
-    void init() { scriptDialogs(); }
-    void cleanup() { verifyNoUnexpectedQuestion(); }
 
     void aWordThatCannotBeDrawnKeepsItsOwnTextsThroughSaveAndDelete() {
         for (const QByteArray& layout : undrawableLayouts()) {
-            QtDialogs::reset();
             Program p;
-            p.folder.settings(false, false);
             const QByteArray bad = wordWithLayout(layout);
             p.folder.write("Dictionaries/Words.nkd", Header + Word0 + bad + Word2);
             QVERIFY(p.startAndShow());
@@ -106,7 +91,7 @@ private Q_SLOTS:
             QCOMPARE(p.folder.read("Dictionaries/Words.nkd"), Header + Word0 + bad + Word2);
             // Deleting the word before it brings it to the front, still with its own texts.
             p.click("cmdFirst");
-            QtDialogs::pushAnswer(Answer::Yes);
+            p.answer(Answer::Yes);
             p.click("cmdDelete");
             QCOMPARE(p.find<QLineEdit>("CommentTxt")->text(), QStringLiteral("keep"));
             p.click("cmdSave");
@@ -114,36 +99,16 @@ private Q_SLOTS:
         }
     }
 
-    void theProgramStartsAndOpensOnAFirstWordThatCannotBeDrawn() {
-        Program p;
-        p.folder.settings(false, false);
-        const QByteArray bad = wordWithLayout("A1(0,0");
-        p.folder.write("Dictionaries/Words.nkd", bad + Word2);
-        QVERIFY(p.startAndShow());
-        QVERIFY(!p.app.endRequested);
-        QCOMPARE(p.find<QLineEdit>("MeaningTxt")->text(), QStringLiteral("bad one"));
-        // Opened later, over a word that draws.
-        p.folder.write("Other.nkd", wordWithLayout("A1(x,0) ") + Word0);
-        p.click("cmdNext");
-        QtDialogs::pushFile(std::filesystem::path(p.folder.file("Other.nkd").toStdString()));
-        p.click("CmdLoad");
-        QCOMPARE(p.find<QLineEdit>("CommentTxt")->text(), QStringLiteral("keep"));
-        QVERIFY(!anySignShown(p));
-        p.click("cmdSave");
-        QCOMPARE(p.folder.read("Other.nkd"), wordWithLayout("A1(x,0) ") + Word0);
-    }
-
     void aRefusedStartUpLoadLeavesAnUntitledDictionary() {
         Program p;
-        p.folder.settings(false, false);
         const QByteArray damaged = Word0 + "\"L\",\"B\",\"G43(0,0) \",\"G4";
         p.folder.write("Dictionaries/Words.nkd", damaged);
-        QtDialogs::pushAnswer(Answer::No); // open another dictionary?
+        p.answer(Answer::No); // open another dictionary?
         QVERIFY(p.startAndShow());
         QVERIFY(p.window->windowTitle().endsWith(QStringLiteral("Untitled")));
-        QtDialogs::pushFile(std::nullopt);
+        p.answerFile(std::nullopt);
         p.click("cmdSave");
-        QCOMPARE(asked("save"), std::size_t(1));
+        QCOMPARE(p.dialogs.asked("save"), std::size_t(1));
         QCOMPARE(p.folder.read("Dictionaries/Words.nkd"), damaged);
         // The remembered dictionary stays the one to try at the next start.
         p.click("cmdQuit");
@@ -154,7 +119,6 @@ private Q_SLOTS:
     // Whatever leaves the word, one question; Yes stores in memory, No drops the edit.
     void everyWayOffAnEditedWordAsksToStoreIt() {
         Program p;
-        p.folder.settings(false, false);
         QVERIFY(p.startAndShow());
         const QByteArray file = p.folder.read("Dictionaries/Words.nkd");
         const std::function<void()> ways[] = {
@@ -171,22 +135,21 @@ private Q_SLOTS:
             [&] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageDown); },
             [&] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageUp); },
         };
-        p.app.searchCriteria =
-            PrepareCriteria("", false, false, false, false); // every word matches
+        p.app.searchCriteria = PrepareCriteria("", false, false, false, false); // every word matches
         int way = 0;
         for (const auto& leave : ways) {
             const bool yes = way++ % 2 == 0;
             p.find<QLineEdit>("txtNumber")->setText(QStringLiteral("1"));
             p.app.view.txtNumber = "1";
             p.click("cmdGo");
-            QtDialogs::reset();
+            p.dialogs.reset();
             const std::string before = p.app.store.field(1, FieldMeaning);
             typeInto(p, "MeaningTxt", "!");
-            QtDialogs::pushAnswer(yes ? Answer::Yes : Answer::No);
+            p.answer(yes ? Answer::Yes : Answer::No);
             leave();
-            QVERIFY2(QtDialogs::prompts().size() == 1, qPrintable(QString::number(way)));
-            QCOMPARE(QtDialogs::prompts()[0].text, std::string(StoreWordQuestion));
-            QCOMPARE(QtDialogs::prompts()[0].buttons, Buttons::YesNo);
+            QVERIFY2(p.dialogs.prompts.size() == 1, qPrintable(QString::number(way)));
+            QCOMPARE(p.dialogs.prompts[0].text, std::string(StoreWordQuestion));
+            QCOMPARE(p.dialogs.prompts[0].buttons, Buttons::YesNo);
             QCOMPARE(p.app.store.field(1, FieldMeaning), yes ? before + "!" : before);
             QVERIFY(!p.app.store.newWordPending && !p.app.store.editPending);
         }
@@ -194,17 +157,16 @@ private Q_SLOTS:
         // A box changed without the focus (Guess) counts; a word left untouched does not.
         p.click("cmdFirst");
         p.click("cmdTransGuess");
-        QtDialogs::reset();
-        QtDialogs::pushAnswer(Answer::No);
+        p.dialogs.reset();
+        p.answer(Answer::No);
         p.click("cmdNext");
         p.click("cmdNext");
-        QCOMPARE(QtDialogs::prompts().size(), std::size_t(1));
+        QCOMPARE(p.dialogs.prompts.size(), std::size_t(1));
         QCOMPARE(p.app.store.field(0, FieldTranslit), std::string("im"));
     }
 
     void replacingTheDictionaryAsksToSaveAStoredChange() {
         Program p;
-        p.folder.settings(false, false);
         QVERIFY(p.startAndShow());
         p.click("Duplicatecmd");
         QVERIFY(p.app.store.isChanged);
@@ -214,80 +176,26 @@ private Q_SLOTS:
             {"cmdQuit", "Do you want to save before quitting?"},
         };
         for (const auto& [control, question] : ways) {
-            QtDialogs::reset();
-            QtDialogs::pushAnswer(Answer::Cancel);
+            p.dialogs.reset();
+            p.answer(Answer::Cancel);
             p.click(control);
-            QCOMPARE(QtDialogs::prompts().size(), std::size_t(1));
-            QCOMPARE(QtDialogs::prompts()[0].text, std::string(question));
-            QCOMPARE(QtDialogs::prompts()[0].buttons, Buttons::YesNoCancel);
+            QCOMPARE(p.dialogs.prompts.size(), std::size_t(1));
+            QCOMPARE(p.dialogs.prompts[0].text, std::string(question));
+            QCOMPARE(p.dialogs.prompts[0].buttons, Buttons::YesNoCancel);
             QCOMPARE(p.app.store.lastIndex, 3);
             QVERIFY(p.window->isVisible() && !p.app.endRequested);
         }
         // Yes saves the duplicate before the new dictionary empties the store.
-        QtDialogs::reset();
-        QtDialogs::pushAnswer(Answer::Yes);
-        QtDialogs::pushFile(std::nullopt);
-        whenModal(QStringLiteral("frmHeader"), [](QWidget* d) { d->close(); });
+        p.dialogs.reset();
+        p.answer(Answer::Yes);
+        p.answerFile(std::nullopt);
+        whenOpen(QStringLiteral("frmHeader"), [](QWidget* d) { d->close(); });
         p.click("cmdTool0");
         QCOMPARE(p.folder.read("Dictionaries/Words.nkd").count("\"who\""), 2);
     }
 
-    void aNewWordLeftByNavigationIsAskedAboutAndForgotten() {
-        Program p;
-        p.folder.settings(false, false);
-        QVERIFY(p.startAndShow());
-        whenShown(QStringLiteral("Compose"), [](QWidget* compose) {
-            compose->findChild<QLineEdit*>(QStringLiteral("txtMdC"))->setText("G17 N35");
-            compose->findChild<QPushButton*>(QStringLiteral("cmdGet"))->click();
-            compose->findChild<QPushButton*>(QStringLiteral("OkCmd"))->click();
-        });
-        p.click("NewCmd");
-        QVERIFY(p.app.store.newWordPending);
-        QtDialogs::pushAnswer(Answer::No);
-        p.click("cmdFirst");
-        QCOMPARE(messageTexts(), std::vector<std::string>{StoreWordQuestion});
-        QVERIFY(!p.app.store.newWordPending);
-        QCOMPARE(p.find<QLineEdit>("GardinerTxt")->text(), QStringLiteral("A1-G17"));
-        const QByteArray file = p.folder.read("Dictionaries/Words.nkd");
-        p.click("cmdSave");
-        QCOMPARE(p.folder.read("Dictionaries/Words.nkd"), file);
-    }
-
-    void aFailedClassicSortLeavesEveryTransliterationAsItWas() {
-        Program p;
-        p.folder.settings(false, false);
-        // A table that codes each small letter as the next one and decodes it back.
-        QByteArray t2c;
-        for (int c = 31; c <= 255; ++c) {
-            const bool letter = c >= 'a' && c <= 'z';
-            const char code = letter ? char(c == 'z' ? 'a' : c + 1) : 'x';
-            const char plain = letter ? char(c == 'a' ? 'z' : c - 1) : 'x';
-            t2c += QByteArray("\"") + code + "\",\"" + plain + "\"\r\n";
-        }
-        p.folder.write("Lists/Trans2Code.csv", t2c);
-        p.folder.write("Dictionaries/Words.nkd",
-                       Word0 + Word2 +
-                           "\"L\",\"B\",\"N35(0,0) \",\"N35\",\"\xe1\xb8\xa5w\",\"x\",\"\"\r\n");
-        QVERIFY(p.startAndShow());
-        for (const char* sort : {"cmdSort", "mnuSort", "cmdSort"}) {
-            QtDialogs::reset();
-            sortBy("optTrClass");
-            if (QByteArray(sort) == "mnuSort") {
-                QtDialogs::pushAnswer(Answer::Yes); // proceed?
-                p.action(sort)->trigger();
-            } else {
-                p.click(sort);
-            }
-            QCOMPARE(QtDialogs::prompts().back().icon, Icon::Critical);
-            QCOMPARE(p.app.store.field(0, FieldTranslit), std::string("im"));
-            QCOMPARE(p.app.store.field(1, FieldTranslit), std::string("w"));
-            QVERIFY(!p.app.store.isChanged);
-        }
-    }
-
     void onlyTheProgressDialogRespondsWhileASortRuns() {
         Program p;
-        p.folder.settings(false, false);
         QByteArray words;
         for (int i = 0; i < 300; ++i)
             words += "\"L\",\"B\",\"G43(0,0) \",\"G43\",\"w\",\"m" +
@@ -299,61 +207,46 @@ private Q_SLOTS:
         p.events.onYield = [&] {
             if (clicks++ > 0) return;
             if (QWidget* w = QApplication::activeModalWidget()) modal = w->objectName();
-            QtDialogs::pushFile(std::nullopt); // an Open that got through would take it
+            p.answerFile(std::nullopt); // an Open that got through would take it
             QTest::mouseClick(p.find<QPushButton>("CmdLoad"), Qt::LeftButton);
         };
         sortBy("optMeaning");
-        QtDialogs::pushAnswer(Answer::Yes); // proceed?
+        p.answer(Answer::Yes); // proceed?
         p.action("mnuSort")->trigger();
         p.events.onYield = nullptr;
         QCOMPARE(modal, QStringLiteral("frmCancelDialog"));
-        QCOMPARE(asked("open"), std::size_t(0));
+        QCOMPARE(p.dialogs.asked("open"), std::size_t(0));
         QCOMPARE(p.app.store.field(0, FieldMeaning), std::string("m0"));
     }
 
     void closingByTheFrameOffersCancel() {
         Program p;
-        p.folder.settings(false, false);
         QVERIFY(p.startAndShow());
         p.click("Duplicatecmd");
         const QByteArray settings = p.folder.read("System/Settings.nks");
-        QtDialogs::pushAnswer(Answer::Cancel);
+        p.answer(Answer::Cancel);
         QVERIFY(!p.window->close());
-        QCOMPARE(QtDialogs::prompts().back().buttons, Buttons::YesNoCancel);
+        QCOMPARE(p.dialogs.prompts.back().buttons, Buttons::YesNoCancel);
         QVERIFY(p.window->isVisible() && !p.app.endRequested);
         QCOMPARE(p.folder.read("System/Settings.nks"), settings);
         QVERIFY(p.app.store.isChanged);
-    }
-
-    void commandsActOnTheWordOnShow() {
-        Program p;
-        p.folder.settings(false, false);
-        QVERIFY(p.startAndShow());
-        // Find Next finds nothing after word 0: word 0 stays the one Copy copies.
-        p.app.searchCriteria = PrepareCriteria("nothing like it", false, false, false, false);
-        p.click("cmdSearchNext");
-        QCOMPARE(messageTexts(), std::vector<std::string>{"Not Found!"});
-        p.action("mnuCopy")->trigger();
-        QCOMPARE(p.app.clipboard.text(),
-                 std::string("L|B|A1(0,0) - G17(330,0) |A1-G17|im|who|first"));
-        // An invalid paste leaves its inserted copy, and shows it.
-        p.app.clipboard.setText("not a word");
-        p.action("mnuPaste")->trigger();
-        QCOMPARE(p.find<QLineEdit>("txtNumber")->text(), QStringLiteral("1"));
-        QCOMPARE(p.app.store.currentIndex, 1);
-        QVERIFY(p.app.store.isChanged);
+        // No: the program ends without saving the words, and writes its settings.
+        QFile::remove(p.folder.file("System/Settings.nks"));
+        p.answer(Answer::No);
+        QVERIFY(p.window->close());
+        QVERIFY(p.app.endRequested);
+        QVERIFY(p.folder.exists("System/Settings.nks"));
     }
 
     void keysBehindTheComposerDoNotReachTheDictionary() {
         Program p;
-        p.folder.settings(false, false);
         QVERIFY(p.startAndShow());
         p.app.clipboard.setText("L|B|G43(0,0) |G43|w|pasted|");
         QShortcut* paste = nullptr;
         for (QShortcut* s : p.window->findChildren<QShortcut*>())
             if (s->key() == QKeySequence(QStringLiteral("Ctrl+V"))) paste = s;
         QVERIFY(paste);
-        whenShown(QStringLiteral("Compose"), [&](QWidget* compose) {
+        whenOpen(QStringLiteral("Compose"), [&](QWidget* compose) {
             Q_EMIT paste->activated(); // as when the window manager hands the key to Main
             compose->close();
         });
@@ -361,125 +254,29 @@ private Q_SLOTS:
         QCOMPARE(p.app.store.lastIndex, 2);
     }
 
-    void commandsNeedingAWordSaySoOnAnEmptyDictionary() {
-        for (const char* words : {"header only", "last word deleted"}) {
-            QtDialogs::reset();
-            Program p;
-            p.folder.settings(false, false);
-            const bool headerOnly = QByteArray(words) == "header only";
-            p.folder.write("Other.nkd", headerOnly ? Header : Header + Word2);
-            QVERIFY(p.startAndShow());
-            QtDialogs::pushFile(std::filesystem::path(p.folder.file("Other.nkd").toStdString()));
-            p.click("CmdLoad");
-            if (!headerOnly) {
-                QtDialogs::pushAnswer(Answer::Yes);
-                p.click("cmdDelete");
-            }
-            QVERIFY2(!anySignShown(p), words);
-            QVERIFY(p.find<QLineEdit>("MeaningTxt")->text().isEmpty());
-            const bool changed = p.app.store.isChanged;
-            QtDialogs::reset();
-            for (const char* control : {"cmdFlip", "Duplicatecmd", "cmdDelete", "cmdStore"})
-                p.click(control);
-            p.action("mnuCopy")->trigger();
-            QCOMPARE(messageTexts(),
-                     std::vector<std::string>(5, "No word of the dictionary is on show."));
-            QCOMPARE(p.app.store.lastIndex, -1);
-            QCOMPARE(p.app.store.isChanged, changed);
-        }
-    }
-
-    void ctrlThenGOrMTogglesOnlyWhenDirectlyFollowed() {
-        Program p;
-        p.folder.settings(false, false);
-        QVERIFY(p.startAndShow());
-        auto* area = p.find<QWidget>("DispAreaShp");
-        area->setFocus();
-        QTest::keyClick(area, Qt::Key_C, Qt::ControlModifier); // Copy, a shortcut
-        QTest::keyClick(area, Qt::Key_G);
-        QTest::keyClick(area, Qt::Key_M);
-        QVERIFY(!p.find<QCheckBox>("ChkHideGardiner")->isChecked());
-        QVERIFY(!p.find<QCheckBox>("ChkHideMeaning")->isChecked());
-    }
-
-    void theTypewriterTypesIntoTheOpenComposer() {
-        Program p;
-        p.folder.settings(false, false);
-        QVERIFY(p.startAndShow());
-        QString typed;
-        whenShown(QStringLiteral("Compose"), [&](QWidget* compose) {
-            p.app.typewriterTarget = TypewriterTarget::ComposerMdC;
-            p.window->showTypewriter();
-            QWidget* typewriter = nullptr;
-            for (QWidget* w : QApplication::topLevelWidgets())
-                if (w->objectName() == QLatin1String("frmTypewriter") && w->isVisible())
-                    typewriter = w;
-            QVERIFY(typewriter);
-            QVERIFY(QTest::qWaitForWindowExposed(typewriter));
-            QTest::mouseClick(typewriter->findChild<QPushButton*>(QStringLiteral("btnSpace")),
-                              Qt::LeftButton);
-            typed = compose->findChild<QLineEdit*>(QStringLiteral("txtMdC"))->text();
-            compose->close();
-        });
-        p.click("NewCmd");
-        QCOMPARE(typed, QStringLiteral(" "));
-    }
-
-    void printMultipleOffersTheWordOnShowToTheLast() {
-        Program p;
-        p.folder.settings(false, false);
-        QVERIFY(p.startAndShow());
-        p.click("cmdNext");
-        QString range;
-        whenModal(QStringLiteral("frmPrintOptions"), [&](QWidget* d) {
-            auto value = [d](const char* name) {
-                return QString::number(d->findChild<QSpinBox*>(QLatin1String(name))->value());
-            };
-            range = value("txtWordFrom") + "-" + value("txtWordTo");
-            static_cast<QDialog*>(d)->reject();
-        });
-        p.action("mnuPrintMultiple")->trigger();
-        QCOMPARE(range, QStringLiteral("1-2"));
-    }
-
     // A load that stopped at a direction other than R or L says so, and the shorter dictionary
     // goes over the longer file only after a yes.
     void aPartlyLoadedDictionaryIsSavedOverItsFileOnlyAfterAYes() {
         Program p;
-        p.folder.settings(false, false);
         const QByteArray stop = "\"X\",\"B\",\"A1(0,0) \",\"A1\",\"i\",\"stop\",\"\"\r\n";
         const QByteArray whole = Header + Word0 + stop + Word2;
         p.folder.write("Dictionaries/Words.nkd", whole);
         QVERIFY(p.startAndShow());
-        QCOMPARE(messageTexts().size(), std::size_t(1));
-        QVERIFY(messageTexts()[0].find("line 3") != std::string::npos);
+        QCOMPARE(p.dialogs.messages().size(), std::size_t(1));
+        QVERIFY(p.dialogs.messages()[0].find("line 3") != std::string::npos);
         QCOMPARE(p.app.store.lastIndex, 0);
-        QtDialogs::pushAnswer(Answer::No);
+        p.answer(Answer::No);
         p.click("cmdSave");
         QCOMPARE(p.folder.read("Dictionaries/Words.nkd"), whole);
-        QtDialogs::pushAnswer(Answer::Yes);
+        p.answer(Answer::Yes);
         p.click("cmdSave");
         QCOMPARE(p.folder.read("Dictionaries/Words.nkd"), Header + Word0);
-        QCOMPARE(asked("message"), std::size_t(3));
-    }
-
-    void onlyTheLinesThatAreNotUtf8AreReadAsWindows1252() {
-        Program p;
-        p.folder.settings(false, false);
-        const QByteArray utf8 = "\"L\",\"B\",\"A1(0,0) \",\"A1\",\"Sn\",\"\xC5\xA1 sign\",\"\"\r\n";
-        const QByteArray windows = "\"L\",\"B\",\"A1(0,0) \",\"A1\",\"i\",\"caf\xE9\",\"\"\r\n";
-        p.folder.write("Dictionaries/Words.nkd", Header + utf8 + windows);
-        QVERIFY(p.startAndShow());
-        QVERIFY(p.window->statusBar()->currentMessage().startsWith(QStringLiteral("Line 3 was")));
-        p.click("cmdSave");
-        QCOMPARE(p.folder.read("Dictionaries/Words.nkd"),
-                 Header + utf8 + QByteArray(windows).replace("\xE9", "\xC3\xA9"));
+        QCOMPARE(p.dialogs.asked("message"), std::size_t(3));
     }
 
     // A save goes through a link to its file; a pipe, a device or a folder is never replaced.
     void savingWritesThroughALinkAndRefusesASpecialFile() {
         Program p;
-        p.folder.settings(false, false);
         p.folder.write("Elsewhere/Real.nkd", Header + Word0);
         const auto dictionaries =
             std::filesystem::path(p.folder.file("Dictionaries").toStdString());
@@ -494,12 +291,12 @@ private Q_SLOTS:
         QCOMPARE(::mkfifo(pipe.c_str(), 0600), 0);
         for (const std::filesystem::path& to :
              {pipe, dictionaries, std::filesystem::path("/dev/null")}) {
-            QtDialogs::reset();
-            QtDialogs::pushFile(to);
+            p.dialogs.reset();
+            p.answerFile(to);
             p.click("CmdSaveAs");
-            QCOMPARE(messageTexts().size(), std::size_t(1));
-            QVERIFY2(messageTexts()[0].find("not a regular file") != std::string::npos,
-                     messageTexts()[0].c_str());
+            QCOMPARE(p.dialogs.messages().size(), std::size_t(1));
+            QVERIFY2(p.dialogs.messages()[0].find("not a regular file") != std::string::npos,
+                     p.dialogs.messages()[0].c_str());
         }
         QVERIFY(std::filesystem::is_fifo(pipe));
         QVERIFY(std::filesystem::is_character_file("/dev/null"));
@@ -508,7 +305,6 @@ private Q_SLOTS:
     // Saving under a .csv name writes the .nkd beside it, which the file dialog never asked about.
     void aSaveAsksBeforeReplacingAnotherExistingFile() {
         Program p;
-        p.folder.settings(false, false);
         p.folder.write("Other.nkd", "unrelated");
         p.folder.write("Table.csv", Word2);
         p.folder.write("Table.nkd", "also unrelated");
@@ -516,22 +312,22 @@ private Q_SLOTS:
         const auto file = [&](const char* name) {
             return std::filesystem::path(p.folder.file(QLatin1String(name)).toStdString());
         };
-        QtDialogs::pushFile(file("Other.csv"));
-        QtDialogs::pushAnswer(Answer::No);
+        p.answerFile(file("Other.csv"));
+        p.answer(Answer::No);
         p.click("CmdSaveAs");
         QCOMPARE(p.folder.read("Other.nkd"), QByteArray("unrelated"));
-        QtDialogs::pushFile(file("Other.csv"));
-        QtDialogs::pushAnswer(Answer::Yes);
+        p.answerFile(file("Other.csv"));
+        p.answer(Answer::Yes);
         p.click("CmdSaveAs");
         QVERIFY(p.folder.read("Other.nkd").startsWith(Header));
         p.click("cmdSave"); // its own file now: no question
-        QCOMPARE(asked("message"), std::size_t(2));
+        QCOMPARE(p.dialogs.asked("message"), std::size_t(2));
         // An opened .csv dictionary saves as .nkd: the same question.
-        QtDialogs::pushFile(file("Table.csv"));
+        p.answerFile(file("Table.csv"));
         p.click("CmdLoad");
-        QtDialogs::pushAnswer(Answer::No);
+        p.answer(Answer::No);
         p.click("cmdSave");
-        QCOMPARE(asked("message"), std::size_t(3));
+        QCOMPARE(p.dialogs.asked("message"), std::size_t(3));
         QCOMPARE(p.folder.read("Table.nkd"), QByteArray("also unrelated"));
     }
 
@@ -539,7 +335,6 @@ private Q_SLOTS:
     // never the file of a save that is still running.
     void aSaveRemovesTheTemporaryFilesOfKilledSaves() {
         Program p;
-        p.folder.settings(false, false);
         QVERIFY(p.startAndShow());
         const pid_t gone = ::fork();
         if (gone == 0) ::_exit(0);
@@ -562,7 +357,6 @@ private Q_SLOTS:
     void thePictureForThePaintProgramGoesWithTheProgram() {
         {
             Program p;
-            p.folder.settings(false, false);
             QVERIFY(p.startAndShow());
             QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "openPicture");
             p.action("mnuCopyToPaint")->trigger();
@@ -577,11 +371,11 @@ private Q_SLOTS:
         Program first;
         first.folder.settings(false, false, "../../outside/x.nkd");
         QVERIFY(first.startAndShow());
-        QCOMPARE(messageTexts().size(), std::size_t(1)); // refused, Words.nkd opened
+        QCOMPARE(first.dialogs.messages().size(), std::size_t(1)); // refused, Words.nkd opened
         QCOMPARE(first.find<QLineEdit>("MeaningTxt")->text(), QStringLiteral("who"));
         first.folder.write("Mine/Other.nkd", Word2);
         const std::string other = first.folder.file("Mine/Other.nkd").toStdString();
-        QtDialogs::pushFile(std::filesystem::path(other));
+        first.answerFile(std::filesystem::path(other));
         first.click("CmdLoad");
         first.click("cmdQuit");
         QVERIFY(first.folder.read("System/Settings.nks")
