@@ -1,6 +1,6 @@
 #include "core/errors.h"
+#include "display/image_export.h"
 #include "display/layout.h"
-#include "display/main_layout.h"
 #include "display/render.h"
 #include "fakes.h"
 
@@ -43,22 +43,12 @@ TEST_F(RenderTest, CentresTheGroupInTheDisplayArea) {
     EXPECT_TRUE(v.mainGlyphPic[1].visible);
     EXPECT_FALSE(v.mainGlyphPic[2].visible);
     EXPECT_EQ(v.mainGlyphPic[0].picture.file, "/pictures/Basic/Left/A1.GIF");
+    // Anything but "L" and "B" is the other direction and library.
+    word(0, "x", "A1(0,0) ", "b");
+    RenderWord(t.app);
+    EXPECT_EQ(v.mainGlyphPic[0].picture.file, "/pictures/Extended/Right/A1.GIF");
     EXPECT_EQ(v.MeaningTxt, "m");
     EXPECT_EQ(v.txtNumber, "0");
-    EXPECT_TRUE(v.textChanged);
-}
-
-TEST_F(RenderTest, FoldersFollowLibraryAndDirection) {
-    const std::tuple<const char*, const char*, const char*> cases[] = {
-        {"L", "B", "/pictures/Basic/Left/A1.GIF"},
-        {"R", "E", "/pictures/Extended/Right/A1.GIF"},
-        {"x", "b", "/pictures/Extended/Right/A1.GIF"}, // anything but "L"/"B" is the other
-    };
-    for (auto [dir, lib, file] : cases) {
-        word(0, dir, "A1(0,0) ", lib);
-        RenderWord(t.app);
-        EXPECT_EQ(t.app.view.mainGlyphPic[0].picture.file, file);
-    }
 }
 
 TEST_F(RenderTest, WindowWidthFollowsWideWordsAndSnapsBackForNarrowOnes) {
@@ -145,18 +135,6 @@ TEST(ProgressWidth, ScalesWithTheCurrentWordAndIsEmptyForOneWord) {
     EXPECT_EQ(ProgressWidth(6460, 0, -1), 0);
 }
 
-TEST(MainLayout, NeverNarrowerThan6960) {
-    WordView v;
-    ResizeMainWindow(v, 5000);
-    EXPECT_EQ(v.windowWidth, 6960);
-    EXPECT_EQ(v.geometry.DispAreaShp.width, 6460);
-    const MainLayout l = MainLayoutFor(9000);
-    EXPECT_EQ(l.dispAreaWidth, 8500);
-    EXPECT_EQ(l.textWidth, 8200);
-    EXPECT_EQ(l.translitWidth, 7600);
-    EXPECT_EQ(l.guessLeftOffset, 7700);
-}
-
 TEST_F(RenderTest, SetDirectionMirrorsAndStores) {
     // A1 is 300 wide, G17 420: R = Int(300 + 420/2) = 510 after G17 (300+420 > 300).
     word(0, "L", "A1(0,60) - G17(300,0) ");
@@ -173,20 +151,19 @@ TEST_F(RenderTest, SetDirectionMirrorsAndStores) {
     EXPECT_EQ(t.app.store.field(0, FieldLayout), "A1( 0, 60) - G17( 300, 0) ");
 }
 
-TEST_F(RenderTest, SetDirectionToTheSameDirectionDoesNothing) {
-    const std::pair<const char*, int> cases[] = {{"L", 0}, {"R", 1}};
-    for (auto [dir, wanted] : cases) {
-        word(0, dir, "A1(0,0) ");
-        RenderWord(t.app);
-        SetDirection(t.app, static_cast<std::int16_t>(wanted));
-        EXPECT_EQ(t.app.store.field(0, FieldDirection), dir);
-        EXPECT_EQ(t.app.store.field(0, FieldLayout), "A1(0,0) ");
-    }
-    EXPECT_EQ(stores, 0);
-}
-
-TEST_F(RenderTest, FlippingAWordWithoutSignsFails) {
-    word(0, "L", "");
-    RenderWord(t.app);
-    EXPECT_THROW(SetDirection(t.app, 2), RunError);
+TEST(ImageExport, NameFolderAndFormatOfASavedPicture) {
+    const std::pair<const char*, const char*> names[] = {{"A1:D21*X1", "A1-D21-X1"},
+                                                         {"::**", "----"},
+                                                         {"N35 - D21", "N35 - D21"},
+                                                         {"A1/B2?", "A1/B2?"}};
+    for (auto [gardiner, name] : names) EXPECT_EQ(ProposedImageName(gardiner), name);
+    TestApp t;
+    t.app.home = "/prog";
+    t.app.view.GardinerTxt = "G17*X1";
+    EXPECT_EQ(ProposedImagePath(t.app), std::filesystem::path("/prog/Images/G17-X1"));
+    const std::pair<const char*, ImageFormat> formats[] = {
+        {"a.BMP", ImageFormat::Bmp}, {"a.PnG", ImageFormat::Png}, {"a.svg", ImageFormat::Svg},
+        {"a", ImageFormat::Bmp},     {"a.gif", ImageFormat::Bmp}, {"dir.png/a", ImageFormat::Bmp},
+    };
+    for (auto [file, format] : formats) EXPECT_EQ(ImageFormatFor(file), format) << file;
 }

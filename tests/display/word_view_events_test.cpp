@@ -54,15 +54,6 @@ TEST_F(WordViewTest, EnteringAndLeavingWithoutTypingDependsOnTheBox) {
     }
 }
 
-TEST_F(WordViewTest, TransliterationBoxBecomesTheTypewriterTarget) {
-    t.app.typewriterTarget = TypewriterTarget::SearchText;
-    TextBoxGotFocus(t.app, TextBox::Meaning);
-    EXPECT_EQ(t.app.typewriterTarget, TypewriterTarget::SearchText);
-    TextBoxGotFocus(t.app, TextBox::TransLit);
-    EXPECT_EQ(t.app.typewriterTarget, TypewriterTarget::MainTransLit);
-    EXPECT_EQ(t.app.view.transLitCopy, "i");
-}
-
 TEST_F(WordViewTest, ControlThenGOrMTogglesTheirHideBoxes) {
     struct Case {
         std::vector<int> keys;
@@ -88,13 +79,6 @@ TEST_F(WordViewTest, ControlThenGOrMTogglesTheirHideBoxes) {
     }
 }
 
-TEST_F(WordViewTest, KeyDownReportsTheToggledBox) {
-    WordView v;
-    EXPECT_EQ(WindowKeyDown(v, KeyControl), std::nullopt);
-    EXPECT_EQ(WindowKeyDown(v, KeyM), HideBox::Meaning);
-    EXPECT_EQ(WindowKeyDown(v, KeyM), std::nullopt);
-}
-
 TEST_F(WordViewTest, PopUpMenuOpensOnlyForTheRightButtonInsideTheDisplayArea) {
     const Rect a = t.app.view.geometry.DispAreaShp;
     struct Case {
@@ -115,13 +99,6 @@ TEST_F(WordViewTest, PopUpMenuOpensOnlyForTheRightButtonInsideTheDisplayArea) {
     for (const Case& c : cases)
         EXPECT_EQ(OpensFieldMenu(t.app.view, c.button, c.x, c.y), c.opens)
             << c.button << " at " << c.x << "," << c.y;
-}
-
-TEST_F(WordViewTest, ShowBordersInverts) {
-    ToggleShowBorders(t.app.view);
-    EXPECT_TRUE(t.app.view.showBorders);
-    ToggleShowBorders(t.app.view);
-    EXPECT_FALSE(t.app.view.showBorders);
 }
 
 TEST_F(WordViewTest, ResizingKeepsTheWordCentredAndNeverNarrowerThanTheMinimum) {
