@@ -36,12 +36,6 @@ TEST_F(CanvasTest, ABrowserClosedWithoutAChoiceChangesNothing) {
     EXPECT_EQ(composer.Gardinerlbl, "Gardiner: ");
 }
 
-TEST_F(CanvasTest, ChoosingIntoImageTwentyLeavesNoEmptySlot) {
-    choose(20, "A1");
-    EXPECT_EQ(code(20), "A1");
-    EXPECT_EQ(composer.LastGlyph, 1);
-}
-
 TEST_F(CanvasTest, DraggingRecordsTheFinalPlace) {
     choose(0, "A1");
     const double left = composer.GlyphPic[0].left, top = composer.GlyphPic[0].top;
@@ -92,12 +86,6 @@ TEST_F(CanvasTest, DeleteOnTheMiddleOfThreeSignsMovesTheThirdIntoItsSlot) {
     composer.DeleteLast();
     EXPECT_FALSE(app.glyphs[1].used());
     EXPECT_EQ(composer.Gardinerlbl, "Gardiner: - A1");
-}
-
-TEST_F(CanvasTest, OnlyTheDeleteKeyDeletes) {
-    choose(0, "A1");
-    for (int key : {8, 45, 47, 127}) composer.KeyDown(0, key);
-    EXPECT_EQ(code(0), "A1");
 }
 
 TEST_F(CanvasTest, DeleteOnImageTwentyEmptiesTheImageButKeepsTheSign) {
@@ -171,12 +159,6 @@ TEST_F(CanvasTest, DeleteLastIsRefusedAtOneAndBelow) {
     composer.DeleteLast(); // a fresh canvas: LastGlyph 0
     EXPECT_EQ(composer.LastGlyph, 0);
     EXPECT_TRUE(composer.GlyphPic[0].visible);
-}
-
-TEST_F(CanvasTest, ClickingAnImageAimsTheTypewriterAtTheCodeBox) {
-    app.typewriterTarget = TypewriterTarget::MainTransLit;
-    composer.ImageClicked(0);
-    EXPECT_EQ(app.typewriterTarget, TypewriterTarget::ComposerMdC);
 }
 
 } // namespace

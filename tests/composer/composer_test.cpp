@@ -98,14 +98,6 @@ TEST_F(ComposerWindowTest, OneSignIsAWordAndNoSignIsCancel) {
     EXPECT_TRUE(t.dialogs.prompts.empty()) << "OK without a sign asks nothing";
 }
 
-TEST_F(ComposerWindowTest, OkTwiceInOneLoadHoldsTheSignsTwice) {
-    place(*this, "A1 G17", {{1200, 800}, {1500, 760}});
-    ASSERT_TRUE(composer.OK());
-    ASSERT_TRUE(composer.OK());
-    EXPECT_EQ(app.layoutText, "A1(0,40) - G17(300,0) A1(0,40) - G17(300,0) ");
-    EXPECT_EQ(app.composedGardiner, "A1-G17A1-G17");
-}
-
 TEST_F(ComposerWindowTest, CoordinatesAreWrittenAsNumbers) {
     struct Case {
         const char* line;
@@ -141,13 +133,6 @@ TEST_F(ComposerWindowTest, AGapEndsTheReadingOrderSortAndIsSkipped) {
     ASSERT_TRUE(composer.OK());
     EXPECT_EQ(app.composedGardiner, "G17-A1");
     EXPECT_EQ(app.layoutText, "G17(1000,0) - A1(0,0) ");
-}
-
-TEST_F(ComposerWindowTest, CancelLeavesNothingAccepted) {
-    place(*this, "A1 G17", {{1200, 800}, {1500, 760}});
-    composer.Cancel();
-    EXPECT_FALSE(app.store.composeAccepted);
-    EXPECT_EQ(app.layoutText, "");
 }
 
 TEST_F(ComposerWindowTest, LoadForANewWordEmptiesTheTableAndTheResults) {
@@ -215,15 +200,6 @@ TEST_F(ComposerWindowTest, LoadForAnEditedWordTakesOverTheMainWindowsSigns) {
     EXPECT_TRUE(app.glyphs[1].used());
 }
 
-TEST_F(ComposerWindowTest, LoadWithNeitherFlagLeavesTheTableAlone) {
-    get("A1 G17");
-    app.store.newWordPending = false;
-    composer.Load();
-    EXPECT_EQ(code(0), "A1");
-    EXPECT_EQ(code(1), "G17");
-    EXPECT_EQ(composer.LastGlyph, 0);
-}
-
 struct LibraryFiles : ComposerTest {
     TempDir home;
     LibraryFiles() {
@@ -278,34 +254,6 @@ TEST_F(LibraryFiles, ASwitchKeepsThePicturesOnTheCanvasAndTakesNewSignsFromTheNe
     EXPECT_EQ(app.glyphs[0].entry, 3);
 }
 
-TEST_F(LibraryFiles, ActivateShowsTheLibraryInBothControls) {
-    composer.OptExtended();
-    app.settings.useBasicLibrary = true;
-    composer.Activate();
-    EXPECT_TRUE(composer.OptBasicValue);
-    EXPECT_TRUE(composer.mnuBasicChecked);
-    EXPECT_FALSE(composer.mnuExtendedChecked);
-}
-
-TEST_F(ComposerWindowTest, ResizeKeepsTheWindowWideEnoughAndTheControlsInStep) {
-    struct Case {
-        int asked, width;
-    };
-    for (const Case c : {Case{5000, 6960}, Case{6960, 6960}, Case{9000, 9000}}) {
-        composer.Resize(c.asked, 100);
-        EXPECT_EQ(composer.geometry.windowWidth, c.width) << c.asked;
-        EXPECT_EQ(composer.geometry.ComposeShp.width, c.width - 500) << c.asked;
-        EXPECT_EQ(composer.geometry.cmdGetLeft, c.width - 900) << c.asked;
-        EXPECT_EQ(composer.geometry.txtMdCWidth, c.width - 1800) << c.asked;
-        EXPECT_EQ(composer.geometry.windowHeight, ComposeGeometry::DesignHeight) << c.asked;
-    }
-    // A wider frame moves the centre on which Get lays out its row.
-    composer.Resize(9000, ComposeGeometry::DesignHeight + 600);
-    get("A1");
-    EXPECT_EQ(composer.GlyphPic[0].left, 250 + 8500 / 2 - 150);
-    EXPECT_EQ(composer.GlyphPic[0].top, 1260 + 5600 / 2 - 300);
-}
-
 TEST_F(ComposerWindowTest, ComposeLineIsGetThenOk) {
     struct Case {
         const char* line;
@@ -315,12 +263,7 @@ TEST_F(ComposerWindowTest, ComposeLineIsGetThenOk) {
         const char* gardiner;
     };
     const Case cases[] = {
-        {"A1 G17", true, true, "A1(0,0) - G17(300,0) ", "A1-G17"},
-        // The typed order is the reading order in both directions.
-        {"A1 G17", false, true, "A1(450,0) - G17(0,0) ", "A1-G17"},
         {"G17 X1 A2", false, true, "G17(750,0) - X1(300,187.5) - A2(0,0) ", "G17-X1-A2"},
-        {"i-n:t", true, true, "M17(0,0) - N35(225,225) - X1(825,187.5) ", "M17-N35-X1"},
-        {"A1", true, true, "A1(0,0) ", "A1"},
         {"A1", false, true, "A1(0,0) ", "A1"},
         {"zz", true, false, "", ""},
     };

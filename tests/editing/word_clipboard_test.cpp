@@ -48,19 +48,6 @@ TEST_F(EditingTest, CutDeletesWithoutAsking) {
     EXPECT_EQ(t.dialogs.prompts.size(), 1u);
 }
 
-TEST_F(EditingTest, PastingNothingChangesNothing) {
-    words(2);
-    for (const char* text : {"", "\r\n"}) {
-        t.dialogs.prompts.clear();
-        t.clipboard.content = text;
-        Paste(app);
-        ASSERT_EQ(t.dialogs.prompts.size(), 1u);
-        EXPECT_EQ(t.dialogs.prompts[0].text, "Nothing to Paste");
-        EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Exclamation);
-        EXPECT_EQ(app.store.lastIndex, 1);
-    }
-}
-
 TEST_F(EditingTest, AnInvalidItemIsRefusedAfterTheRowWasInserted) {
     words(3);
     show(1);
@@ -96,19 +83,6 @@ TEST_F(EditingTest, PastedItemsFillTheNewRow) {
         EXPECT_EQ(app.store.row(1), c.expected);
         EXPECT_EQ(translit(2), "w1");
     }
-}
-
-TEST_F(EditingTest, AShortItemFailsPartWayThroughAndIsReported) {
-    words(2);
-    t.clipboard.content = "R|E|A1(0,0) ";
-    EXPECT_TRUE(RunCommand(app, CommandId::PasteWord));
-    ASSERT_EQ(t.dialogs.prompts.size(), 1u);
-    EXPECT_EQ(t.dialogs.prompts[0].text, "9  Subscript out of range");
-    EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Critical);
-    // The row was inserted, as a whole copy of the word before it, and it is on show.
-    EXPECT_EQ(app.store.lastIndex, 2);
-    EXPECT_EQ(app.store.row(1), app.store.row(0));
-    EXPECT_EQ(app.view.txtNumber, "1");
 }
 
 TEST_F(EditingTest, PastingIntoAnEmptiedDictionaryMakesWordZero) {

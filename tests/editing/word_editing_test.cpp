@@ -38,32 +38,6 @@ TEST_F(EditingTest, NewThenStorePutsTheWordIntoTheNextRow) {
     }
 }
 
-TEST_F(EditingTest, NewShowsTheComposedWordCentredWithEmptyTexts) {
-    words(3);
-    app.view.CommentTxt = "old comment";
-    t.dialogs.answers.push_back(Answer::No); // not to be stored
-    New(app);
-    const WordView& v = app.view;
-    EXPECT_EQ(v.GardinerTxt, "A1-G17");
-    EXPECT_EQ(v.RichGardinerlbl, "A1(0,0) - G17(300,0) ");
-    EXPECT_EQ(v.TransLitTxt, "");
-    EXPECT_EQ(v.MeaningTxt, "");
-    EXPECT_EQ(v.CommentTxt, "");
-    EXPECT_EQ(v.txtNumber, "3");
-    EXPECT_TRUE(v.mainGlyphPic[0].visible);
-    EXPECT_TRUE(v.mainGlyphPic[1].visible);
-    EXPECT_FALSE(v.mainGlyphPic[2].visible);
-    EXPECT_EQ(v.mainGlyphPic[1].picture.file, "/pictures/Basic/Left/G17.GIF");
-    // The group (720 x 600 twips) stands centred in the display area.
-    const Rect a = v.geometry.DispAreaShp;
-    EXPECT_EQ(v.rightEdge, 720);
-    EXPECT_EQ(v.mainGlyphPic[0].left, a.left + a.width / 2 - 360);
-    EXPECT_EQ(v.mainGlyphPic[1].left, a.left + a.width / 2 - 360 + 300);
-    EXPECT_EQ(v.TemPic.pictures.size(), 2u);
-    // Not yet in the dictionary.
-    EXPECT_EQ(app.store.lastIndex, 2);
-}
-
 TEST_F(EditingTest, NewPicturesComeFromTheFoldersTheWordWillBeStoredWith) {
     struct Case {
         bool basic, left, extendedChosen;
@@ -86,31 +60,6 @@ TEST_F(EditingTest, NewPicturesComeFromTheFoldersTheWordWillBeStoredWith) {
         EXPECT_EQ(app.store.field(app.store.currentIndex, FieldDirection), c.direction);
         EXPECT_EQ(app.store.field(app.store.currentIndex, FieldLibrary), c.library);
     }
-}
-
-TEST_F(EditingTest, NewCancelledChangesNothing) {
-    words(2);
-    composer.accept = false;
-    const WordView before = app.view;
-    New(app);
-    EXPECT_EQ(composer.runs, 1);
-    EXPECT_FALSE(app.store.newWordPending);
-    EXPECT_FALSE(app.store.composeAccepted);
-    EXPECT_EQ(app.view.TransLitTxt, before.TransLitTxt);
-    EXPECT_EQ(app.view.txtNumber, before.txtNumber);
-    EXPECT_EQ(app.store.lastIndex, 1);
-}
-
-TEST_F(EditingTest, NewOffersToStoreAnUnfinishedWordFirst) {
-    words(2);
-    app.view.MeaningTxt = "edited";
-    app.store.editPending = true;
-    t.dialogs.answers.push_back(Answer::Yes);
-    New(app);
-    ASSERT_EQ(prompts().size(), 1u);
-    EXPECT_EQ(prompts()[0], StoreWordQuestion);
-    EXPECT_EQ(app.store.field(0, FieldMeaning), "edited");
-    EXPECT_TRUE(composer.openedForNew);
 }
 
 TEST_F(EditingTest, AnExistingWordKeepsItsDirectionAndLibraryUnlessExtendedWasChosen) {
@@ -149,14 +98,6 @@ TEST_F(EditingTest, EditReplacesOnlyTheSignsAndKeepsTheTexts) {
               (WordRecord{"L", "B", "A1(0,0) - G17(300,0) ", "A1-G17", "w1", "meaning 1", ""}));
     EXPECT_EQ(app.store.lastIndex, 2);
     EXPECT_FALSE(app.store.editPending);
-}
-
-TEST_F(EditingTest, EditCancelledLeavesTheWordBeingEdited) {
-    words(2);
-    composer.accept = false;
-    Edit(app);
-    EXPECT_TRUE(app.store.editPending);
-    EXPECT_EQ(app.view.GardinerTxt, "N35");
 }
 
 TEST_F(EditingTest, DeleteAsksThenMovesTheLaterWordsUp) {
@@ -246,18 +187,6 @@ TEST_F(EditingTest, CommandsThatNeedAWordOnShowSaySoWhenThereIsNone) {
         EXPECT_EQ(app.store.lastIndex, last);
         EXPECT_FALSE(app.store.isChanged);
     }
-}
-
-TEST_F(EditingTest, DuplicateShowsACopyAfterTheWord) {
-    words(3);
-    show(1);
-    Duplicate(app);
-    EXPECT_TRUE(app.store.isChanged);
-    EXPECT_EQ(app.store.lastIndex, 3);
-    EXPECT_EQ(app.store.currentIndex, 2);
-    EXPECT_EQ(app.store.row(2), app.store.row(1));
-    EXPECT_EQ(translit(3), "w2");
-    EXPECT_EQ(app.view.txtNumber, "2");
 }
 
 TEST_F(EditingTest, AFullDictionaryRefusesANewWordAndChangesNothing) {
