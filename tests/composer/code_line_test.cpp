@@ -189,19 +189,5 @@ TEST_F(CodeLineTest, PicturesComeFromTheLibraryAndDirectionAMissingOneIsAnEmptyS
     EXPECT_EQ(composer.status, "");
 }
 
-TEST(SeparatorDiagnostic, ShowsTheSeparatorsOrWhetherAColonTouchesADash) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"", ""},           {"-", ""},          {"--", "-"},
-        {"*-", "*"},        {":-", "True"}, // a lone ":"
-        {"-:-", "True"},                    // "-:" at the end
-        {"*:-", "False"},   {"::-", "False"},   {":*-", "False"},
-        {":--", "True"},                        // begins with ":-"
-        {"-:*-", "True"},                       // "-:" inside
-        {"*:--", "True"},                       // ":-" inside
-        {"*:**-", "False"}, {"-*:-:-", "True"}, // the last ":" decides
-    };
-    for (const auto& [seps, shown] : cases) EXPECT_EQ(SeparatorDiagnostic(seps), shown) << seps;
-}
-
 } // namespace
 } // namespace nebkaro::testing

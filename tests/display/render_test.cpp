@@ -14,8 +14,7 @@ struct RenderTest : ::testing::Test {
     TestApp t;
     int stores = 0;
     void SetUp() override {
-        t.pictures.sizes = {
-            {"A1", {300, 540}}, {"G17", {420, 600}}, {"N35", {600, 90}}, {"W", {7000, 300}}};
+        t.pictures.sizes = {{"A1", {300, 540}}, {"G17", {420, 600}}, {"N35", {600, 90}}};
         t.app.storeWord = [this](App& a) {
             ++stores;
             a.store.setField(a.store.currentIndex, FieldLayout, a.view.RichGardinerlbl);
@@ -49,19 +48,6 @@ TEST_F(RenderTest, CentresTheGroupInTheDisplayArea) {
     EXPECT_EQ(v.mainGlyphPic[0].picture.file, "/pictures/Extended/Right/A1.GIF");
     EXPECT_EQ(v.MeaningTxt, "m");
     EXPECT_EQ(v.txtNumber, "0");
-}
-
-TEST_F(RenderTest, WindowWidthFollowsWideWordsAndSnapsBackForNarrowOnes) {
-    word(0, "L", "W(0,0) - W(7000,0) ");
-    RenderWord(t.app);
-    EXPECT_EQ(t.app.view.windowWidth, 14000 + t.app.view.geometry.DispAreaShp.left + 500);
-    word(0, "L", "A1(0,0) ");
-    RenderWord(t.app);
-    EXPECT_EQ(t.app.view.windowWidth, 6960);
-    word(0, "L", "");
-    RenderWord(t.app);
-    EXPECT_EQ(t.app.view.windowWidth, 6960);
-    for (const auto& img : t.app.view.mainGlyphPic) EXPECT_FALSE(img.visible);
 }
 
 // Without a word to show (the only word deleted, a header-only file) the view is empty:
@@ -125,14 +111,6 @@ TEST_F(RenderTest, WordPictureHasA32TwipMarginAndSlotOrder) {
     EXPECT_EQ(t.app.view.TemPic.width, 64);
     EXPECT_EQ(t.app.view.TemPic.height, 64);
     EXPECT_TRUE(t.app.view.TemPic.pictures.empty());
-}
-
-TEST(ProgressWidth, ScalesWithTheCurrentWordAndIsEmptyForOneWord) {
-    EXPECT_EQ(ProgressWidth(6460, 0, 10), 0);
-    EXPECT_EQ(ProgressWidth(6460, 10, 10), 6060);
-    EXPECT_EQ(ProgressWidth(6460, 5, 10), 3030);
-    EXPECT_EQ(ProgressWidth(6460, 0, 0), 0);
-    EXPECT_EQ(ProgressWidth(6460, 0, -1), 0);
 }
 
 TEST_F(RenderTest, SetDirectionMirrorsAndStores) {
