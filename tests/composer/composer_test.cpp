@@ -16,61 +16,6 @@ void place(ComposerTest& f, const std::string& line,
         f.composer.MoveImage(static_cast<int>(k), at[k].first, at[k].second);
 }
 
-TEST_F(ComposerWindowTest, OkBuildsTheStringsInTheReadingOrderOfTheDirection) {
-    struct Case {
-        bool left;
-        const char* layout;
-        const char* gardiner;
-    };
-    const Case cases[] = {{true, "A1(0,40) - G17(300,0) ", "A1-G17"},
-                          {false, "G17(300,0) - A1(0,40) ", "G17-A1"}};
-    for (const auto& c : cases) {
-        app.settings.directionLeft = c.left;
-        composer.Load();
-        // A second Get of the same signs after a direction change: both fill slots 0 and 1.
-        place(*this, "A1 G17", {{1200, 800}, {1500, 760}});
-        ASSERT_TRUE(composer.OK());
-        EXPECT_TRUE(app.store.composeAccepted);
-        EXPECT_EQ(app.layoutText, c.layout);
-        EXPECT_EQ(app.composedGardiner, c.gardiner);
-        EXPECT_EQ(composer.RichGardinerLbl, c.layout);
-        EXPECT_EQ(composer.Gardinerlbl, c.gardiner);
-        // The images follow their slots through the sort.
-        EXPECT_EQ(composer.GlyphPic[0].picture.file.filename(), code(0) + ".GIF");
-    }
-}
-
-TEST_F(ComposerWindowTest, OneColumnNeedsEachSignToStartBeforeNinetyTwoPercentOfTheOther) {
-    // N35 is 600 wide, A1 300: 92 % of their right edges lie 552 and 276 from their lefts.
-    struct Case {
-        double nLeft, nTop, aLeft, aTop;
-        const char* gardiner;
-    };
-    const Case cases[] = {
-        {1000, 1500, 1552, 1000, "N35-A1"}, // A1 starts exactly at 92 % of N35: two columns
-        {1000, 1500, 1551, 1000, "A1-N35"}, // just before: one column, the upper sign first
-        {1000, 1500, 1000, 1000, "A1-N35"},
-        {1000, 1000, 724, 1500, "A1-N35"}, // N35 starts exactly at 92 % of A1: two columns
-        {1000, 1000, 725, 1500, "N35-A1"}, // just before: one column
-    };
-    for (const auto& c : cases) {
-        composer.Load();
-        place(*this, "N35 A1", {{c.nLeft, c.nTop}, {c.aLeft, c.aTop}});
-        ASSERT_TRUE(composer.OK());
-        EXPECT_EQ(app.composedGardiner, c.gardiner) << c.nLeft << " " << c.aLeft;
-    }
-}
-
-TEST_F(ComposerWindowTest, ASignUnderAnotherFollowsItInBothDirections) {
-    for (bool left : {true, false}) {
-        app.settings.directionLeft = left;
-        composer.Load();
-        place(*this, "X1 N35 A1", {{1500, 1450}, {1400, 1000}, {2100, 1000}});
-        ASSERT_TRUE(composer.OK());
-        EXPECT_EQ(app.composedGardiner, left ? "N35-X1-A1" : "A1-N35-X1") << left;
-    }
-}
-
 TEST_F(ComposerWindowTest, OneSignIsAWordAndNoSignIsCancel) {
     get("R8"); // not in the list: no sign placed at all
     t.dialogs.prompts.clear();
@@ -87,30 +32,53 @@ TEST_F(ComposerWindowTest, OneSignIsAWordAndNoSignIsCancel) {
     EXPECT_TRUE(t.dialogs.prompts.empty()) << "OK without a sign asks nothing";
 }
 
-TEST_F(ComposerWindowTest, CoordinatesAreWrittenAsNumbers) {
+// OK sorts the signs into reading order and writes each at its place in the group.
+TEST_F(ComposerWindowTest, OkWritesTheSignsInReadingOrderAtTheirPlaces) {
+    using At = std::vector<std::pair<double, double>>;
+    const At a1g17 = {{1200, 800}, {1500, 760}};
     struct Case {
         const char* line;
-        std::vector<std::pair<double, double>> at;
-        const char* layout;
+        At at;
+        bool left;
+        const char* gardiner;
+        const char* layout; // nullptr: not checked
     };
     const Case cases[] = {
+        {"A1 G17", a1g17, true, "A1-G17", "A1(0,40) - G17(300,0) "},
+        {"A1 G17", a1g17, false, "G17-A1", "G17(300,0) - A1(0,40) "},
+        // One column needs each sign to start before 92 % of the other's right edge: N35 is
+        // 600 wide, A1 300, so 552 and 276 from their lefts.
+        {"N35 A1", {{1000, 1500}, {1552, 1000}}, true, "N35-A1", nullptr},
+        {"N35 A1", {{1000, 1500}, {1551, 1000}}, true, "A1-N35", nullptr},
+        {"N35 A1", {{1000, 1500}, {1000, 1000}}, true, "A1-N35", nullptr},
+        {"N35 A1", {{1000, 1000}, {724, 1500}}, true, "A1-N35", nullptr},
+        {"N35 A1", {{1000, 1000}, {725, 1500}}, true, "N35-A1", nullptr},
+        // A sign under another follows it in both directions.
+        {"X1 N35 A1", {{1500, 1450}, {1400, 1000}, {2100, 1000}}, true, "N35-X1-A1", nullptr},
+        {"X1 N35 A1", {{1500, 1450}, {1400, 1000}, {2100, 1000}}, false, "A1-N35-X1", nullptr},
         // Same top: ",0)" after both; the lower edges play no part.
-        {"A1 N35", {{900, 500}, {1200, 500}}, "A1(0,0) - N35(300,0) "},
+        {"A1 N35", {{900, 500}, {1200, 500}}, true, "A1-N35", "A1(0,0) - N35(300,0) "},
         // A row of Get centres a low sign on the tall ones: half twips stay.
-        {"X1 A1", {}, "X1(0,187.5) - A1(450,0) "},
-        // All signs share the same half: the normalised numbers are whole.
-        {"Aa1 A1", {}, "Aa1(0,112.5) - A1(375,0) "},
+        {"X1 A1", {}, true, "X1-A1", "X1(0,187.5) - A1(450,0) "},
+        {"Aa1 A1", {}, true, "Aa1-A1", "Aa1(0,112.5) - A1(375,0) "},
         // The minima start at 5000 and 10000: a group beyond them keeps its offset.
-        {"A1 G17", {{5300, 800}, {5600, 760}}, "A1(300,40) - G17(600,0) "},
-        {"A1 G17", {{6000, 10500}, {6300, 10400}}, "A1(1000,500) - G17(1300,400) "},
+        {"A1 G17", {{5300, 800}, {5600, 760}}, true, "A1-G17", "A1(300,40) - G17(600,0) "},
+        {"A1 G17", {{6000, 10500}, {6300, 10400}}, true, "A1-G17", "A1(1000,500) - G17(1300,400) "},
         // Negative places are kept as they are.
-        {"A1 G17", {{-600, 800}, {-300, 760}}, "A1(0,40) - G17(300,0) "},
+        {"A1 G17", {{-600, 800}, {-300, 760}}, true, "A1-G17", "A1(0,40) - G17(300,0) "},
     };
     for (const auto& c : cases) {
+        SCOPED_TRACE(std::string(c.line) + (c.left ? " left" : " right"));
+        app.settings.directionLeft = c.left;
         composer.Load();
         place(*this, c.line, c.at);
         ASSERT_TRUE(composer.OK());
-        EXPECT_EQ(app.layoutText, c.layout) << c.line;
+        EXPECT_TRUE(app.store.composeAccepted);
+        EXPECT_EQ(app.composedGardiner, c.gardiner);
+        if (c.layout) EXPECT_EQ(app.layoutText, c.layout);
+        EXPECT_EQ(composer.Gardinerlbl, c.gardiner);
+        // The images follow their slots through the sort.
+        EXPECT_EQ(composer.GlyphPic[0].picture.file.filename(), code(0) + ".GIF");
     }
     EXPECT_EQ(app.view.rightEdge, 750); // the extent of the last group, A1 and G17
     EXPECT_EQ(app.view.bottomEdge, 640);
