@@ -153,25 +153,12 @@ TEST_F(CodeLineTest, AnEmptyLineOrOneWithoutSignsMovesNothing) {
     EXPECT_EQ(composer.LastGlyph, -1);
 }
 
-TEST_F(CodeLineTest, LaterSlotsOfAnEarlierGetAreKept) {
-    get("A1 G17 D21");
-    get("N35");
-    EXPECT_EQ(code(0), "N35");
-    EXPECT_EQ(code(1), "G17");
-    EXPECT_EQ(code(2), "D21");
-    EXPECT_EQ(composer.LastGlyph, 0);
-    // The image after the new last sign is the next slot; it still shows its sign.
-    EXPECT_TRUE(composer.GlyphPic[1].visible);
-    EXPECT_EQ(composer.GlyphPic[1].picture.file.filename(), "G17.GIF");
-}
-
 TEST_F(CodeLineTest, PicturesComeFromTheLibraryAndDirectionAMissingOneIsAnEmptySquare) {
     struct Case {
         bool basic, left;
         const char* file;
     };
     const Case cases[] = {{true, true, "/pictures/Basic/Left/G17.GIF"},
-                          {false, true, "/pictures/Extended/Left/G17.GIF"},
                           {false, false, "/pictures/Extended/Right/G17.GIF"}};
     for (const auto& c : cases) {
         app.settings.useBasicLibrary = c.basic;

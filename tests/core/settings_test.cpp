@@ -147,14 +147,6 @@ TEST_F(StartUpTest, StepsRunInOrderWithTheRememberedDictionary) {
     EXPECT_EQ(t.app.typewriterTarget, TypewriterTarget::MainTransLit);
 }
 
-TEST_F(StartUpTest, AMissingDictionaryAnsweredCancelEndsTheProgram) {
-    settings("Show About = False\r\nDictionary Name = Gone.nkd\r\n");
-    t.dialogs.answers = {Answer::Cancel};
-    EXPECT_FALSE(StartUp(t.app, ""));
-    EXPECT_TRUE(t.app.endRequested);
-    EXPECT_EQ(t.dialogs.prompts.back().title, "Dictionary Not Found");
-}
-
 // Files that would hold the start-up for ever (a pipe without a writer, /dev/zero) are refused
 // at once: settings fall back to their defaults; a list that is not a file ends the program
 // with the reason.
@@ -220,8 +212,6 @@ TEST(ProgramFoldersTest, OneFolderUnlessInstalledThenTheUsersDataFolder) {
         {"build folder", std::nullopt, build.path(), "/x", build.path(), build.path()},
         {"installed", std::nullopt, none, std::nullopt, "/opt/neb/share/nebkaro",
          "/home/ann/.local/share/nebkaro"},
-        {"XDG_DATA_HOME", std::nullopt, none, "/data/ann", "/opt/neb/share/nebkaro",
-         "/data/ann/nebkaro"},
         {"relative XDG_DATA_HOME is ignored", std::nullopt, none, "rel", "/opt/neb/share/nebkaro",
          "/home/ann/.local/share/nebkaro"},
     };
