@@ -133,7 +133,9 @@ TEST_F(CodeLineTest, TheLineIsReadLaidOutAndWrittenAsALayout) {
         ASSERT_TRUE(composer.OK());
         EXPECT_EQ(app.store.composeAccepted, *c.gardiner != '\0');
         EXPECT_EQ(app.composedGardiner, c.gardiner);
-        if (c.layout) EXPECT_EQ(app.layoutText, c.layout);
+        if (c.layout) {
+            EXPECT_EQ(app.layoutText, c.layout);
+        }
     }
 }
 

@@ -75,7 +75,9 @@ TEST_F(ComposerWindowTest, OkWritesTheSignsInReadingOrderAtTheirPlaces) {
         ASSERT_TRUE(composer.OK());
         EXPECT_TRUE(app.store.composeAccepted);
         EXPECT_EQ(app.composedGardiner, c.gardiner);
-        if (c.layout) EXPECT_EQ(app.layoutText, c.layout);
+        if (c.layout) {
+            EXPECT_EQ(app.layoutText, c.layout);
+        }
         EXPECT_EQ(composer.Gardinerlbl, c.gardiner);
         // The images follow their slots through the sort.
         EXPECT_EQ(composer.GlyphPic[0].picture.file.filename(), code(0) + ".GIF");
