@@ -104,15 +104,19 @@ TEST_F(EditingTest, APastedItemFillsTheRowAfterTheWordOnShow) {
     }
 }
 
+// Paste, Duplicate and a new word's Store all need a row; a full dictionary has none.
 TEST_F(EditingTest, NoRowCanBeOpenedInAFullDictionary) {
     words(2);
     app.store.lastIndex = DictionaryStore::MaxWordIndex;
     t.clipboard.content = "L|B|||||";
     EXPECT_TRUE(RunCommand(app, CommandId::PasteWord));
     EXPECT_TRUE(RunCommand(app, CommandId::DuplicateWord));
-    ASSERT_EQ(prompts().size(), 2u);
-    EXPECT_EQ(prompts()[0], StoreFull().what());
+    New(app);
+    EXPECT_FALSE(Store(app));
+    EXPECT_EQ(prompts(), std::vector<std::string>(3, StoreFull().what()));
     EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Exclamation);
     EXPECT_EQ(app.store.lastIndex, DictionaryStore::MaxWordIndex);
     EXPECT_EQ(app.store.currentIndex, 0);
+    EXPECT_TRUE(app.store.newWordPending);
+    EXPECT_FALSE(app.store.isChanged);
 }

@@ -158,19 +158,6 @@ TEST_F(EditingTest, CommandsThatNeedAWordOnShowSaySoWhenThereIsNone) {
     EXPECT_FALSE(app.store.isChanged);
 }
 
-TEST_F(EditingTest, AFullDictionaryRefusesANewWordAndChangesNothing) {
-    words(2);
-    app.store.lastIndex = DictionaryStore::MaxWordIndex;
-    New(app);
-    EXPECT_FALSE(Store(app));
-    ASSERT_EQ(prompts().size(), 1u);
-    EXPECT_EQ(prompts()[0], StoreFull().what());
-    EXPECT_EQ(app.store.lastIndex, DictionaryStore::MaxWordIndex);
-    EXPECT_EQ(app.store.currentIndex, 0);
-    EXPECT_TRUE(app.store.newWordPending);
-    EXPECT_FALSE(app.store.isChanged);
-}
-
 TEST_F(EditingTest, InsertStoresIntoTheCurrentRow) {
     words(3);
     show(1);
