@@ -17,39 +17,29 @@ struct WordViewTest : ::testing::Test {
     }
 };
 
-const TextBox allBoxes[] = {TextBox::Gardiner, TextBox::TransLit, TextBox::Meaning,
-                            TextBox::Comment};
 } // namespace
 
-TEST_F(WordViewTest, TypingThenLeavingAnyBoxMarksTheWordEdited) {
-    for (TextBox box : allBoxes) {
-        t.app.store.editPending = false;
-        TextBoxGotFocus(t.app, box);
-        TextBoxChanged(t.app, box, "typed");
-        EXPECT_EQ(textOf(t.app.view, box), "typed");
-        TextBoxLostFocus(t.app, box);
-        EXPECT_TRUE(t.app.store.editPending) << static_cast<int>(box);
-        // Only the transliteration reads scholarly letters as its plain ones.
-        TextBoxChanged(t.app, box, "ḥtp");
-        EXPECT_EQ(textOf(t.app.view, box), box == TextBox::TransLit ? "Htp" : "ḥtp");
-    }
-}
-
-TEST_F(WordViewTest, EnteringAndLeavingWithoutTypingDependsOnTheBox) {
-    // Drawing the word changed the boxes' texts, so textChanged is set when the user arrives.
-    const std::pair<TextBox, bool> cases[] = {
-        {TextBox::Gardiner, false},
-        {TextBox::Meaning, false},
-        {TextBox::Comment, false},
-        // TransLitTxt does not forget the change on entry: leaving it marks the word edited.
-        {TextBox::TransLit, true},
+// Drawing the word changed the boxes' texts, so textChanged is set when the user arrives.
+// Typing and leaving marks the word edited; entering and leaving does so only for the
+// transliteration, which does not forget the change on entry.
+TEST_F(WordViewTest, LeavingABoxMarksTheWordEditedWhenItWasTypedInto) {
+    const std::tuple<TextBox, bool, bool> cases[] = {
+        {TextBox::Gardiner, true, true},   {TextBox::TransLit, true, true},
+        {TextBox::Meaning, true, true},    {TextBox::Comment, true, true},
+        {TextBox::Gardiner, false, false}, {TextBox::Meaning, false, false},
+        {TextBox::Comment, false, false},  {TextBox::TransLit, false, true},
     };
-    for (auto [box, edited] : cases) {
+    for (auto [box, typed, edited] : cases) {
+        SCOPED_TRACE(static_cast<int>(box));
         t.app.store.editPending = false;
         t.app.view.textChanged = true;
         TextBoxGotFocus(t.app, box);
+        if (typed) TextBoxChanged(t.app, box, "typed");
         TextBoxLostFocus(t.app, box);
-        EXPECT_EQ(t.app.store.editPending, edited) << static_cast<int>(box);
+        EXPECT_EQ(t.app.store.editPending, edited);
+        // Only the transliteration reads scholarly letters as its plain ones.
+        TextBoxChanged(t.app, box, "ḥtp");
+        EXPECT_EQ(textOf(t.app.view, box), box == TextBox::TransLit ? "Htp" : "ḥtp");
     }
 }
 
@@ -87,7 +77,7 @@ TEST_F(WordViewTest, PopUpMenuOpensOnlyForTheRightButtonInsideTheDisplayArea) {
     const Case cases[] = {
         {RightButton, a.left, a.top, true}, // the edges belong to the area
         {RightButton, a.left + a.width, a.top + a.height, true},
-        {RightButton, a.left - 1, a.top + 10, false}, // just outside, each side
+        {RightButton, a.left - 1, a.top + 10, false}, // just outside
         {RightButton, a.left + 10, a.top + a.height + 1, false},
         {1, a.left + 10, a.top + 10, false}, // left button
     };
