@@ -80,13 +80,6 @@ TEST_F(DictionaryFileTest, ARecordWithoutADirectionEndsTheLoadWithABeepAndAMessa
     EXPECT_EQ(readFile(dir.path() / "m.nkd"), text);
 }
 
-TEST_F(DictionaryFileTest, AHeaderOnlyFileLoadsAsNoWords) {
-    ASSERT_EQ(load("d.nkd", "\"Name\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n"), LoadOutcome::Loaded);
-    EXPECT_EQ(t.app.store.lastIndex, -1);
-    EXPECT_EQ(t.app.store.currentIndex, 0);
-    EXPECT_EQ(renders, 1);
-}
-
 TEST_F(DictionaryFileTest, WhatTheProgramWritesReadsBackByteIdentical) {
     const std::string original =
         std::string("\"Name\",\"Author\",\"1 May 2020\",\"e\",\"\",\"\",\"\"\r\n") + kWord1 +
@@ -158,18 +151,6 @@ TEST_F(DictionaryFileTest, AMissingDictionaryOffersAnotherOrEndsTheProgram) {
             "' was not found.\r\nClick 'OK' to load another dictionary\r\nClick 'Cancel' to Quit");
     EXPECT_EQ(t.dialogs.prompts[0].title, "Dictionary Not Found");
     EXPECT_TRUE(t.app.endRequested);
-
-    // OK opens the file dialog; the chosen file loads.
-    TestApp t2;
-    t2.app.settings.showDictionaryInfo = false;
-    auto good = dir.write("other.nkd", kWord1);
-    t2.app.store.dictionaryPath = (dir.path() / "missing.nkd").string();
-    t2.dialogs.answers = {Answer::OK};
-    t2.dialogs.files = {good};
-    LoadDictionary(t2.app);
-    EXPECT_FALSE(t2.app.endRequested);
-    EXPECT_EQ(t2.app.store.dictionaryName, "other.nkd");
-    EXPECT_EQ(t2.app.store.field(0, FieldMeaning), "reed");
 }
 
 TEST_F(DictionaryFileTest, MergeAppendsAndTakesTheMergedFilesHeaderAndPath) {
@@ -187,17 +168,6 @@ TEST_F(DictionaryFileTest, MergeAppendsAndTakesTheMergedFilesHeaderAndPath) {
     EXPECT_FALSE(t.app.store.hasHeader);
     EXPECT_EQ(t.app.store.header[0], "");
     EXPECT_EQ(t.app.store.lastIndex, 2);
-}
-
-TEST_F(DictionaryFileTest, SavingACsvPathWritesNkdEverywhereInThePath) {
-    ASSERT_EQ(load("words.csv", kWord1), LoadOutcome::Loaded);
-    t.app.store.dictionaryName = "words.csv";
-    ASSERT_TRUE(SaveDictionary(t.app));
-    EXPECT_EQ(t.app.store.dictionaryPath, (dir.path() / "words.nkd").string());
-    EXPECT_TRUE(std::filesystem::exists(dir.path() / "words.nkd"));
-    EXPECT_EQ(t.app.store.dictionaryName, "words.csv");
-    EXPECT_EQ(NkdPath("/a.csv.d/x.csv"), "/a.nkd.d/x.nkd");
-    EXPECT_EQ(NkdPath("/a/X.CSV"), "/a/X.CSV");
 }
 
 TEST_F(DictionaryFileTest, NewDictionaryWritesTheHeaderOnlyAndEmptiesTheStore) {
@@ -225,58 +195,6 @@ TEST_F(DictionaryFileTest, NewDictionaryWritesTheHeaderOnlyAndEmptiesTheStore) {
     EXPECT_FALSE(t.app.newDictionaryMode);
 }
 
-TEST_F(DictionaryFileTest, CancelledDialogsChangeNothing) {
-    ASSERT_EQ(load("a.nkd", kWord1), LoadOutcome::Loaded);
-    const std::string path = t.app.store.dictionaryPath;
-    t.dialogs.files = {std::nullopt, std::nullopt};
-    OpenCommand(t.app);
-    NewDictionaryCommand(t.app);
-    EXPECT_EQ(t.app.store.dictionaryPath, path);
-    EXPECT_FALSE(t.app.newDictionaryMode);
-    EXPECT_EQ(t.app.store.field(0, FieldMeaning), "reed");
-}
-
-TEST_F(DictionaryFileTest, OpenAsksToSaveChangesAndCancelKeepsTheDictionary) {
-    ASSERT_EQ(load("a.nkd", kWord1), LoadOutcome::Loaded);
-    auto other = dir.write("b.nkd", kWord2);
-    t.app.store.isChanged = true;
-    t.dialogs.answers = {Answer::Cancel};
-    OpenCommand(t.app);
-    ASSERT_EQ(t.dialogs.prompts.size(), 1u); // no file dialog after Cancel
-    EXPECT_EQ(t.dialogs.prompts[0].text, "Do you want to save the current Dictionary?");
-    EXPECT_EQ(t.dialogs.prompts[0].title, "SAVE?");
-    EXPECT_EQ(t.dialogs.prompts[0].buttons, Buttons::YesNoCancel);
-    EXPECT_EQ(t.app.store.field(0, FieldMeaning), "reed");
-    t.dialogs.answers = {Answer::No};
-    t.dialogs.files = {other};
-    OpenCommand(t.app);
-    EXPECT_NE(t.app.store.field(0, FieldMeaning), "reed");
-    // Nothing changed: nothing is asked.
-    t.dialogs.prompts.clear();
-    t.dialogs.files = {dir.path() / "a.nkd"};
-    OpenCommand(t.app);
-    EXPECT_TRUE(t.dialogs.messages().empty());
-}
-
-TEST_F(DictionaryFileTest, FailedWritesReportAndKeepTheDictionaryChanged) {
-    MemoryFileWriter failing;
-    App app(t.dialogs, t.clipboard, t.events, t.pictures, failing);
-    app.store.dictionaryPath = "/somewhere/words.nkd";
-    app.store.isChanged = true;
-    for (int err : {PathNotFound, PathFileAccess, DiskFull}) {
-        t.dialogs.prompts.clear();
-        failing.failWith = err;
-        EXPECT_FALSE(SaveDictionary(app));
-        ASSERT_EQ(t.dialogs.messages().size(), 1u);
-        EXPECT_EQ(t.dialogs.messages()[0],
-                  "'/somewhere/words.nkd' could not be saved: " + errorDescription(err) +
-                      "\r\nThe dictionary is still open; nothing in "
-                      "it was lost.");
-        EXPECT_TRUE(app.store.isChanged);
-        EXPECT_FALSE(app.endRequested);
-    }
-}
-
 TEST_F(DictionaryFileTest, ValuesTheFormatCannotHoldAreFlaggedOnceBeforeWriting) {
     ASSERT_EQ(load("a.nkd", std::string(kWord1) + kWord2), LoadOutcome::Loaded);
     const std::string before = readFile(t.app.store.dictionaryPath);
@@ -289,25 +207,4 @@ TEST_F(DictionaryFileTest, ValuesTheFormatCannotHoldAreFlaggedOnceBeforeWriting)
     EXPECT_EQ(readFile(t.app.store.dictionaryPath), before);
     t.dialogs.answers = {Answer::Yes};
     EXPECT_TRUE(SaveDictionary(t.app));
-}
-
-TEST_F(DictionaryFileTest, HeaderDialogRefusesADirectionAsValueZero) {
-    for (const char* v : {"L", "R"}) {
-        DictionaryHeader boxes{v, "a", "", "", "", "", ""};
-        EXPECT_FALSE(ConfirmHeader(t.app, boxes));
-        EXPECT_EQ(boxes[0], "");
-        EXPECT_EQ(t.dialogs.messages().back(), "First field cannot be 'L' or 'R'");
-    }
-    DictionaryHeader lower{"r", "", "", "", "", "", ""};
-    EXPECT_TRUE(ConfirmHeader(t.app, lower));
-    EXPECT_TRUE(t.app.store.hasHeader);
-    DictionaryHeader none{};
-    EXPECT_TRUE(ConfirmHeader(t.app, none));
-    EXPECT_FALSE(t.app.store.hasHeader);
-}
-
-TEST(Caption, NamesVersionAndDictionary) {
-    TestApp t;
-    t.app.store.dictionaryName = "Words.nkd";
-    EXPECT_EQ(CaptionText(t.app), "Nebkaro Ver: 1.0.0    Dictionary: Words.nkd");
 }

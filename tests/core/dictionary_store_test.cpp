@@ -28,29 +28,6 @@ TEST(DictionaryStore, BoundsAreZeroTo100000AndZeroToSix) {
     }
 }
 
-TEST(DictionaryStore, EmptyStoreCostsNoRowsAndRowsBeyondLastKeepTheirValues) {
-    DictionaryStore s;
-    EXPECT_EQ(s.allocatedRows(), 0u);
-    EXPECT_EQ(s.field(50000, 3), "");
-    EXPECT_EQ(s.allocatedRows(), 0u);
-    s.setField(5, 2, "kept");
-    s.lastIndex = 2;
-    EXPECT_EQ(s.field(5, 2), "kept");
-}
-
-TEST(DictionaryStore, ClearEmptiesCellsButNotIndicesOrHeader) {
-    DictionaryStore s;
-    s.setField(3, 1, "x");
-    s.lastIndex = 3;
-    s.currentIndex = 2;
-    s.header[0] = "H";
-    s.clear();
-    EXPECT_EQ(s.field(3, 1), "");
-    EXPECT_EQ(s.lastIndex, 3);
-    EXPECT_EQ(s.currentIndex, 2);
-    EXPECT_EQ(s.header[0], "H");
-}
-
 TEST(DictionaryStore, NewWordGoesToRowZeroOfAnEmptyDictionaryElseAfterTheLast) {
     DictionaryStore s;
     EXPECT_EQ(s.takeRowForNewWord(), 0);
@@ -70,16 +47,4 @@ TEST(DictionaryStore, The100001stWordFitsAndTheNextIsRefused) {
     EXPECT_EQ(s.takeRowForNewWord(), 100000);
     EXPECT_THROW(s.takeRowForNewWord(), StoreFull);
     EXPECT_EQ(s.lastIndex, 100000);
-}
-
-TEST(DictionaryStore, EmptyingAfterNewDictionaryResetsToWordZero) {
-    DictionaryStore s;
-    for (int w = 0; w < 3; ++w) s.setField(w, FieldMeaning, "m");
-    s.lastIndex = 2;
-    s.currentIndex = 2;
-    s.emptyAfterNewDictionary();
-    EXPECT_EQ(s.lastIndex, 0);
-    EXPECT_EQ(s.currentIndex, 0);
-    EXPECT_TRUE(s.isEmpty());
-    EXPECT_EQ(s.field(2, FieldMeaning), "");
 }

@@ -32,23 +32,3 @@ TEST(FieldReader, QuotedBareAndLineEndsSeparateAlike) {
     };
     for (const auto& c : cases) EXPECT_EQ(readAll(c.text), c.want) << c.text;
 }
-
-TEST(FieldReader, ReadingPastTheEndIsAnError) {
-    FieldReader in("a");
-    EXPECT_EQ(in.read(), "a");
-    try {
-        in.read();
-        FAIL();
-    } catch (const RunError& e) {
-        EXPECT_EQ(e.number(), InputPastEnd);
-    }
-}
-
-TEST(FieldReader, CountsLines) {
-    FieldReader in("a,b\r\nc\nd");
-    in.read();
-    in.read();
-    EXPECT_EQ(in.line(), 2);
-    in.read();
-    EXPECT_EQ(in.line(), 3);
-}

@@ -39,20 +39,6 @@ TEST(FolderSignPictures, NaturalSizeFromTheGifAndAnEmptySquareOtherwise) {
               home.path() / "Basic/Left/Q/Q9.GIF");
 }
 
-TEST(AtomicFileWriter, ReplacesTheFileAndLeavesNoTemporaryBehind) {
-    TempDir dir;
-    const auto file = dir.write("d.nkd", "old");
-    AtomicFileWriter w;
-    w.write(file, "new contents");
-    EXPECT_EQ(readFile(file), "new contents");
-    int entries = 0;
-    for (const auto& e : std::filesystem::directory_iterator(dir.path())) {
-        (void)e;
-        ++entries;
-    }
-    EXPECT_EQ(entries, 1);
-}
-
 // Only a regular file is read, and only up to the limit: a pipe, a device or a folder fails at
 // once (a pipe without a writer would otherwise wait for ever, /dev/zero would never end).
 TEST(ReadFileBytes, RefusesAtOnceWhatIsNotARegularFileOrIsTooLarge) {

@@ -1,51 +1,51 @@
+// Settings, start-up and preferences: what the program reads before the first word is shown.
 #include "core/app.h"
+#include "core/dictionary_file.h"
+#include "core/folders.h"
+#include "core/preferences.h"
 #include "core/settings.h"
+#include "core/startup.h"
 #include "fakes.h"
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <optional>
+#include <sys/stat.h>
+
 using namespace nebkaro;
 using namespace nebkaro::testing;
 
-TEST(GetSettingValue, FirstCaseBlindOccurrenceUpToTheLineEndTrimmed) {
-    const std::string t =
-        "Nebkaro Settings: \r\n\r\nlibrary = extended\r\nDirection =   Right  \r\n"
-        "Dictionary Name = My Words.nkd\r\nShow About = no\r\n";
-    const std::pair<const char*, const char*> cases[] = {{"Library", "extended"},
-                                                         {"DIRECTION", "Right"},
-                                                         {"Dictionary Name", "My Words.nkd"},
-                                                         {"Show About", "no"},
-                                                         {"Show Dictionary Info", ""}};
-    for (auto [key, want] : cases) EXPECT_EQ(GetSettingValue(t, key), want) << key;
-    // Found anywhere, not only at a line start; the first occurrence wins.
-    EXPECT_EQ(GetSettingValue("xxLibrary = A\r\nLibrary = B\r\n", "Library"), "A");
-    EXPECT_EQ(GetSettingValue("Library = A\nDirection = Right\n", "Library"), "A");
-}
-
-TEST(ApplySettings, ValuesAreReadCaseBlindWithTheirOwnRules) {
+TEST(ApplySettings, ValuesAreReadCaseBlindWithTheirOwnRulesAndRanges) {
     struct Case {
         std::string file;
         bool basic, left, about, info;
         std::string name;
+        int zoom, scale;
     } cases[] = {
-        {"library = extended\r\n", false, true, true, true, ""},
-        {"Direction =   Right  \r\n", true, false, true, true, ""},
-        {"Show About = no\r\nShow Dictionary Info = False\r\n", true, true, false, false, ""},
-        {"Show About = NO\r\n", true, true, false, true, ""},
-        {"Show About = 0\r\n", true, true, true, true, ""},
+        {"library = extended\r\n", false, true, true, true, "", 100, 1},
+        {"Direction =   Right  \r\n", true, false, true, true, "", 100, 1},
+        {"Show About = no\r\nShow Dictionary Info = False\r\n", true, true, false, false, "", 100,
+         1},
+        {"Show About = NO\r\n", true, true, false, true, "", 100, 1},
+        {"Show About = 0\r\n", true, true, true, true, "", 100, 1},
         {"Library = Extended Plus\r\nDictionary Name =  a.nkd \r\n", true, true, true, true,
-         "a.nkd"},
+         "a.nkd", 100, 1},
+        {"Word View Zoom = 250\r\nWord Picture Scale = 4\r\n", true, true, true, true, "", 250, 4},
+        {"Word View Zoom = 900\r\nWord Picture Scale = 0\r\n", true, true, true, true, "", 400, 1},
+        {"Word View Zoom = 2x\r\nWord Picture Scale = -3\r\n", true, true, true, true, "", 100, 1},
     };
     for (const auto& c : cases) {
         TestApp t;
         TempDir d;
-        auto p = d.write("System/Settings.nks", c.file);
-        ApplySettings(t.app, p);
+        ApplySettings(t.app, d.write("System/Settings.nks", c.file));
         EXPECT_EQ(t.app.settings.library == Library::Basic, c.basic) << c.file;
         EXPECT_EQ(t.app.settings.direction == Direction::Left, c.left) << c.file;
         EXPECT_EQ(t.app.settings.showAbout, c.about) << c.file;
         EXPECT_EQ(t.app.settings.showDictionaryInfo, c.info) << c.file;
         EXPECT_EQ(t.app.store.dictionaryName, c.name) << c.file;
+        EXPECT_EQ(t.app.settings.wordZoom, c.zoom) << c.file;
+        EXPECT_EQ(t.app.settings.pictureScale, c.scale) << c.file;
         EXPECT_TRUE(t.dialogs.prompts.empty());
     }
 }
@@ -53,30 +53,21 @@ TEST(ApplySettings, ValuesAreReadCaseBlindWithTheirOwnRules) {
 TEST(ApplySettings, AnUnreadableFileGivesTheDefaultsAndANotice) {
     TempDir d;
     std::filesystem::create_directories(d.path() / "dir.nks");
-    std::string garbage(10 * 1024 * 1024, '\0');
-    for (std::size_t i = 0; i < garbage.size(); ++i)
-        garbage[i] = static_cast<char>((i * 7919) % 251 + 1);
     const std::filesystem::path files[] = {d.path() / "missing.nks", d.write("empty.nks", ""),
-                                           d.path() / "dir.nks", d.write("garbage.nks", garbage)};
+                                           d.path() / "dir.nks"};
     for (const auto& f : files) {
         TestApp t;
         t.app.settings.library = Library::Extended;
         ApplySettings(t.app, f);
         EXPECT_EQ(t.app.settings.library, Library::Basic) << f;
         EXPECT_EQ(t.app.settings.direction, Direction::Left) << f;
-        EXPECT_TRUE(t.app.settings.showAbout) << f;
-        if (f.filename() != "garbage.nks") {
-            ASSERT_EQ(t.dialogs.prompts.size(), 1u) << f;
-            EXPECT_EQ(t.dialogs.prompts[0].text,
-                      "Settings file not found, applying default settings");
-            EXPECT_EQ(t.dialogs.prompts[0].title, "Settings not found");
-            EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Exclamation);
-            EXPECT_EQ(t.app.store.dictionaryName, "Words.nkd");
-        }
+        EXPECT_EQ(t.dialogs.messages(),
+                  std::vector<std::string>{"Settings file not found, applying default settings"});
+        EXPECT_EQ(t.app.store.dictionaryName, "Words.nkd");
     }
 }
 
-TEST(WriteSettingsFile, WritesTheExactTextAndCreatesTheSystemFolder) {
+TEST(WriteSettingsFile, WritesTheExactTextAndReadsBack) {
     TestApp t;
     TempDir d;
     t.app.settings.library = Library::Extended;
@@ -84,41 +75,181 @@ TEST(WriteSettingsFile, WritesTheExactTextAndCreatesTheSystemFolder) {
     t.app.store.dictionaryName = "Mine.nkd";
     const auto p = d.path() / "System" / "Settings.nks";
     WriteSettingsFile(t.app, p);
+    // A zoom and scale left at their defaults are not written.
     EXPECT_EQ(readFile(p), "Nebkaro Settings: \r\n\r\nLibrary = Extended\r\nDirection = Left\r\n"
                            "Dictionary Name = Mine.nkd\r\nShow About = True\r\n"
                            "Show Dictionary Info = False\r\n\r\n");
-    // And it reads back to the same values.
-    TestApp back;
-    ApplySettings(back.app, p);
-    EXPECT_EQ(back.app.settings.library, Library::Extended);
-    EXPECT_FALSE(back.app.settings.showDictionaryInfo);
-    EXPECT_EQ(back.app.store.dictionaryName, "Mine.nkd");
-}
-
-TEST(ApplySettings, TheZoomAndPictureScaleAreReadWithinTheirRangesAndWrittenOnlyWhenSet) {
-    const std::tuple<std::string, int, int> cases[] = {
-        {"", 100, 1},
-        {"Word View Zoom = 250\r\nWord Picture Scale = 4\r\n", 250, 4},
-        {"Word View Zoom = 900\r\nWord Picture Scale = 0\r\n", 400, 1},
-        {"Word View Zoom = 2x\r\nWord Picture Scale = -3\r\n", 100, 1},
-    };
-    for (const auto& [file, zoom, scale] : cases) {
-        TestApp t;
-        TempDir d;
-        ApplySettings(t.app, d.write("System/Settings.nks", "Library = Basic\r\n" + file));
-        EXPECT_EQ(t.app.settings.wordZoom, zoom) << file;
-        EXPECT_EQ(t.app.settings.pictureScale, scale) << file;
-    }
-    TestApp t;
-    TempDir d;
-    const auto p = d.path() / "Settings.nks";
-    WriteSettingsFile(t.app, p);
-    EXPECT_EQ(readFile(p).find("Zoom"), std::string::npos); // a default file stays as it was
     t.app.settings.wordZoom = 300;
     t.app.settings.pictureScale = 8;
     WriteSettingsFile(t.app, p);
     TestApp back;
     ApplySettings(back.app, p);
+    EXPECT_EQ(back.app.settings.library, Library::Extended);
+    EXPECT_FALSE(back.app.settings.showDictionaryInfo);
+    EXPECT_EQ(back.app.store.dictionaryName, "Mine.nkd");
     EXPECT_EQ(back.app.settings.wordZoom, 300);
     EXPECT_EQ(back.app.settings.pictureScale, 8);
+}
+
+namespace {
+
+// Records the order in which start-up reaches the windows.
+struct RecordingWindows : Windows {
+    std::vector<std::string> calls;
+    int browserUnloads = 0;
+    void setPrinterDefaults() override { calls.push_back("printer"); }
+    void showAboutModal() override { calls.push_back("about"); }
+    void showHeaderDialog(const DictionaryHeader& h) override { calls.push_back("header:" + h[0]); }
+    void setCaption(const std::string& c) override { calls.push_back("caption:" + c); }
+    void unloadBrowser() override { ++browserUnloads; }
+};
+
+struct StartUpTest : ::testing::Test {
+    TestApp t;
+    TempDir home;
+    RecordingWindows windows;
+    void SetUp() override {
+        t.app.home = home.path();
+        t.app.windows = &windows;
+        home.write("Lists/BasicList.csv", "\"G17\"\r\n\"A1\"\r\n\"G43\"\r\n");
+        home.write("Lists/Extendedlist.csv", "\"A1\"\r\n\"A1a\"\r\n");
+        std::string t2c;
+        for (int i = 31; i <= 255; ++i) t2c += "\"x\",\"x\"\r\n";
+        home.write("Lists/Trans2Code.csv", t2c);
+        home.write("Lists/Phonetic.csv", "\"G17\",\"m\"\r\n");
+        home.write("Dictionaries/Words.nkd", "\"Starter\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n\"L\","
+                                             "\"B\",\"A1(0,0) \",\"A1\",\"i\",\"reed\",\"\"\r\n");
+    }
+    void settings(const std::string& text) { home.write("System/Settings.nks", text); }
+};
+
+// Every file under a folder with its bytes, to tell whether anything changed there.
+std::map<std::string, std::string> snapshot(const std::filesystem::path& root) {
+    std::map<std::string, std::string> files;
+    for (const auto& e : std::filesystem::recursive_directory_iterator(root))
+        if (e.is_regular_file())
+            files[std::filesystem::relative(e.path(), root).string()] = readFile(e.path());
+    return files;
+}
+
+} // namespace
+
+TEST_F(StartUpTest, StepsRunInOrderWithTheRememberedDictionary) {
+    settings("Library = Basic\r\nShow About = True\r\nShow Dictionary Info = True\r\n"
+             "Dictionary Name = Words.nkd\r\n");
+    ASSERT_TRUE(StartUp(t.app, ""));
+    EXPECT_EQ(windows.calls,
+              (std::vector<std::string>{"printer", "about", "header:Starter",
+                                        "caption:Nebkaro Ver: 1.0.0    Dictionary: Words.nkd"}));
+    EXPECT_EQ(t.app.lists.preambleCount, 1);
+    EXPECT_EQ(t.app.lists.phoneticLast, 0);
+    EXPECT_EQ(t.app.store.field(0, FieldMeaning), "reed");
+    EXPECT_EQ(t.app.typewriterTarget, TypewriterTarget::MainTransLit);
+}
+
+// Files that would hold the start-up for ever (a pipe without a writer, /dev/zero) are refused
+// at once: settings fall back to their defaults; a list that is not a file ends the program
+// with the reason.
+TEST_F(StartUpTest, SpecialFilesInThePlaceOfProgramFilesNeverHoldTheStart) {
+    namespace fs = std::filesystem;
+    fs::create_directories(home.path() / "System");
+    fs::create_symlink("/dev/zero", home.path() / "System" / "Settings.nks");
+    const auto phonetic = home.path() / "Lists" / "Phonetic.csv";
+    fs::remove(phonetic);
+    ASSERT_EQ(::mkfifo(phonetic.c_str(), 0600), 0);
+    EXPECT_FALSE(StartUp(t.app, ""));
+    EXPECT_TRUE(t.app.endRequested);
+    EXPECT_EQ(t.dialogs.prompts[0].title, "Settings not found");
+    EXPECT_EQ(t.dialogs.messages().back(),
+              "The file: '" + phonetic.string() + "' could not be read (75  '" + phonetic.string() +
+                  "' is not a regular file (a folder, a device or a pipe)). The program will stop");
+}
+
+TEST_F(StartUpTest, ClosingAsksOnlyWithUnsavedWorkAndCancelWritesNoSettings) {
+    const auto settingsFile = home.path() / "System" / "Settings.nks";
+    EXPECT_TRUE(QuitCommand(t.app)); // nothing unsaved: no question
+    EXPECT_TRUE(std::filesystem::exists(settingsFile));
+    std::filesystem::remove(settingsFile);
+    t.app.endRequested = false;
+    t.app.store.composeAccepted = true; // composed work counts, as every edit does
+    t.dialogs.answers = {Answer::Cancel, Answer::No};
+    EXPECT_FALSE(CloseMainWindow(t.app));
+    EXPECT_FALSE(t.app.endRequested);
+    EXPECT_FALSE(std::filesystem::exists(settingsFile));
+    EXPECT_TRUE(CloseMainWindow(t.app));
+    ASSERT_EQ(t.dialogs.prompts.size(), 2u);
+    EXPECT_EQ(t.dialogs.prompts[0].buttons, Buttons::YesNoCancel);
+    EXPECT_TRUE(std::filesystem::exists(settingsFile));
+}
+
+TEST_F(StartUpTest, PreferencesLoadTheChosenSignListOrEndTheProgram) {
+    ASSERT_TRUE(ApplyPreferences(t.app, Library::Extended, Direction::Right));
+    EXPECT_EQ(t.app.settings.library, Library::Extended);
+    EXPECT_EQ(t.app.settings.direction, Direction::Right);
+    EXPECT_EQ(t.app.lists.signCount, 2);
+    EXPECT_EQ(windows.browserUnloads, 1);
+    ASSERT_TRUE(ApplyPreferences(t.app, Library::Basic, Direction::Left));
+    EXPECT_EQ(t.app.lists.signCount, 3);
+    std::filesystem::remove(home.path() / "Lists" / "Extendedlist.csv");
+    EXPECT_FALSE(ApplyPreferences(t.app, Library::Extended, Direction::Left));
+    EXPECT_TRUE(t.app.endRequested);
+    EXPECT_NE(t.dialogs.messages().back().find("Extendedlist.csv"), std::string::npos);
+}
+
+TEST(ProgramFoldersTest, OneFolderUnlessInstalledThenTheUsersDataFolder) {
+    TempDir build;
+    build.write("Lists/BasicList.csv", "");
+    struct Case {
+        const char* name;
+        std::optional<std::filesystem::path> home;
+        std::filesystem::path exe;
+        std::optional<std::string> xdg;
+        std::filesystem::path shipped, user;
+    };
+    const std::filesystem::path none = "/opt/neb/bin";
+    const Case cases[] = {
+        {"--home wins", "/data/neb/../neb", build.path(), "/x", "/data/neb", "/data/neb"},
+        {"build folder", std::nullopt, build.path(), "/x", build.path(), build.path()},
+        {"installed", std::nullopt, none, std::nullopt, "/opt/neb/share/nebkaro",
+         "/home/ann/.local/share/nebkaro"},
+        {"relative XDG_DATA_HOME is ignored", std::nullopt, none, "rel", "/opt/neb/share/nebkaro",
+         "/home/ann/.local/share/nebkaro"},
+    };
+    for (const Case& c : cases) {
+        const auto env = [&](const char* name) -> std::optional<std::string> {
+            if (std::string(name) == "HOME") return "/home/ann";
+            return c.xdg;
+        };
+        const ProgramFolders f = ResolveFolders(c.home, c.exe, "../share/nebkaro", env);
+        EXPECT_EQ(f.shipped, c.shipped) << c.name;
+        EXPECT_EQ(f.user, c.user) << c.name;
+        EXPECT_EQ(f.separate(), c.shipped != c.user) << c.name;
+    }
+}
+
+TEST_F(StartUpTest, InstalledTheUserFolderIsMadeOnceAndTheShippedOneNeverWritten) {
+    settings("Show About = False\r\nShow Dictionary Info = False\r\n"
+             "Dictionary Name = Words.nkd\r\n");
+    TempDir data;
+    const ProgramFolders folders{home.path(), data.path() / "nebkaro"};
+    const auto shipped = snapshot(home.path());
+    ASSERT_TRUE(PrepareUserFolder(folders));
+    EXPECT_FALSE(PrepareUserFolder(folders)); // said once
+    t.app.userHome = folders.user;
+    ASSERT_TRUE(StartUp(t.app, ""));
+    EXPECT_EQ(t.app.store.dictionaryPath, (folders.user / "Dictionaries" / "Words.nkd").string());
+    t.app.store.setField(0, FieldMeaning, "rush");
+    t.app.store.isChanged = true;
+    ASSERT_TRUE(SaveDictionary(t.app));
+    EXPECT_TRUE(QuitCommand(t.app));
+    EXPECT_EQ(snapshot(home.path()), shipped);
+    const auto mine = snapshot(folders.user);
+    EXPECT_NE(mine.at("Dictionaries/Words.nkd").find("rush"), std::string::npos);
+    EXPECT_TRUE(mine.count("System/Settings.nks"));
+    // A settings file removed later comes back from the defaults; the dictionary is the user's.
+    std::filesystem::remove(folders.user / "System" / "Settings.nks");
+    std::filesystem::remove(folders.user / "Dictionaries" / "Words.nkd");
+    EXPECT_FALSE(PrepareUserFolder(folders));
+    EXPECT_TRUE(std::filesystem::exists(folders.user / "System" / "Settings.nks"));
+    EXPECT_FALSE(std::filesystem::exists(folders.user / "Dictionaries" / "Words.nkd"));
 }

@@ -1,10 +1,12 @@
 #include "core/errors.h"
+#include "display/image_export.h"
 #include "display/layout.h"
-#include "display/main_layout.h"
 #include "display/render.h"
 #include "fakes.h"
 
 #include <gtest/gtest.h>
+
+#include <optional>
 
 using namespace nebkaro;
 using namespace nebkaro::testing;
@@ -14,8 +16,7 @@ struct RenderTest : ::testing::Test {
     TestApp t;
     int stores = 0;
     void SetUp() override {
-        t.pictures.sizes = {
-            {"A1", {300, 540}}, {"G17", {420, 600}}, {"N35", {600, 90}}, {"W", {7000, 300}}};
+        t.pictures.sizes = {{"A1", {300, 540}}, {"G17", {420, 600}}, {"N35", {600, 90}}};
         t.app.storeWord = [this](App& a) {
             ++stores;
             a.store.setField(a.store.currentIndex, FieldLayout, a.view.RichGardinerlbl);
@@ -43,35 +44,12 @@ TEST_F(RenderTest, CentresTheGroupInTheDisplayArea) {
     EXPECT_TRUE(v.mainGlyphPic[1].visible);
     EXPECT_FALSE(v.mainGlyphPic[2].visible);
     EXPECT_EQ(v.mainGlyphPic[0].picture.file, "/pictures/Basic/Left/A1.GIF");
+    // Anything but "L" and "B" is the other direction and library.
+    word(0, "x", "A1(0,0) ", "b");
+    RenderWord(t.app);
+    EXPECT_EQ(v.mainGlyphPic[0].picture.file, "/pictures/Extended/Right/A1.GIF");
     EXPECT_EQ(v.MeaningTxt, "m");
     EXPECT_EQ(v.txtNumber, "0");
-    EXPECT_TRUE(v.textChanged);
-}
-
-TEST_F(RenderTest, FoldersFollowLibraryAndDirection) {
-    const std::tuple<const char*, const char*, const char*> cases[] = {
-        {"L", "B", "/pictures/Basic/Left/A1.GIF"},
-        {"R", "E", "/pictures/Extended/Right/A1.GIF"},
-        {"x", "b", "/pictures/Extended/Right/A1.GIF"}, // anything but "L"/"B" is the other
-    };
-    for (auto [dir, lib, file] : cases) {
-        word(0, dir, "A1(0,0) ", lib);
-        RenderWord(t.app);
-        EXPECT_EQ(t.app.view.mainGlyphPic[0].picture.file, file);
-    }
-}
-
-TEST_F(RenderTest, WindowWidthFollowsWideWordsAndSnapsBackForNarrowOnes) {
-    word(0, "L", "W(0,0) - W(7000,0) ");
-    RenderWord(t.app);
-    EXPECT_EQ(t.app.view.windowWidth, 14000 + t.app.view.geometry.DispAreaShp.left + 500);
-    word(0, "L", "A1(0,0) ");
-    RenderWord(t.app);
-    EXPECT_EQ(t.app.view.windowWidth, 6960);
-    word(0, "L", "");
-    RenderWord(t.app);
-    EXPECT_EQ(t.app.view.windowWidth, 6960);
-    for (const auto& img : t.app.view.mainGlyphPic) EXPECT_FALSE(img.visible);
 }
 
 // Without a word to show (the only word deleted, a header-only file) the view is empty:
@@ -137,26 +115,6 @@ TEST_F(RenderTest, WordPictureHasA32TwipMarginAndSlotOrder) {
     EXPECT_TRUE(t.app.view.TemPic.pictures.empty());
 }
 
-TEST(ProgressWidth, ScalesWithTheCurrentWordAndIsEmptyForOneWord) {
-    EXPECT_EQ(ProgressWidth(6460, 0, 10), 0);
-    EXPECT_EQ(ProgressWidth(6460, 10, 10), 6060);
-    EXPECT_EQ(ProgressWidth(6460, 5, 10), 3030);
-    EXPECT_EQ(ProgressWidth(6460, 0, 0), 0);
-    EXPECT_EQ(ProgressWidth(6460, 0, -1), 0);
-}
-
-TEST(MainLayout, NeverNarrowerThan6960) {
-    WordView v;
-    ResizeMainWindow(v, 5000);
-    EXPECT_EQ(v.windowWidth, 6960);
-    EXPECT_EQ(v.geometry.DispAreaShp.width, 6460);
-    const MainLayout l = MainLayoutFor(9000);
-    EXPECT_EQ(l.dispAreaWidth, 8500);
-    EXPECT_EQ(l.textWidth, 8200);
-    EXPECT_EQ(l.translitWidth, 7600);
-    EXPECT_EQ(l.guessLeftOffset, 7700);
-}
-
 TEST_F(RenderTest, SetDirectionMirrorsAndStores) {
     // A1 is 300 wide, G17 420: R = Int(300 + 420/2) = 510 after G17 (300+420 > 300).
     word(0, "L", "A1(0,60) - G17(300,0) ");
@@ -200,4 +158,55 @@ TEST_F(RenderTest, FlippingAWordWithoutSignsFails) {
     word(0, "L", "");
     RenderWord(t.app);
     EXPECT_THROW(SetDirection(t.app, FlipMode::Invert), RunError);
+}
+
+TEST(ImageExport, NameFolderAndFormatOfASavedPicture) {
+    const std::pair<const char*, const char*> names[] = {{"A1:D21*X1", "A1-D21-X1"},
+                                                         {"::**", "----"},
+                                                         {"N35 - D21", "N35 - D21"},
+                                                         {"A1/B2?", "A1/B2?"}};
+    for (auto [gardiner, name] : names) EXPECT_EQ(ProposedImageName(gardiner), name);
+    TestApp t;
+    t.app.home = "/prog";
+    t.app.view.GardinerTxt = "G17*X1";
+    EXPECT_EQ(ProposedImagePath(t.app), std::filesystem::path("/prog/Images/G17-X1"));
+    const std::pair<const char*, ImageFormat> formats[] = {
+        {"a.BMP", ImageFormat::Bmp}, {"a.PnG", ImageFormat::Png}, {"a.svg", ImageFormat::Svg},
+        {"a", ImageFormat::Bmp},     {"a.gif", ImageFormat::Bmp}, {"dir.png/a", ImageFormat::Bmp},
+    };
+    for (auto [file, format] : formats) EXPECT_EQ(ImageFormatFor(file), format) << file;
+}
+
+TEST(ImageExport, SaveImageSaysInTheStatusBarHowItWent) {
+    struct StatusWindows : Windows {
+        std::vector<std::string> shown;
+        void showStatus(const std::string& text) override { shown.push_back(text); }
+    };
+    const struct {
+        std::optional<std::filesystem::path> chosen;
+        bool written;
+        const char* status; // nullptr: nothing written, nothing said
+    } cases[] = {
+        {std::nullopt, true, nullptr},
+        {std::filesystem::path(), true, nullptr},
+        {"/pics/a.PNG", true, "Picture saved: /pics/a.PNG"},
+        {"/pics/a.svg", false, "The picture could not be saved: /pics/a.svg"},
+    };
+    for (const auto& c : cases) {
+        TestApp t;
+        StatusWindows windows;
+        t.app.windows = &windows;
+        t.dialogs.files.push_back(c.chosen);
+        std::vector<ImageFormat> writes;
+        saveWordImage(t.app, [&](const std::filesystem::path& file, ImageFormat format) {
+            EXPECT_EQ(file, *c.chosen);
+            writes.push_back(format);
+            return c.written;
+        });
+        EXPECT_EQ(windows.shown.size(), c.status ? 1u : 0u);
+        if (c.status) {
+            EXPECT_EQ(windows.shown.front(), c.status);
+            EXPECT_EQ(writes, std::vector<ImageFormat>{ImageFormatFor(*c.chosen)});
+        }
+    }
 }

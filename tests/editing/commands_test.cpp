@@ -22,18 +22,6 @@ CommandRegistry everyCommand() {
     return r;
 }
 
-// Every command routed to a recorder, so that the tables can be checked by what they run.
-struct RecordingTest : EditingTest {
-    std::vector<CommandId> ran;
-    void SetUp() override {
-        EditingTest::SetUp();
-        registerBulkCommands(app.commands);
-        registerTranslitCommands(app.commands);
-        for (const Command* c : everyCommand().all())
-            app.commands.provide(c->id, [this, id = c->id](App&) { ran.push_back(id); });
-    }
-};
-
 void collect(const MenuItem& m, std::vector<const MenuItem*>& out) {
     out.push_back(&m);
     for (const MenuItem& c : m.children) collect(c, out);
@@ -47,71 +35,6 @@ std::vector<const MenuItem*> allMenuItems() {
 }
 
 } // namespace
-
-TEST_F(RecordingTest, TheKeyedDispatcherRunsItsNineteenKeys) {
-    const std::pair<const char*, CommandId> keys[] = {
-        {"NewDic", CommandId::NewDictionary},
-        {"Open", CommandId::OpenDictionary},
-        {"Save", CommandId::SaveDictionary},
-        {"Print", CommandId::PrintDictionary},
-        {"New", CommandId::NewWord},
-        {"Edit", CommandId::EditWord},
-        {"Duplicate", CommandId::DuplicateWord},
-        {"Delete", CommandId::DeleteWord},
-        {"Find", CommandId::Find},
-        {"FindNext", CommandId::FindNext},
-        {"FindPrevious", CommandId::FindPrevious},
-        {"Random", CommandId::RandomWord},
-        {"CopyImage", CommandId::CopyWordImage},
-        {"SaveImage", CommandId::SaveWordImage},
-        {"Sort", CommandId::SortButton},
-        {"Typewriter", CommandId::Typewriter},
-        {"ShowTable", CommandId::TransTable},
-        {"Options", CommandId::Options},
-        {"About", CommandId::AboutProgram},
-    };
-    for (const auto& [key, id] : keys) {
-        ran.clear();
-        EXPECT_TRUE(RunKeyedCommand(app, key)) << key;
-        EXPECT_EQ(ran, std::vector<CommandId>{id}) << key;
-    }
-    ran.clear();
-    for (const char* other : {"", "Shuffle", "new", "NewWord", " Open"})
-        EXPECT_FALSE(RunKeyedCommand(app, other)) << other;
-    EXPECT_TRUE(ran.empty());
-    EXPECT_TRUE(t.dialogs.prompts.empty());
-}
-
-TEST(CommandTables, TheToolBarHasTwentyButtonsWithTheirToolTips) {
-    const char* tips[] = {"New Dictionary",
-                          "Open Dictionary",
-                          "Save Dictionary",
-                          "Print Dictionary",
-                          "New Word",
-                          "Edit Word",
-                          "Duplicate Word",
-                          "Delete Word",
-                          "Find Word",
-                          "Find Next",
-                          "Find Previous",
-                          "Random Word",
-                          "Copy Word Image",
-                          "Save Word Image",
-                          "Sort Dictionary",
-                          "Show Typewriter",
-                          "Show Transliteration Table",
-                          "Options",
-                          "About",
-                          "Shuffle Dictionary"};
-    const std::vector<ToolButton> bar = ToolBar(everyCommand());
-    ASSERT_EQ(bar.size(), 20u);
-    for (int i = 0; i < 20; ++i) {
-        const ToolButton& b = bar[static_cast<std::size_t>(i)];
-        EXPECT_EQ(b.index, i);
-        EXPECT_EQ(b.objectName, "cmdTool" + std::to_string(i));
-        EXPECT_EQ(b.toolTip, tips[i]);
-    }
-}
 
 TEST(CommandTables, EveryCommandIsReachableAndEveryNameIsUnique) {
     std::set<CommandId> reachable;
@@ -190,14 +113,6 @@ TEST_F(EditingTest, FailuresStopAtTheCommandBoundary) {
         EXPECT_EQ(t.dialogs.prompts[0].icon, c.icon);
         EXPECT_EQ(app.endRequested, c.ends) << c.text;
     }
-}
-
-TEST_F(EditingTest, GoRunsOnTheTypedNumber) {
-    words(3);
-    app.view.txtNumber = "2";
-    RunCommand(app, CommandId::Go);
-    EXPECT_EQ(app.store.currentIndex, 2);
-    EXPECT_EQ(app.view.TransLitTxt, "w2");
 }
 
 TEST_F(EditingTest, OnlyTheLeftDirectionItemMarksTheWordEdited) {

@@ -150,14 +150,3 @@ TEST(RandomTest, IndexOfADraw) {
     for (const Case& c : cases)
         EXPECT_EQ(RandomIndex(c.lastIndex, c.r), c.expected) << c.lastIndex << " " << c.r;
 }
-
-TEST(RandomTest, DrawsAreRepeatableAndInTheUnitInterval) {
-    for (std::uint64_t seed : {0ull, 1ull, 86399999ull}) {
-        const double r = RandomDraw(seed);
-        EXPECT_GE(r, 0.0);
-        EXPECT_LT(r, 1.0);
-        EXPECT_EQ(r, RandomDraw(seed));
-    }
-    EXPECT_NE(RandomDraw(1), RandomDraw(2));
-    EXPECT_LT(TimeOfDaySeed(), 86400000u);
-}

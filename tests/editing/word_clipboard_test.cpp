@@ -48,19 +48,6 @@ TEST_F(EditingTest, CutDeletesWithoutAsking) {
     EXPECT_EQ(t.dialogs.prompts.size(), 1u);
 }
 
-TEST_F(EditingTest, PastingNothingChangesNothing) {
-    words(2);
-    for (const char* text : {"", "\r\n"}) {
-        t.dialogs.prompts.clear();
-        t.clipboard.content = text;
-        Paste(app);
-        ASSERT_EQ(t.dialogs.prompts.size(), 1u);
-        EXPECT_EQ(t.dialogs.prompts[0].text, "Nothing to Paste");
-        EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Exclamation);
-        EXPECT_EQ(app.store.lastIndex, 1);
-    }
-}
-
 TEST_F(EditingTest, AnInvalidItemIsRefusedAfterTheRowWasInserted) {
     words(3);
     show(1);
@@ -80,66 +67,56 @@ TEST_F(EditingTest, AnInvalidItemIsRefusedAfterTheRowWasInserted) {
     EXPECT_TRUE(app.store.isChanged); // the copy is part of the dictionary now
 }
 
-TEST_F(EditingTest, PastedItemsFillTheNewRow) {
+TEST_F(EditingTest, APastedItemFillsTheRowAfterTheWordOnShow) {
     struct Case {
+        const char* name;
+        int count, shown;
+        bool cutFirst;
         const char* item;
+        int row;
         WordRecord expected;
     } cases[] = {
-        {"R|E|A1(0,0) |A1|jAb|heart|note", {"R", "E", "A1(0,0) ", "A1", "jAb", "heart", "note"}},
+        {"seven parts",
+         2,
+         0,
+         false,
+         "R|E|A1(0,0) |A1|jAb|heart|note",
+         1,
+         {"R", "E", "A1(0,0) ", "A1", "jAb", "heart", "note"}},
         // Parts after the seventh are ignored; a trailing line break is not part of the item.
-        {"L|B|||||c|extra|more\r\n", {"L", "B", "", "", "", "", "c"}},
+        {"more parts", 3, 0, false, "L|B|||||c|extra|more\r\n", 1, {"L", "B", "", "", "", "", "c"}},
+        {"past the end", 2, 40, false, "L|B|||new||", 2, {"L", "B", "", "", "new", "", ""}},
+        {"emptied dictionary", 1, 0, true, "L|B|||new||", 0, {"L", "B", "", "", "new", "", ""}},
     };
     for (const Case& c : cases) {
-        words(2);
+        SCOPED_TRACE(c.name);
+        words(c.count);
+        show(c.shown);
+        if (c.cutFirst) Cut(app);
         t.clipboard.content = c.item;
         Paste(app);
-        EXPECT_EQ(app.store.row(1), c.expected);
-        EXPECT_EQ(translit(2), "w1");
+        EXPECT_EQ(app.store.row(c.row), c.expected);
+        EXPECT_EQ(app.store.currentIndex, c.row);
+        EXPECT_EQ(app.store.lastIndex, c.cutFirst ? 0 : c.count);
+        if (c.row < c.count && !c.cutFirst) {
+            EXPECT_EQ(translit(c.row + 1), "w1"); // the later words move down
+        }
     }
 }
 
-TEST_F(EditingTest, AShortItemFailsPartWayThroughAndIsReported) {
-    words(2);
-    t.clipboard.content = "R|E|A1(0,0) ";
-    EXPECT_TRUE(RunCommand(app, CommandId::PasteWord));
-    ASSERT_EQ(t.dialogs.prompts.size(), 1u);
-    EXPECT_EQ(t.dialogs.prompts[0].text, "9  Subscript out of range");
-    EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Critical);
-    // The row was inserted, as a whole copy of the word before it, and it is on show.
-    EXPECT_EQ(app.store.lastIndex, 2);
-    EXPECT_EQ(app.store.row(1), app.store.row(0));
-    EXPECT_EQ(app.view.txtNumber, "1");
-}
-
-TEST_F(EditingTest, PastingIntoAnEmptiedDictionaryMakesWordZero) {
-    words(1);
-    Cut(app);
-    EXPECT_EQ(app.store.lastIndex, -1);
-    Paste(app);
-    EXPECT_EQ(app.store.lastIndex, 0);
-    EXPECT_EQ(app.store.currentIndex, 0);
-    EXPECT_EQ(translit(0), "w0");
-}
-
-TEST_F(EditingTest, PastingAfterGoingPastTheEndAddsAfterTheLastWord) {
-    words(2);
-    show(40);
-    t.clipboard.content = "L|B|||new|||";
-    Paste(app);
-    EXPECT_EQ(app.store.lastIndex, 2);
-    EXPECT_EQ(app.store.currentIndex, 2);
-    EXPECT_EQ(translit(2), "new");
-}
-
+// Paste, Duplicate and a new word's Store all need a row; a full dictionary has none.
 TEST_F(EditingTest, NoRowCanBeOpenedInAFullDictionary) {
     words(2);
     app.store.lastIndex = DictionaryStore::MaxWordIndex;
     t.clipboard.content = "L|B|||||";
     EXPECT_TRUE(RunCommand(app, CommandId::PasteWord));
     EXPECT_TRUE(RunCommand(app, CommandId::DuplicateWord));
-    ASSERT_EQ(prompts().size(), 2u);
-    EXPECT_EQ(prompts()[0], StoreFull().what());
+    New(app);
+    EXPECT_FALSE(Store(app));
+    EXPECT_EQ(prompts(), std::vector<std::string>(3, StoreFull().what()));
     EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Exclamation);
     EXPECT_EQ(app.store.lastIndex, DictionaryStore::MaxWordIndex);
     EXPECT_EQ(app.store.currentIndex, 0);
+    EXPECT_TRUE(app.store.newWordPending);
+    EXPECT_FALSE(app.store.isChanged);
 }

@@ -34,131 +34,59 @@ struct TypewriterTest : ::testing::Test {
     TypewriterTest() { t.app.windows = &windows; }
 };
 
-std::string joined(const std::vector<std::string>& keys) {
-    std::string s;
-    for (const auto& k : keys) s += k + " ";
-    return s;
-}
-
 } // namespace
 
-TEST(TypewriterKeys, FortyTwoKeysInEitherOrder) {
-    const auto egypt = TypewriterKeys(false);
-    const auto latin = TypewriterKeys(true);
-    ASSERT_EQ(egypt.size(), 42u);
-    ASSERT_EQ(latin.size(), 42u);
-    EXPECT_EQ(joined(egypt), "1 2 3 4 5 6 7 8 9 0 ? / . , = "
-                             "A i y j a w b p f m n r h H x X z s S q o k g t T d D ");
-    EXPECT_EQ(joined(latin), "1 2 3 4 5 6 7 8 9 0 ? / . , = "
-                             "A a b d D f g h H x X i j k q m n p o r s S t T w y z ");
-    // The same 27 letters, each once, in both orders.
-    std::vector<std::string> a(egypt.begin() + 15, egypt.end());
-    std::vector<std::string> b(latin.begin() + 15, latin.end());
-    std::sort(a.begin(), a.end());
-    std::sort(b.begin(), b.end());
-    EXPECT_EQ(a, b);
-    EXPECT_EQ(std::unique(a.begin(), a.end()), a.end());
-}
-
-TEST(TypewriterLayout, LoadingAppliesTheEgyptologicalOrderAndRecordsTheSound) {
-    TestApp t;
+TEST_F(TypewriterTest, LayoutsSwitchWithoutLosingWhatWasTyped) {
     t.app.home = "/opt/nebkaro";
     TypewriterState s;
     TypewriterLoad(t.app, s);
-    EXPECT_EQ(s.keys, TypewriterKeys(false));
-    EXPECT_EQ(s.caption, "Typewriter - Egyptological");
-    EXPECT_TRUE(s.mnuEgyptChecked);
-    EXPECT_FALSE(s.mnuLatinChecked);
-    EXPECT_EQ(s.lastKey, 41);
     EXPECT_EQ(s.soundPath, std::filesystem::path("/opt/nebkaro/system/typewriter-key-1.wav"));
-    SetTypewriterLayout(s, true);
-    EXPECT_EQ(s.keys, TypewriterKeys(true));
-    EXPECT_EQ(s.caption, "Typewriter - Alphabetical");
-    EXPECT_TRUE(s.mnuLatinChecked);
-    EXPECT_FALSE(s.mnuEgyptChecked);
-}
-
-TEST_F(TypewriterTest, KeysAppendToTheEndOfTheMainTransliteration) {
-    t.app.view.TransLitTxt = "nf";
-    EXPECT_TRUE(TypewriterKey(t.app, "r"));
-    EXPECT_TRUE(TypewriterSpace(t.app));
-    EXPECT_TRUE(TypewriterKey(t.app, "H"));
-    EXPECT_EQ(t.app.view.TransLitTxt, "nfr H");
-    EXPECT_TRUE(t.app.view.textChanged); // as if typed
-    EXPECT_EQ(windows.viewChanged, 3);
-    EXPECT_TRUE(TypewriterBackspace(t.app));
-    EXPECT_EQ(t.app.view.TransLitTxt, "nfr ");
-}
-
-TEST_F(TypewriterTest, BackspaceOnAnEmptyTargetDoesNothing) {
-    t.app.view.TransLitTxt = "";
-    EXPECT_TRUE(TypewriterBackspace(t.app));
-    EXPECT_EQ(t.app.view.TransLitTxt, "");
-    EXPECT_FALSE(t.app.view.textChanged);
-    EXPECT_EQ(windows.viewChanged, 0);
-    EXPECT_EQ(t.dialogs.beeps, 0);
-}
-
-TEST_F(TypewriterTest, BackspaceRemovesOneWholeCharacter) {
-    t.app.view.TransLitTxt = "a\u1e25\u0161";
-    TypewriterBackspace(t.app);
-    EXPECT_EQ(t.app.view.TransLitTxt, "a\u1e25");
-    TypewriterBackspace(t.app);
-    EXPECT_EQ(t.app.view.TransLitTxt, "a");
-    TypewriterBackspace(t.app);
-    EXPECT_EQ(t.app.view.TransLitTxt, "");
-}
-
-TEST_F(TypewriterTest, TheTargetFollowsTheSearchDialog) {
-    t.app.view.TransLitTxt = "";
-    SearchDialogLoad(t.app);
-    TypewriterKey(t.app, "S");
-    TypewriterKey(t.app, "w");
-    EXPECT_EQ(t.app.search.txtSearch, "Sw");
-    EXPECT_EQ(t.app.view.TransLitTxt, "");
-    EXPECT_FALSE(t.app.view.textChanged);
-    EXPECT_EQ(windows.changed, (std::vector<TypewriterTarget>{TypewriterTarget::SearchText,
-                                                              TypewriterTarget::SearchText}));
-    ASSERT_TRUE(SearchOk(t.app));
-    TypewriterKey(t.app, "A");
-    EXPECT_EQ(t.app.view.TransLitTxt, "A");
-    EXPECT_EQ(t.app.search.txtSearch, "Sw");
-}
-
-TEST_F(TypewriterTest, SwitchingTheOrderKeepsWhatWasTyped) {
-    TypewriterState s;
-    TypewriterLoad(t.app, s);
     TypewriterKey(t.app, s.keys[20]); // "w" in the Egyptological order
     SetTypewriterLayout(s, true);
     TypewriterKey(t.app, s.keys[20]); // "f" in the alphabetical order
     EXPECT_EQ(t.app.view.TransLitTxt, "wf");
+    EXPECT_EQ(s.caption, "Typewriter - Alphabetical");
 }
 
-TEST_F(TypewriterTest, TheBrowserAndComposerBoxesComeFromTheirWindows) {
+TEST_F(TypewriterTest, KeysAppendAndBackspaceRemovesOneWholeCharacter) {
+    t.app.view.TransLitTxt = "a\u1e25";
+    EXPECT_TRUE(TypewriterKey(t.app, "\u0161"));
+    EXPECT_TRUE(TypewriterSpace(t.app));
+    EXPECT_EQ(t.app.view.TransLitTxt, "a\u1e25\u0161 ");
+    EXPECT_TRUE(t.app.view.textChanged); // as if typed
+    EXPECT_EQ(windows.viewChanged, 2);
+    for (const char* left : {"a\u1e25\u0161", "a\u1e25", "a", "", ""}) {
+        EXPECT_TRUE(TypewriterBackspace(t.app)); // at the start: nothing happens, no beep
+        EXPECT_EQ(t.app.view.TransLitTxt, left);
+    }
+    EXPECT_EQ(t.dialogs.beeps, 0);
+}
+
+// The typewriter types into the search box while the search dialog is open, into the
+// browser's or the composer's box when they hand one over, else it beeps.
+TEST_F(TypewriterTest, TheTargetIsTheBoxOfTheWindowThatAskedForIt) {
+    SearchDialogLoad(t.app);
+    TypewriterKey(t.app, "S");
+    EXPECT_EQ(t.app.search.txtSearch, "S");
+    ASSERT_TRUE(SearchOk(t.app));
+    TypewriterKey(t.app, "A");
+    EXPECT_EQ(t.app.view.TransLitTxt, "A");
+    EXPECT_EQ(t.app.search.txtSearch, "S");
     windows.boxes[TypewriterTarget::BrowserTrans] = "n";
     t.app.typewriterTarget = TypewriterTarget::BrowserTrans;
     TypewriterKey(t.app, "b");
     EXPECT_EQ(windows.boxes[TypewriterTarget::BrowserTrans], "nb");
     t.app.typewriterTarget = TypewriterTarget::ComposerMdC;
     EXPECT_FALSE(TypewriterKey(t.app, "b")); // the composer is not open
-    EXPECT_EQ(t.dialogs.beeps, 1);
-    windows.boxes[TypewriterTarget::ComposerMdC] = "";
-    TypewriterSpace(t.app);
-    EXPECT_EQ(windows.boxes[TypewriterTarget::ComposerMdC], " ");
-    EXPECT_EQ(windows.changed, (std::vector<TypewriterTarget>{TypewriterTarget::BrowserTrans,
-                                                              TypewriterTarget::ComposerMdC}));
-    EXPECT_FALSE(t.app.view.textChanged);
-}
-
-TEST_F(TypewriterTest, NoBoxToTypeIntoOnlyBeeps) {
-    t.app.typewriterTarget = TypewriterTarget::None;
-    EXPECT_FALSE(TypewriterKey(t.app, "a"));
-    EXPECT_FALSE(TypewriterBackspace(t.app));
+    EXPECT_EQ(windows.changed, (std::vector<TypewriterTarget>{TypewriterTarget::SearchText,
+                                                              TypewriterTarget::BrowserTrans}));
     SearchDialogLoad(t.app);
     SearchCancel(t.app); // the search box is gone
     EXPECT_FALSE(TypewriterSpace(t.app));
+    t.app.typewriterTarget = TypewriterTarget::None;
+    EXPECT_FALSE(TypewriterBackspace(t.app));
     EXPECT_EQ(t.dialogs.beeps, 3);
-    EXPECT_EQ(t.app.search.txtSearch, "");
+    EXPECT_EQ(t.app.view.TransLitTxt, "A");
 }
 
 TEST(TypewriterPlacement, BesideTheCallerOnTheSideThatFitsTheScreen) {
@@ -187,24 +115,6 @@ TEST(TypewriterPlacement, BesideTheMainWindowIn16BitNumbers) {
             EXPECT_EQ(e.number(), Overflow);
         }
     }
-}
-
-TEST(TransTable, BothOrdersWithTheirCaptions) {
-    TransTableState s;
-    EXPECT_EQ(s.caption, "Transliteration table: Egyptological order");
-    EXPECT_EQ(s.Label1, EgyptologicalLetters);
-    EXPECT_EQ(s.Label2, s.Label1);
-    TransTableAlphabetical(s);
-    EXPECT_EQ(s.caption, "Transliteration Table: Alphabeticalcal order");
-    EXPECT_EQ(s.Label1, AlphabeticalLetters);
-    EXPECT_EQ(s.Label2, s.Label1);
-    EXPECT_TRUE(s.mnuLatinChecked);
-    EXPECT_FALSE(s.mnuEgyptChecked);
-    TransTableEgyptological(s);
-    EXPECT_EQ(s.caption, "Transliteration Table: Egyptological order");
-    EXPECT_EQ(s.Label1, EgyptologicalLetters);
-    EXPECT_TRUE(s.mnuEgyptChecked);
-    EXPECT_FALSE(s.mnuLatinChecked);
 }
 
 TEST(TransTable, AboveTheMainWindowOrBelowIt) {

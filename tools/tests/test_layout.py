@@ -1,7 +1,5 @@
 """Placing the signs of a spelling: rows, stacks, groups, twips."""
 
-import os
-import tempfile
 import unittest
 
 import shipped  # noqa: F401  (puts tools/ on the path)
@@ -42,13 +40,6 @@ class Placing(unittest.TestCase):
             with self.subTest(spelling=spelling):
                 self.assertEqual(layout.place(spelling, size), expected)
 
-    def test_word_starts_at_the_origin(self):
-        for spelling in ("N35", "Z1-N35", "N35:N35-Z1", "X1*Q3:R4"):
-            with self.subTest(spelling=spelling):
-                placed = layout.place(spelling, size)
-                self.assertEqual(min(x for _, x, _ in placed), 0)
-                self.assertEqual(min(y for _, _, y in placed), 0)
-
     def test_bad_spellings_are_refused(self):
         for spelling in ("", "A1--G17", "A1:", "a1", "A1(0,0)", "A 1", "A1-g17"):
             with self.subTest(spelling=spelling):
@@ -65,25 +56,3 @@ class Writing(unittest.TestCase):
     def test_gardiner_notation_joins_codes_in_reading_order(self):
         placed = layout.place("R4:X1*Q3-A1", size)
         self.assertEqual(layout.gardiner_notation(placed), "R4-X1-Q3-A1")
-
-
-class GifSize(unittest.TestCase):
-    def test_reads_the_logical_screen(self):
-        with tempfile.TemporaryDirectory() as tmp:
-            path = os.path.join(tmp, "x.GIF")
-            with open(path, "wb") as f:
-                f.write(b"GIF89a" + (300).to_bytes(2, "little") + (7).to_bytes(2, "little")
-                        + b"\x00" * 20)
-            self.assertEqual(layout.gif_size(path), (300, 7))
-
-    def test_refuses_what_is_not_a_gif(self):
-        with tempfile.TemporaryDirectory() as tmp:
-            path = os.path.join(tmp, "x.GIF")
-            with open(path, "wb") as f:
-                f.write(b"\x89PNG\r\n\x1a\n\x00\x00")
-            with self.assertRaises(ValueError):
-                layout.gif_size(path)
-
-
-if __name__ == "__main__":
-    unittest.main()
