@@ -123,8 +123,6 @@ std::string DictionaryFileText(const DictionaryStore& store, bool withWords) {
     for (int w = 0; w <= store.lastIndex; ++w)
         for (int f = 0; f < FieldCount; ++f) size += store.view(w, f).size() + 3;
     size += static_cast<std::size_t>(std::max(store.lastIndex + 1, 0)); // the line feeds
-    out.reserve(size);
-    preferHugePages(out.data(), out.capacity());
     out.resize(size);
     char* p = out.data() + head;
     for (int w = 0; w <= store.lastIndex; ++w) {
