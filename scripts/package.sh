@@ -33,7 +33,7 @@ lintian --fail-on error --tag-display-limit 0 "$deb"
 echo "== contents"
 contents=$(dpkg-deb --contents "$deb" | awk '{print $6}')
 expected=(
-  .$prefix/bin/nebkaro .$prefix/bin/nebkaro-cli
+  .$prefix/bin/nebkaro .$prefix/bin/nebkaro-cli .$prefix/libexec/nebkaro/nebkaro-cli-draw
   .$prefix/share/nebkaro/Lists/BasicList.csv .$prefix/share/nebkaro/Fonts/Transliteration.ttf
   .$prefix/share/nebkaro/Basic/Left/A/A1.GIF .$prefix/share/nebkaro/Extended/Left/A/A1.GIF
   .$prefix/share/nebkaro/System/Settings.nks .$prefix/share/nebkaro/Dictionaries/Words.nkd
@@ -58,7 +58,7 @@ cleanup() {
   [ -n "$made_user" ] && userdel --remove "$made_user" 2>/dev/null || true
 }
 trap cleanup EXIT
-prefix_state() { find "$prefix/share/nebkaro" "$prefix/bin/nebkaro" "$prefix/bin/nebkaro-cli" -printf '%p %s %T@ %m\n' | sort; }
+prefix_state() { find "$prefix/share/nebkaro" "$prefix/bin/nebkaro" "$prefix/bin/nebkaro-cli" "$prefix/libexec/nebkaro" -printf '%p %s %T@ %m\n' | sort; }
 before=$(prefix_state)
 
 # An ordinary user: a throwaway account when we are root, otherwise ourselves with a fresh
@@ -89,6 +89,9 @@ echo "== run as $(as_user id -un)"
 [ "$(as_user $prefix/bin/nebkaro --version)" = "nebkaro $version" ] || fail "nebkaro --version"
 as_user $prefix/bin/nebkaro --help | grep -q -- "--screenshot" || fail "nebkaro --help"
 as_user $prefix/bin/nebkaro-cli info $prefix/share/nebkaro/Dictionaries/Words.nkd >/dev/null
+# Drawing is handed over to the helper in libexec, which finds the same shipped pictures.
+as_user $prefix/bin/nebkaro-cli render $prefix/share/nebkaro/Dictionaries/Words.nkd 1 -o "$work/word.png" ||
+  fail "nebkaro-cli render"
 as_user "${xvfb[@]}" $prefix/bin/nebkaro --screenshot "$shot" >"$work/out" 2>"$work/err" ||
   { cat "$work/err"; fail "the installed program did not start"; }
 grep -q "are kept in $mine" "$work/err" || fail "the first start did not say where the user's files are"

@@ -95,10 +95,14 @@ std::optional<bool> simpleGardinerGreater(std::string_view a, std::string_view b
 }
 
 void combSortText(App& app, DictionaryStore& store, int column, int up, SortOrder order) {
+    // The exchanges move keys only, each carrying the row it came from; the rows are put in
+    // their places once, at the end (or at a Cancel), in the order the exchanges left.
     struct Key {
         std::uint64_t head = 0;
+        std::uint64_t next = 0; // bytes 8 to 15, the same way
         std::uint32_t offset = 0;
         std::uint32_t length = 0;
+        std::int32_t row = 0;
     };
     const int last = up + 1;
     std::vector<Key> keys(static_cast<std::size_t>(std::max(last + 1, 0)));
@@ -106,6 +110,7 @@ void combSortText(App& app, DictionaryStore& store, int column, int up, SortOrde
     for (int i = 0; i <= last; ++i) {
         const std::string_view v = store.view(i, column);
         Key& k = keys[static_cast<std::size_t>(i)];
+        k.row = i;
         k.offset = static_cast<std::uint32_t>(all.size());
         bool ascii = true;
         for (const char c : v) ascii = ascii && static_cast<unsigned char>(c) < 0x80;
@@ -120,19 +125,26 @@ void combSortText(App& app, DictionaryStore& store, int column, int up, SortOrde
         k.length = static_cast<std::uint32_t>(all.size() - k.offset);
     }
     // Heads after the buffer stops growing: big-endian, missing bytes as 0, so that two heads
-    // compare as the texts' first eight bytes do, and equal heads leave it to the texts.
+    // compare as the texts' first sixteen bytes do, and equal heads leave it to the texts.
     for (Key& k : keys) {
-        for (std::uint32_t b = 0; b < 8; ++b)
-            k.head =
-                (k.head << 8) | (b < k.length ? static_cast<unsigned char>(all[k.offset + b]) : 0u);
+        for (std::uint32_t b = 0; b < 16; ++b) {
+            std::uint64_t& h = b < 8 ? k.head : k.next;
+            h = (h << 8) | (b < k.length ? static_cast<unsigned char>(all[k.offset + b]) : 0u);
+        }
     }
     const char* base = all.data();
     auto greater = [&](const Key& x, const Key& y) {
         const Key& a = order.reverse ? y : x;
         const Key& b = order.reverse ? x : y;
         if (a.head != b.head) return a.head > b.head;
+        if (a.next != b.next) return a.next > b.next;
         return std::string_view(base + a.offset, a.length) >
                std::string_view(base + b.offset, b.length);
+    };
+    auto placeRows = [&] {
+        std::vector<int> order(keys.size());
+        for (std::size_t i = 0; i < keys.size(); ++i) order[i] = keys[i].row;
+        store.permuteRows(order);
     };
     int gap = std::max(1, up + 1);
     bool swapped = false;
@@ -143,14 +155,17 @@ void combSortText(App& app, DictionaryStore& store, int column, int up, SortOrde
             const auto a = static_cast<std::size_t>(i);
             const auto b = static_cast<std::size_t>(i + gap);
             if (greater(keys[a], keys[b])) {
-                store.swapRows(i, i + gap);
                 std::swap(keys[a], keys[b]);
                 swapped = true;
             }
         }
         app.events.yield();
-        if (app.sortCancelled) return;
+        if (app.sortCancelled) {
+            placeRows();
+            return;
+        }
     } while (gap != 1 || swapped);
+    placeRows();
 }
 
 namespace {

@@ -188,7 +188,7 @@ struct Greater {
 };
 
 // The comb sort below for a text column of the dictionary, in plain text order: the keys lie
-// side by side in one buffer, each led by its first eight bytes as a number that orders as
+// side by side in one buffer, each led by its first sixteen bytes as two numbers that order as
 // the text does, so that most comparisons are one integer comparison.
 void combSortText(App& app, DictionaryStore& store, int column, int up, SortOrder order);
 

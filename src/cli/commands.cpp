@@ -19,6 +19,8 @@ namespace nebkaro::cli {
 
 namespace {
 
+char** givenArgs = nullptr;
+
 void printUsage(std::ostream& out) {
     out << "usage: nebkaro-cli [--home DIR] COMMAND [ARGS]\n"
            "       nebkaro-cli --version\n\n"
@@ -32,7 +34,12 @@ void printUsage(std::ostream& out) {
 
 } // namespace
 
+char** commandLine() {
+    return givenArgs;
+}
+
 int run(int argc, char** argv) {
+    givenArgs = argv;
     std::vector<std::string> args(argv + 1, argv + argc);
     try {
         std::optional<fs::path> home;

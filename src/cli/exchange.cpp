@@ -26,6 +26,7 @@ std::string exportWithPictures(ConsoleApp&, const std::string& format, const std
                                std::int64_t) {
     throw Failure("this build draws no pictures, so it cannot write " + format);
 }
+void moveToDrawingTool() {}
 #endif
 
 namespace {
@@ -63,6 +64,7 @@ int cmdExport(const fs::path& home, const std::vector<std::string>& argv) {
             throw Usage("--time takes milliseconds since 1970");
         }
     }
+    if (format == "html" || format == "apkg") moveToDrawingTool();
     ConsoleApp c(home);
     InstallEditing(c.app);
     loadDictionary(c, a.positional()[0], false);

@@ -8,6 +8,9 @@
 
 namespace nebkaro::cli {
 
+// This is the executable that draws.
+void moveToDrawingTool() {}
+
 std::string exportWithPictures(ConsoleApp& c, const std::string& format,
                                const std::vector<int>& words, std::int64_t nowMs) {
     // The GIF reader is found through the application object; no window is opened.

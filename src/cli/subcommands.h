@@ -32,6 +32,11 @@ const Subcommand* findSubcommand(const std::string& name);
 void loadDictionary(ConsoleApp& c, const std::string& file, bool merge);
 // Writes the store to OUT as the program writes dictionaries, through a temporary file.
 void writeDictionary(ConsoleApp& c, const std::string& out);
+// Pictures are drawn by a helper executable that links Qt, so that the tool itself starts
+// fast. In the tool, this runs the whole command line again in the helper and does not return
+// (Failure when the helper cannot be started); in the helper, or in a build that draws
+// nothing, it returns at once.
+void moveToDrawingTool();
 // A word index argument within the loaded dictionary.
 int wordIndex(const ConsoleApp& c, const std::string& text);
 

@@ -77,6 +77,7 @@ PackedDictionary ReadDictionaryPacked(std::string textValue, int maxWords) {
     auto text = std::make_shared<const std::string>(std::move(textValue));
     const char* base = text->data();
     out.words.rows.reserve(expectedWords(*text, maxWords));
+    preferHugePages(out.words.rows.data(), out.words.rows.capacity() * sizeof(StoredRow));
     std::array<TextSpan, FieldCount> spans;
     readFields(*text, maxWords, out.header, out.hasHeader, out.stoppedEarly, out.stopRecord,
                out.stopLine, [&](const std::array<std::string_view, FieldCount>& rec) {
@@ -112,18 +113,24 @@ std::string DictionaryFileText(const DictionaryStore& store, bool withWords) {
     std::string out;
     if (store.hasHeader) out += HeaderLine(store.header);
     if (!withWords) return out;
-    std::size_t size = out.size();
+    // Sized once and filled in place: the file is written as one buffer.
+    const std::size_t head = out.size();
+    std::size_t size = head;
     for (int w = 0; w <= store.lastIndex; ++w)
         for (int f = 0; f < FieldCount; ++f) size += store.view(w, f).size() + 3;
-    out.reserve(size + 2 * static_cast<std::size_t>(store.lastIndex + 1));
+    size += static_cast<std::size_t>(std::max(store.lastIndex + 1, 0)); // the line feeds
+    out.resize(size);
+    char* p = out.data() + head;
     for (int w = 0; w <= store.lastIndex; ++w) {
         for (int f = 0; f < FieldCount; ++f) {
-            if (f) out += ',';
-            out += '"';
-            out += store.view(w, f);
-            out += '"';
+            const std::string_view v = store.view(w, f);
+            *p++ = '"';
+            if (!v.empty()) std::memcpy(p, v.data(), v.size());
+            p += v.size();
+            *p++ = '"';
+            *p++ = f + 1 < FieldCount ? ',' : '\r';
         }
-        out += "\r\n";
+        *p++ = '\n';
     }
     return out;
 }
@@ -131,9 +138,10 @@ std::string DictionaryFileText(const DictionaryStore& store, bool withWords) {
 UnwritableValue FindUnwritableValue(const DictionaryStore& store, bool withWords) {
     // One pass over the bytes; three searches per value cost more than the save itself.
     auto bad = [](std::string_view v) {
-        for (char c : v)
-            if (c == '"' || c == '\r' || c == '\n') return true;
-        return false;
+        // No early exit: the loop is then one the compiler runs many bytes at a time.
+        unsigned char hit = 0;
+        for (const char c : v) hit |= (c == '"') | (c == '\r') | (c == '\n');
+        return hit != 0;
     };
     UnwritableValue u;
     if (store.hasHeader) {

@@ -3,6 +3,8 @@
 #include "core/errors.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <cstring>
 
 namespace nebkaro {
@@ -47,16 +49,43 @@ std::string_view FieldReader::readView() {
     if (pos_ >= s_.size()) throw RunError(InputPastEnd);
     if (s_[pos_] == '"') {
         const std::size_t start = pos_ + 1;
-        const std::size_t close = s_.find('"', start);
-        const std::size_t end = close == std::string_view::npos ? s_.size() : close;
-        const std::string_view value = s_.substr(start, end - start);
-        // Line breaks are rare inside a value: memchr finds them without a byte-wise count.
-        for (const char *p = value.data(), *stop = p + value.size();
-             (p = static_cast<const char*>(
-                  std::memchr(p, '\n', static_cast<std::size_t>(stop - p))));
-             ++p)
-            ++line_;
-        pos_ = close == std::string_view::npos ? s_.size() : close + 1;
+        const char* p = s_.data() + start;
+        const char* const stop = s_.data() + s_.size();
+        // One pass finds the closing quote and counts the line breaks before it, eight bytes
+        // at a time while neither is among them (values are short: a call per value to find
+        // each would cost more than the search).
+        constexpr std::uint64_t ones = 0x0101010101010101ULL;
+        constexpr std::uint64_t highs = 0x8080808080808080ULL;
+        // The high bit of each byte equal to c; wrong only above a byte that is, so the
+        // lowest bit set is the first such byte (the first in memory on a little-endian CPU).
+        static_assert(std::endian::native == std::endian::little);
+        auto equalBytes = [](std::uint64_t w, char c) {
+            const std::uint64_t x = w ^ (ones * static_cast<unsigned char>(c));
+            return (x - ones) & ~x & highs;
+        };
+        for (;;) {
+            if (stop - p >= 8) {
+                std::uint64_t w;
+                std::memcpy(&w, p, 8);
+                const std::uint64_t hits = equalBytes(w, '"') | equalBytes(w, '\n');
+                if (!hits) {
+                    p += 8;
+                    continue;
+                }
+                p += std::countr_zero(hits) / 8;
+            } else {
+                while (p < stop && *p != '"' && *p != '\n') ++p;
+            }
+            if (p < stop && *p == '\n') {
+                ++line_;
+                ++p;
+                continue;
+            }
+            break;
+        }
+        const std::string_view value(s_.data() + start,
+                                     static_cast<std::size_t>(p - s_.data()) - start);
+        pos_ = p < stop ? static_cast<std::size_t>(p - s_.data()) + 1 : s_.size();
         skipSeparator();
         return value;
     }

@@ -13,6 +13,7 @@
 #include <fstream>
 #include <random>
 #include <sstream>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -82,6 +83,16 @@ std::string quoted(const fs::path& path) {
 }
 } // namespace
 
+void preferHugePages(const void* memory, std::size_t size) {
+    constexpr std::uintptr_t huge = std::uintptr_t{1} << 21;
+    if (size < 2 * huge) return;
+    const auto at = reinterpret_cast<std::uintptr_t>(memory);
+    const std::uintptr_t from = (at + huge - 1) & ~(huge - 1);
+    const std::uintptr_t to = (at + size) & ~(huge - 1);
+    // Only advice: where the system has no huge pages, nothing changes.
+    if (to > from) ::madvise(reinterpret_cast<void*>(from), to - from, MADV_HUGEPAGE);
+}
+
 std::string readFileBytes(const fs::path& path, std::uintmax_t limit) {
     // The kind of file is known before it is opened: opening a pipe for reading would wait
     // for a writer.
@@ -108,6 +119,8 @@ std::string readFileBytes(const fs::path& path, std::uintmax_t limit) {
     // One byte more than the file holds, so that the read that finds its end needs no larger
     // buffer: the dictionary's text is kept as read, and a doubled buffer would stay with it.
     std::string data;
+    data.reserve(static_cast<std::size_t>(st.st_size) + 1);
+    preferHugePages(data.data(), data.capacity());
     data.resize(static_cast<std::size_t>(st.st_size) + 1);
     std::size_t done = 0;
     // A file that grows meanwhile is read on, up to the limit.

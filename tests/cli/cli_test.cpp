@@ -260,6 +260,18 @@ TEST_F(CliTest, GardinerSortOrdersTheStarterDictionary) {
     }
 }
 
+// The tool starts without loading Qt or the flash-card libraries; drawing is the helper's.
+TEST(CliStart, TheToolLinksNoDrawingLibraries) {
+    FILE* p = popen(("ldd '" + std::string(NEBKARO_CLI) + "'").c_str(), "r");
+    std::string libs;
+    std::array<char, 4096> buf{};
+    std::size_t n;
+    while ((n = fread(buf.data(), 1, buf.size(), p)) > 0) libs.append(buf.data(), n);
+    ASSERT_EQ(pclose(p), 0);
+    for (const char* lib : {"libQt6", "libsqlite3", "libzip"})
+        EXPECT_EQ(libs.find(lib), std::string::npos) << lib;
+}
+
 TEST_F(CliTest, RenderWritesThePictureInTheFormatOfTheExtension) {
     const auto f = file("w.nkd", kWords);
     const std::pair<const char*, std::string> cases[] = {

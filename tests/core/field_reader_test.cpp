@@ -29,6 +29,25 @@ TEST(FieldReader, QuotedBareAndLineEndsSeparateAlike) {
         {"\"\",\"\"", {"", ""}},         // empty quoted fields
         {"a\rb", {"a", "b"}},            // a lone CR ends a line too
         {"x\r\n\r\n", {"x"}},            // trailing blank lines are no record
+        // Long quoted values are scanned eight bytes at a time: the closing quote and line
+        // breaks at every place in a block, and a value that never closes.
+        {"\"0123456\",\"01234567\",\"012345678\"", {"0123456", "01234567", "012345678"}},
+        {"\"01234567\n9abcdef\n\",x", {"01234567\n9abcdef\n", "x"}},
+        {"\"a value that never closes", {"a value that never closes"}},
     };
     for (const auto& c : cases) EXPECT_EQ(readAll(c.text), c.want) << c.text;
+}
+
+TEST(FieldReader, CountsLines) {
+    FieldReader in("a,b\r\nc\nd");
+    in.read();
+    in.read();
+    EXPECT_EQ(in.line(), 2);
+    in.read();
+    EXPECT_EQ(in.line(), 3);
+    FieldReader quoted("\"one\ntwo, three and four\nfive\",x\ny");
+    quoted.read();
+    EXPECT_EQ(quoted.line(), 3);
+    quoted.read();
+    EXPECT_EQ(quoted.line(), 4);
 }
