@@ -187,8 +187,8 @@ SignQuery SignQueryFromText(std::string_view codes, bool foldVariants) {
 
 } // namespace nebkaro
 
-#include "bulk/search_state.h"
 #include "core/app.h"
+#include "core/search_state.h"
 
 namespace nebkaro {
 
