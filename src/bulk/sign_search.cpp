@@ -172,6 +172,8 @@ std::string SignQueryText(const SignQuery& query) {
     return out;
 }
 
+namespace {
+
 SignQuery SignQueryFromText(std::string_view codes, bool foldVariants) {
     SignQuery q;
     q.foldVariants = foldVariants;
@@ -184,6 +186,7 @@ SignQuery SignQueryFromText(std::string_view codes, bool foldVariants) {
     }
     return q;
 }
+} // namespace
 
 } // namespace nebkaro
 

@@ -6,8 +6,10 @@
 #include "core/errors.h"
 #include "core/startup.h"
 #include "core/text.h"
+#include "core/twips.h"
 #include "display/image_export.h"
 #include "display/main_layout.h"
+#include "display/qstring_qt.h"
 #include "display/unicode_text.h"
 #include "display/word_picture_qt.h"
 #include "display/word_view_events.h"
@@ -65,8 +67,6 @@ namespace nebkaro {
 
 namespace {
 
-constexpr int TwipsPerPixel = 15;
-
 // The design of the word view, in twips: the boxes' left edge and height, and the tops of
 // RichGardinerlbl, GardinerTxt, TransLitTxt, MeaningTxt and CommentTxt (each box's caption
 // stands 240 twips above it).
@@ -110,20 +110,15 @@ int buttonCode(Qt::MouseButton b) {
     }
 }
 
-QString qs(const std::string& s) {
-    return QString::fromStdString(s);
-}
-
 // A picture for a tool button: the desktop's icon of that name (or its symbolic form), else
 // the first letters of the button's tip drawn as a small badge.
 QIcon toolIcon(std::string_view name, std::string_view tip) {
-    const QString n = QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
+    const QString n = latin1(name);
     QIcon icon = QIcon::fromTheme(n);
     if (icon.isNull()) icon = QIcon::fromTheme(n + QStringLiteral("-symbolic"));
     if (!icon.isNull()) return icon;
     QString letters;
-    for (const QString& w : QString::fromLatin1(tip.data(), static_cast<qsizetype>(tip.size()))
-                                .split(QLatin1Char(' '), Qt::SkipEmptyParts))
+    for (const QString& w : latin1(tip).split(QLatin1Char(' '), Qt::SkipEmptyParts))
         if (letters.size() < 2) letters += w.front().toUpper();
     QPixmap pm(32, 32);
     pm.fill(Qt::transparent);
@@ -246,10 +241,8 @@ void MainWindow::buildToolBar() {
     row->setSpacing(0);
     for (const ToolButton& t : ToolBar()) {
         auto* b = new QToolButton(toolbar_);
-        b->setObjectName(
-            QString::fromLatin1(t.objectName.data(), static_cast<qsizetype>(t.objectName.size())));
-        b->setToolTip(
-            QString::fromLatin1(t.toolTip.data(), static_cast<qsizetype>(t.toolTip.size())));
+        b->setObjectName(latin1(t.objectName));
+        b->setToolTip(latin1(t.toolTip));
         b->setIcon(toolIcon(t.icon, t.toolTip));
         b->setIconSize(QSize(16, 16));
         b->setAutoRaise(true);
@@ -395,13 +388,9 @@ void MainWindow::buildWordView() {
     };
     int spare = 5; // buttons the design does not place go after the second row's
     for (const ViewButton& b : WordViewButtons()) {
-        auto* button = new QPushButton(
-            QString::fromLatin1(b.caption.data(), static_cast<qsizetype>(b.caption.size())),
-            surface_);
-        button->setObjectName(
-            QString::fromLatin1(b.objectName.data(), static_cast<qsizetype>(b.objectName.size())));
-        button->setToolTip(
-            QString::fromLatin1(b.toolTip.data(), static_cast<qsizetype>(b.toolTip.size())));
+        auto* button = new QPushButton(latin1(b.caption), surface_);
+        button->setObjectName(latin1(b.objectName));
+        button->setToolTip(latin1(b.toolTip));
         button->setAutoDefault(false);
         const CommandId id = b.command;
         connect(button, &QPushButton::clicked, this, [this, id] { runCommand(id); });
@@ -431,8 +420,7 @@ QAction* MainWindow::commandAction(const MenuItem& item, QMenu* menu) {
         // The menu shows the command's keys. The window's shortcuts handle the keys; the
         // action's own shortcut acts only inside its open menu, so a key never runs twice.
         QList<QKeySequence> keys;
-        for (const Shortcut& s : ShortcutsOf(id))
-            keys << QKeySequence(QString::fromLatin1(s.keys.data(), qsizetype(s.keys.size())));
+        for (const Shortcut& s : ShortcutsOf(id)) keys << QKeySequence(latin1(s.keys));
         a->setShortcuts(keys);
         a->setShortcutContext(Qt::WidgetShortcut);
         if (id == CommandId::ShowBorders) showBorders_ = a;
@@ -502,9 +490,9 @@ void MainWindow::buildMenus() {
 void MainWindow::buildShortcuts() {
     for (const Shortcut& s : Shortcuts()) {
         const bool area = s.scope == ShortcutScope::DisplayArea;
-        auto* sc = new QShortcut(
-            QKeySequence(QString::fromLatin1(s.keys.data(), static_cast<qsizetype>(s.keys.size()))),
-            area ? static_cast<QWidget*>(dispArea_) : static_cast<QWidget*>(this));
+        auto* sc =
+            new QShortcut(QKeySequence(latin1(s.keys)),
+                          area ? static_cast<QWidget*>(dispArea_) : static_cast<QWidget*>(this));
         sc->setContext(area ? Qt::WidgetShortcut : Qt::WindowShortcut);
         const CommandId id = s.command;
         shortcuts_.emplace_back(sc, id);

@@ -3,6 +3,8 @@
 #include "bulk/sign_search.h"
 #include "core/app.h"
 #include "core/errors.h"
+#include "core/twips.h"
+#include "display/qstring_qt.h"
 #include "display/word_picture_qt.h"
 #include "print/word_picture.h"
 
@@ -26,13 +28,6 @@
 #include <cmath>
 
 namespace nebkaro {
-
-namespace {
-constexpr int TwipsPerPixel = 15;
-QString qs(const std::string& s) {
-    return QString::fromStdString(s);
-}
-} // namespace
 
 FoundWordsModel::FoundWordsModel(App& app, QObject* parent)
     : QAbstractTableModel(parent), app_(app) {}

@@ -62,20 +62,13 @@ std::vector<std::string> col(const Rows& rows, int column) {
 
 } // namespace
 
-TEST(ArrayFunctions, NumberOfDimensionsCountsNestedArrays) {
-    EXPECT_EQ(NumberOfDimensions(std::vector<std::string>{}), 1);
-    EXPECT_EQ(NumberOfDimensions(Rows{}), 2);
-    EXPECT_EQ(NumberOfDimensions(std::vector<std::vector<std::array<int, 2>>>{}), 3);
-    EXPECT_EQ(NumberOfDimensions(42), 0);
-}
-
-TEST(ArrayFunctions, SwapElementsMovesWholeRowsAndChecksBounds) {
+TEST(ArrayFunctions, SwapRowsMovesWholeRowsAndChecksBounds) {
     Rows rows = {{"L", "B", "a", "A1", "t", "m", "c"}, {"R", "E", "b", "B1", "u", "n", "d"}};
-    SwapElements(rows, 0, 1);
+    SwapRows(rows, 0, 1);
     EXPECT_EQ(rows[0], (WordRecord{"R", "E", "b", "B1", "u", "n", "d"}));
     EXPECT_EQ(rows[1], (WordRecord{"L", "B", "a", "A1", "t", "m", "c"}));
     std::vector<std::string> one = {"x", "y"};
-    SwapElements(one, 1, 0);
+    SwapRows(one, 1, 0);
     EXPECT_EQ(one, (std::vector<std::string>{"y", "x"}));
     EXPECT_THROW(SwapRows(rows, 0, 2), RunError);
 }
