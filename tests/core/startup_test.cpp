@@ -5,9 +5,9 @@
 
 #include <gtest/gtest.h>
 
-#include <sys/stat.h>
 #include <map>
 #include <optional>
+#include <sys/stat.h>
 
 using namespace nebkaro;
 using namespace nebkaro::testing;
