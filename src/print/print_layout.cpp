@@ -113,7 +113,7 @@ std::vector<int> WordsInRange(const PrintRange& range, const DictionaryStore& st
     case RangeKind::All:
         break;
     }
-    words.reserve(static_cast<std::size_t>(std::max(to - from + 1, 0)));
+    words.reserve(static_cast<std::size_t>(to - from + 1));
     for (int w = from; w <= to; ++w) words.push_back(w);
     return words;
 }
