@@ -6,7 +6,7 @@ packages=(
   build-essential cmake ninja-build pkg-config git
   qt6-base-dev qt6-svg-dev libgl-dev libsqlite3-dev libzip-dev
   libgtest-dev libgmock-dev libbenchmark-dev
-  clang libclang-rt-14-dev
+  clang libclang-rt-14-dev clang-format clang-tidy
   xvfb xauth fonts-dejavu-core fonts-ancient-scripts
   python3 python3-fonttools python3-pil poppler-utils time
   desktop-file-utils appstream shared-mime-info xdg-utils

@@ -7,6 +7,9 @@ cd "$(dirname "$0")/.."
 scripts/install-deps.sh
 export QT_QPA_PLATFORM=offscreen
 
+echo "== format"
+scripts/format.sh --check
+
 echo "== build and test"
 BUILD_DIR=build-test BUILD_TYPE=Debug scripts/build.sh
 ctest --test-dir build-test --output-on-failure -j"$(nproc)"

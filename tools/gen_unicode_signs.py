@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Writes src/display/unicode_signs.cpp: the Gardiner code of every sign of the
+"""Writes src/display/generated/unicode_signs.cpp: the Gardiner code of every sign of the
 Unicode block of Egyptian hieroglyphs and its code point, sorted by code.
 
     /usr/bin/python3 tools/gen_unicode_signs.py [output file]
@@ -32,7 +32,7 @@ def code_from_name(name: str) -> str:
 def main() -> None:
     here = os.path.dirname(os.path.abspath(__file__))
     out = sys.argv[1] if len(sys.argv) > 1 else os.path.join(
-        here, "..", "src", "display", "unicode_signs.cpp")
+        here, "..", "src", "display", "generated", "unicode_signs.cpp")
     table = {}
     for cp in range(BLOCK_FIRST, BLOCK_LAST + 1):
         try:

@@ -30,41 +30,23 @@ struct SortOrder {
     bool caseSensitive = false;
 };
 
-// The number of dimensions of an array type: each std::vector or std::array level adds one.
-template <class T> struct ArrayRank : std::integral_constant<int, 0> {};
-template <class T, class A>
-struct ArrayRank<std::vector<T, A>> : std::integral_constant<int, 1 + ArrayRank<T>::value> {};
-template <class T, std::size_t N>
-struct ArrayRank<std::array<T, N>> : std::integral_constant<int, 1 + ArrayRank<T>::value> {};
-// The dictionary itself: rows of seven text columns.
-template <> struct ArrayRank<DictionaryStore> : std::integral_constant<int, 2> {};
-
-template <class T> constexpr int NumberOfDimensions(const T&) {
-    return ArrayRank<T>::value;
-}
-
-template <class T> void Swap(T& a, T& b) {
-    using std::swap;
-    swap(a, b);
-}
+// A table of rows (the dictionary, or rows of std::array) rather than one column of values.
+template <class T> inline constexpr bool HasRows = false;
+template <class T, std::size_t N, class A>
+inline constexpr bool HasRows<std::vector<std::array<T, N>, A>> = true;
+template <> inline constexpr bool HasRows<DictionaryStore> = true;
 
 // Exchanges rows i and j in every column.
 template <class Row, class A> void SwapRows(std::vector<Row, A>& table, int i, int j) {
     if (i < 0 || j < 0 || static_cast<std::size_t>(i) >= table.size() ||
         static_cast<std::size_t>(j) >= table.size())
         throw RunError(SubscriptOutOfRange);
-    Swap(table[static_cast<std::size_t>(i)], table[static_cast<std::size_t>(j)]);
+    std::swap(table[static_cast<std::size_t>(i)], table[static_cast<std::size_t>(j)]);
 }
 
 // The dictionary's rows trade places without copying their texts.
 inline void SwapRows(DictionaryStore& store, int i, int j) {
     store.swapRows(i, j);
-}
-
-// One-dimensional: exchanges two elements; two-dimensional: exchanges two rows. Either way the
-// whole entry at i trades places with the one at j.
-template <class Table> void SwapElements(Table& table, int i, int j) {
-    SwapRows(table, i, j);
 }
 
 // The next gap of the comb sort: the gap shrinks by the factor 1.3, and 9 and 10 become 11,
@@ -75,7 +57,7 @@ namespace detail {
 
 template <class Table> const auto& cell(const Table& table, int i, int column) {
     const auto& entry = table[static_cast<std::size_t>(i)];
-    if constexpr (ArrayRank<Table>::value == 1) {
+    if constexpr (!HasRows<Table>) {
         (void)column;
         return entry;
     } else {
@@ -207,7 +189,7 @@ template <class Table> void swapEntries(Table& table, std::size_t a, std::size_t
     if constexpr (std::is_same_v<Table, DictionaryStore>)
         table.swapRows(static_cast<int>(a), static_cast<int>(b));
     else
-        Swap(table[a], table[b]);
+        std::swap(table[a], table[b]);
 }
 
 } // namespace detail
@@ -220,7 +202,6 @@ template <class Table> void swapEntries(Table& table, std::size_t a, std::size_t
 // breathe, and a Cancel (app.sortCancelled) stops the sort at once, leaving it partly sorted.
 template <class Table>
 void CombSort(App& app, Table& table, int column, std::optional<int> upper, SortOrder order) {
-    static_assert(ArrayRank<Table>::value == 1 || ArrayRank<Table>::value == 2);
     const int lo = 0;
     int up = 0;
     if constexpr (std::is_same_v<Table, DictionaryStore>)
@@ -238,7 +219,7 @@ void CombSort(App& app, Table& table, int column, std::optional<int> upper, Sort
     auto keys = detail::makeKeys(table, column, last, order.caseSensitive);
     detail::Greater greater;
     greater.reverse = order.reverse;
-    greater.gardiner = ArrayRank<Table>::value == 2 && column == FieldGardiner;
+    greater.gardiner = HasRows<Table> && column == FieldGardiner;
     // Gardiner notations are read into their parts once, not at every comparison.
     std::optional<detail::GardinerKeys> parsed;
     if constexpr (std::is_same_v<typename decltype(keys)::value_type, std::string>)
@@ -260,7 +241,7 @@ void CombSort(App& app, Table& table, int column, std::optional<int> upper, Sort
             const auto b = static_cast<std::size_t>(i + gap);
             if (greaterAt(a, b)) {
                 detail::swapEntries(table, a, b);
-                Swap(keys[a], keys[b]);
+                std::swap(keys[a], keys[b]);
                 if (parsed) parsed->swap(a, b);
                 swapped = true;
             }
@@ -275,7 +256,6 @@ void CombSort(App& app, Table& table, int column, std::optional<int> upper, Sort
 // breathe. Plain text order for every column; it cannot be cancelled.
 template <class Table>
 void ExchangeSort(App& app, Table& table, int column, int upper, SortOrder order) {
-    static_assert(ArrayRank<Table>::value == 1 || ArrayRank<Table>::value == 2);
     detail::checkRange(table, upper + 1);
     auto keys = detail::makeKeys(table, column, upper + 1, order.caseSensitive);
     detail::Greater greater;
@@ -288,8 +268,8 @@ void ExchangeSort(App& app, Table& table, int column, int upper, SortOrder order
         for (int j = 0; j <= upper; ++j) {
             const auto a = static_cast<std::size_t>(j);
             if (greater(keys[a], keys[a + 1])) {
-                SwapElements(table, j, j + 1);
-                Swap(keys[a], keys[a + 1]);
+                SwapRows(table, j, j + 1);
+                std::swap(keys[a], keys[a + 1]);
                 swapped = true;
             }
         }

@@ -11,13 +11,12 @@ namespace {
     throw RunError(InvalidPatternError, "Invalid pattern string");
 }
 
-} // namespace
-
 // Bytes that do not start a complete sequence count as one character each, so a stray byte
 // can never make a value unmatchable by "?" or "*".
 char32_t NextCodePoint(std::string_view s, std::size_t& i) {
     return text::nextChar(s, i);
 }
+} // namespace
 
 LikePattern::LikePattern(std::string_view pattern) {
     const std::u32string p = text::toU32(pattern);

@@ -47,8 +47,4 @@ private:
 
 bool Like(std::string_view value, std::string_view pattern);
 
-// The code point of UTF-8 text at byte i, advancing i past it. A byte that does not start a
-// complete sequence is one character of its own value.
-char32_t NextCodePoint(std::string_view s, std::size_t& i);
-
 } // namespace nebkaro

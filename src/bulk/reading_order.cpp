@@ -12,21 +12,25 @@ float OverlapTolerance(double percent) {
     return static_cast<float>((100.0 - percent) / 100.0);
 }
 
+namespace {
+
+// Exchanges two slots of the glyph table, all attributes, and the pictures of the two glyph
+// images (each picture keeps its size, so widths follow their signs).
 void SwapGlyphSlots(App& app, int i, int j) {
     std::swap(app.glyphs[i], app.glyphs[j]);
     auto& pics = app.view.mainGlyphPic;
     std::swap(pics.at(static_cast<std::size_t>(i)).picture,
               pics.at(static_cast<std::size_t>(j)).picture);
 }
-
-namespace {
 // Int((X + width) * tol): the scaled right edge of the sign in slot i.
 double scaledEdge(const App& app, int i, float tol) {
     const int w = app.view.mainGlyphPic[static_cast<std::size_t>(i)].picture.width;
     return std::floor((app.glyphs[i].x + w) * static_cast<double>(tol));
 }
-} // namespace
 
+// Orders the used slots of app.glyphs (up to the first unused one) of the word on show. The
+// right edge (X + picture width) is scaled by tol; each slot's own edge is taken once before
+// its comparisons and not again after an exchange, as the order has always been computed.
 void OrderGlyphs(App& app, float tol) {
     GlyphTable& g = app.glyphs;
     int last = -1;
@@ -49,6 +53,9 @@ void OrderGlyphs(App& app, float tol) {
     }
 }
 
+// The layout text ("A1( 0, 0) - G17( 300, 0) ") and the Gardiner notation ("A1 - G17 ") of
+// the used slots in slot order, each with the trailing blank the cut leaves. A word without
+// signs is an InvalidArgument error.
 std::pair<std::string, std::string> ReadingOrderTexts(App& app) {
     std::string layout;
     std::string gardiner;
@@ -66,6 +73,7 @@ std::pair<std::string, std::string> ReadingOrderTexts(App& app) {
     gardiner.resize(gardiner.size() - 2);
     return {layout, gardiner};
 }
+} // namespace
 
 void SortGardinerAll(App& app, double overlapPercent) {
     DictionaryStore& store = app.store;

@@ -2,7 +2,7 @@
 // Finding a word by one of its text fields: the criteria, the matching rules, the walk over the
 // dictionary, and the Find, Find Next and Find Previous commands of the main window.
 #include "bulk/like.h"
-#include "bulk/search_state.h"
+#include "core/search_state.h"
 
 #include <cstddef>
 #include <functional>

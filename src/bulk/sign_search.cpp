@@ -172,6 +172,8 @@ std::string SignQueryText(const SignQuery& query) {
     return out;
 }
 
+namespace {
+
 SignQuery SignQueryFromText(std::string_view codes, bool foldVariants) {
     SignQuery q;
     q.foldVariants = foldVariants;
@@ -184,11 +186,12 @@ SignQuery SignQueryFromText(std::string_view codes, bool foldVariants) {
     }
     return q;
 }
+} // namespace
 
 } // namespace nebkaro
 
-#include "bulk/search_state.h"
 #include "core/app.h"
+#include "core/search_state.h"
 
 namespace nebkaro {
 

@@ -42,9 +42,8 @@ std::vector<int> FindAllBySigns(const DictionaryStore& store, const SignQuery& q
 // The first such word from start towards end (inclusive, step +1 or -1), or -1.
 int FindBySigns(const DictionaryStore& store, const SignQuery& query, int start, int end, int step);
 
-// The query as the search remembers it ("G17-D21"), and back.
+// The query as the search remembers it ("G17-D21").
 std::string SignQueryText(const SignQuery& query);
-SignQuery SignQueryFromText(std::string_view codes, bool foldVariants);
 
 } // namespace nebkaro
 

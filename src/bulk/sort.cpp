@@ -11,6 +11,12 @@
 
 namespace nebkaro {
 
+namespace {
+
+// Rebuilds field 4 of words 0..lastIndex character by character through Trans2Code:
+// direction 0 encodes (column 0), 1 decodes (column 1). It leaves sortField at 4. A character
+// above code 255 is SubscriptOutOfRange: the words before it are rebuilt already, that word's
+// field stays as it was.
 void EncodeTransliteration(App& app, int direction) {
     DictionaryStore& store = app.store;
     app.sortDialog.sortField = SortField::Translit;
@@ -28,8 +34,6 @@ void EncodeTransliteration(App& app, int direction) {
     for (int w = 0; w <= store.lastIndex; ++w)
         store.setField(w, FieldTranslit, std::move(coded[static_cast<std::size_t>(w)]));
 }
-
-namespace {
 std::vector<int> orderOfKeys(const std::vector<std::string>& keys, int last, SortOrder order) {
     std::vector<int> index(static_cast<std::size_t>(std::max(last + 1, 0)));
     std::iota(index.begin(), index.end(), 0);
@@ -58,6 +62,9 @@ std::vector<int> ToolbarOrder(const DictionaryStore& store, int last, int field,
     return orderOfKeys(detail::makeKeys(store, field, last, order.caseSensitive), last, order);
 }
 
+namespace {
+
+// The name Undo gives a sort by this field: "Sort by Meaning".
 std::string SortStepName(SortField field) {
     switch (field) {
     case SortField::Meaning:
@@ -74,8 +81,6 @@ std::string SortStepName(SortField field) {
         return "Sort";
     }
 }
-
-namespace {
 
 // The classic order sorts coded transliterations; however the sort ends (done, cancelled, an
 // error), the words are decoded again before anything else sees them.

@@ -14,12 +14,6 @@ namespace nebkaro {
 
 struct App;
 
-// Rebuilds field 4 of words 0..lastIndex character by character through Trans2Code:
-// direction 0 encodes (column 0), 1 decodes (column 1). It leaves sortField at 4. A character
-// above code 255 is SubscriptOutOfRange: the words before it are rebuilt already, that word's
-// field stays as it was.
-void EncodeTransliteration(App& app, int direction);
-
 // The order the tool-bar sort's exchange passes produce on rows 0..last by one field: the
 // stable order of "a > b" (after exchanging a and b for reverse order and upper-casing both
 // when case does not count). Entry k is the old index of the row that goes to k.
@@ -31,8 +25,6 @@ std::vector<int> ToolbarOrder(const DictionaryStore& store, int last, int field,
 // put into ToolbarOrder, the counter label counting down to 0, the dictionary marked changed
 // and the word at the unchanged current index shown again.
 void ToolbarSort(App& app, SortField field, SortOrder order);
-// The name Undo gives a sort by this field: "Sort by Meaning".
-std::string SortStepName(SortField field);
 
 // The menu sort without its questions: the progress dialog, the comb sort of rows
 // 0..lastIndex (cancellable; algorithm 1 runs the exchange sort instead, which no command

@@ -11,6 +11,7 @@
 #include "core/text.h"
 #include "editing/word_editing.h"
 
+#include <functional>
 #include <map>
 
 namespace fs = std::filesystem;
@@ -43,6 +44,23 @@ T choice(const std::map<std::string, T>& table, const std::string& option,
 
 bool empty(const ConsoleApp& c) {
     return c.app.store.lastIndex < 0;
+}
+
+// Runs a whole-dictionary change that works word by word over FILE and writes the result to
+// OUT; a word it cannot change stops it, names the word, and nothing is written.
+void changeEachWord(const fs::path& home, const Args& a, const std::string& failure,
+                    const std::function<void(App&)>& change) {
+    ConsoleApp c(home);
+    prepare(c, a.positional()[0], false);
+    if (!empty(c)) {
+        try {
+            change(c.app);
+        } catch (const RunError& e) {
+            throw Failure("word " + std::to_string(c.app.store.currentIndex) + " cannot be " +
+                          failure + ": " + e.report() + "; nothing written");
+        }
+    }
+    writeDictionary(c, a.required("-o"));
 }
 
 } // namespace
@@ -100,17 +118,7 @@ int cmdFlip(const fs::path& home, const std::vector<std::string>& argv) {
     const FlipMode mode = choice<FlipMode>(
         {{"left", FlipMode::Left}, {"right", FlipMode::Right}, {"invert", FlipMode::Invert}},
         "--to", a.required("--to"));
-    ConsoleApp c(home);
-    prepare(c, a.positional()[0], false);
-    if (!empty(c)) {
-        try {
-            FlipAll(c.app, mode);
-        } catch (const RunError& e) {
-            throw Failure("word " + std::to_string(c.app.store.currentIndex) +
-                          " cannot be flipped: " + e.report() + "; nothing written");
-        }
-    }
-    writeDictionary(c, a.required("-o"));
+    changeEachWord(home, a, "flipped", [mode](App& app) { FlipAll(app, mode); });
     return 0;
 }
 
@@ -120,17 +128,8 @@ int cmdReadingOrder(const fs::path& home, const std::vector<std::string>& argv) 
         throw Usage("reading-order takes FILE [--overlap PERCENT] -o OUT");
     // The answer is read as the input box reads it: a number as far as it goes.
     const double percent = text::leadingNumber(a.value("--overlap").value_or("20"));
-    ConsoleApp c(home);
-    prepare(c, a.positional()[0], false);
-    if (!empty(c)) {
-        try {
-            SortGardinerAll(c.app, percent);
-        } catch (const RunError& e) {
-            throw Failure("word " + std::to_string(c.app.store.currentIndex) +
-                          " cannot be put in reading order: " + e.report() + "; nothing written");
-        }
-    }
-    writeDictionary(c, a.required("-o"));
+    changeEachWord(home, a, "put in reading order",
+                   [percent](App& app) { SortGardinerAll(app, percent); });
     return 0;
 }
 

@@ -2,7 +2,7 @@
 #include "cli/console.h"
 #include "cli/subcommands.h"
 #include "core/dictionary_store.h"
-#include "exchange/word_pages.h"
+#include "exchange/word_pages_qt.h"
 
 #include <QGuiApplication>
 

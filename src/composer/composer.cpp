@@ -324,18 +324,21 @@ void Composer::KeyDown(int i, int keyCode) {
 
 void Composer::DeleteSign(int i) {
     if (i < 0 || i > LastSlot) return;
-    auto homeOf = [&](int k) { return HomeGeometry[static_cast<std::size_t>(k)]; };
+    // An image that no longer shows a sign: the empty-slot square at its home place.
+    auto toEmptySlot = [&](int k, SlotBackground background, bool visible) {
+        CanvasImage& image = GlyphPic[static_cast<std::size_t>(k)];
+        image.visible = visible;
+        image.background = background;
+        image.width = ComposeGeometry::EmptySize;
+        image.height = ComposeGeometry::EmptySize;
+        image.left = HomeGeometry[static_cast<std::size_t>(k)].leftValue;
+        image.top = HomeGeometry[static_cast<std::size_t>(k)].topValue;
+    };
     if (i == LastSlot) {
         // The last image has no later one to take its place: it becomes an empty slot again,
         // while its row of the table stays (OK still takes that sign).
-        CanvasImage& image = GlyphPic[static_cast<std::size_t>(i)];
         clearPicture(i);
-        image.visible = true;
-        image.background = SlotBackground::ButtonFace;
-        image.width = ComposeGeometry::EmptySize;
-        image.height = ComposeGeometry::EmptySize;
-        image.left = homeOf(i).leftValue;
-        image.top = homeOf(i).topValue;
+        toEmptySlot(i, SlotBackground::ButtonFace, true);
         showSigns();
         return;
     }
@@ -363,15 +366,7 @@ void Composer::DeleteSign(int i) {
     // The signs before the empty slot are what Delete Last works back from, so its next
     // click takes the last of them.
     LastGlyph = f;
-    for (int k = f; k <= LastSlot; ++k) {
-        CanvasImage& image = GlyphPic[static_cast<std::size_t>(k)];
-        image.visible = false;
-        image.background = SlotBackground::Workspace;
-        image.width = ComposeGeometry::EmptySize;
-        image.height = ComposeGeometry::EmptySize;
-        image.left = homeOf(k).leftValue;
-        image.top = homeOf(k).topValue;
-    }
+    for (int k = f; k <= LastSlot; ++k) toEmptySlot(k, SlotBackground::Workspace, false);
     GlyphPic[static_cast<std::size_t>(f)].visible = true;
     GlyphPic[static_cast<std::size_t>(f)].background = SlotBackground::ButtonFace;
 }

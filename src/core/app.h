@@ -1,16 +1,16 @@
 #pragma once
 // The program-wide state and the ports through which the logic reaches the desktop. One App
 // lives from start-up to exit and is passed by reference; nothing else is global.
-#include "bulk/search_state.h"
 #include "core/command_registry.h"
 #include "core/dictionary_store.h"
 #include "core/glyph_table.h"
 #include "core/ports.h"
+#include "core/search_state.h"
 #include "core/settings.h"
 #include "core/sign_lists.h"
 #include "core/sort_field.h"
+#include "core/undo_history.h"
 #include "core/word_view.h"
-#include "editing/undo.h"
 
 #include <cstdint>
 #include <filesystem>

@@ -93,9 +93,13 @@ PackedDictionary ReadDictionaryPacked(std::string textValue, int maxWords) {
     return out;
 }
 
+namespace {
+
+// The writer's form: the header line when hasHeader, then rows 0..lastIndex.
 std::string HeaderLine(const DictionaryHeader& header) {
     return WordLine(header);
 }
+} // namespace
 
 std::string WordLine(const WordRecord& word) {
     std::string line;
@@ -274,12 +278,13 @@ std::string ConvertedLinesText(const std::vector<int>& lines) {
     return t + " not UTF-8 text and read as Windows-1252";
 }
 
+namespace {
+
+// What a failed save says: the file, the reason, and that the dictionary is still open.
 std::string FailedSaveText(const std::string& path, const RunError& e) {
     return "'" + path + "' could not be saved: " + e.description() +
            "\r\nThe dictionary is still open; nothing in it was lost.";
 }
-
-namespace {
 bool sameFile(const fs::path& a, const fs::path& b) {
     if (b.empty()) return false;
     std::error_code ec;
@@ -385,12 +390,18 @@ bool ConfirmHeader(App& app, DictionaryHeader& boxes) {
     return true;
 }
 
+namespace {
+
+// Before the dictionary is replaced or closed: when the store changed or the word on show has
+// edits not yet stored, asks prompt (Yes, No and Cancel); Yes saves. True when the command
+// may go on: no changes, No, or Yes and saved.
 bool OfferToSaveChanges(App& app, const std::string& prompt, const std::string& title, Icon icon) {
     if (!app.store.isChanged && !app.wordEdited(app)) return true;
     const Answer a = app.dialogs.message(prompt, title, Buttons::YesNoCancel, icon);
     if (a == Answer::Cancel) return false;
     return a == Answer::No || SaveDictionary(app);
 }
+} // namespace
 
 void OpenDictionaryDialog(App& app) {
     DictionaryStore& store = app.store;

@@ -42,7 +42,6 @@ struct PackedDictionary {
 PackedDictionary ReadDictionaryPacked(std::string text, int maxWords);
 
 // The writer's form: the header line when hasHeader, then rows 0..lastIndex.
-std::string HeaderLine(const DictionaryHeader& header);
 std::string WordLine(const WordRecord& word);
 std::string DictionaryFileText(const DictionaryStore& store, bool withWords = true);
 
@@ -67,19 +66,12 @@ enum class LoadOutcome { Loaded, Failed, NotFound };
 // lines read as Windows-1252 are named in the status bar (ConvertedLinesText).
 LoadOutcome LoadDictionary(App& app);
 class RunError;
-// What a failed save says: the file, the reason, and that the dictionary is still open.
-std::string FailedSaveText(const std::string& path, const RunError& e);
 // "Lines 3, 7 were not UTF-8 text and read as Windows-1252"
 std::string ConvertedLinesText(const std::vector<int>& lines);
 // Stores the word on show, then writes the store to dictionaryPath. True when written. An
 // untitled dictionary asks where to save first. Replacing an existing file other than the one
 // the dictionary came from, or the file a load stopped early in, asks Yes/No first.
 bool SaveDictionary(App& app);
-
-// Before the dictionary is replaced or closed: when the store changed or the word on show has
-// edits not yet stored, asks prompt (Yes, No and Cancel); Yes saves. True when the command
-// may go on: no changes, No, or Yes and saved.
-bool OfferToSaveChanges(App& app, const std::string& prompt, const std::string& title, Icon icon);
 
 // The dictionary information dialog's confirming button: refuses "R" and "L" as value 0
 // (emptying box 0), otherwise copies the boxes into the header. True when accepted.

@@ -2,6 +2,7 @@
 
 #include "core/errors.h"
 #include "core/text.h"
+#include "core/twips.h"
 
 #include <algorithm>
 #include <cctype>
@@ -191,8 +192,9 @@ long temporaryNamePid(const std::string& name) {
 bool processRuns(long pid) {
     return ::kill(static_cast<pid_t>(pid), 0) == 0 || errno == EPERM;
 }
-} // namespace
 
+// Removes from dir the temporary files of our saves whose writing process no longer runs
+// (their names carry the writer's process id); another running save's file stays.
 void removeStaleTemporaries(const fs::path& dir) {
     std::error_code ec;
     for (fs::directory_iterator it(dir, ec), end; !ec && it != end; it.increment(ec)) {
@@ -203,6 +205,7 @@ void removeStaleTemporaries(const fs::path& dir) {
             ::unlink(it->path().c_str());
     }
 }
+} // namespace
 
 void AtomicFileWriter::write(const fs::path& requested, const std::string& bytes) {
     const fs::path path = saveTarget(requested);
@@ -254,6 +257,10 @@ void AtomicFileWriter::write(const fs::path& requested, const std::string& bytes
     }
 }
 
+namespace {
+
+// A sign code that can name a picture file: not empty, no path separators, no control
+// characters, not starting with a dot. Anything else never reaches the file system.
 bool isCodeShaped(const std::string& code) {
     if (code.empty() || code.size() > 64 || code[0] == '.') return false;
     for (unsigned char c : code)
@@ -261,6 +268,8 @@ bool isCodeShaped(const std::string& code) {
     return true;
 }
 
+// The natural size of a GIF read from its header (logical screen width and height), in
+// pixels; false when the bytes are not a GIF.
 bool gifSize(const std::string& bytes, int& width, int& height) {
     if (bytes.size() < 10 ||
         (bytes.compare(0, 6, "GIF87a") != 0 && bytes.compare(0, 6, "GIF89a") != 0))
@@ -270,6 +279,7 @@ bool gifSize(const std::string& bytes, int& width, int& height) {
     height = u(8) | (u(9) << 8);
     return width > 0 && height > 0;
 }
+} // namespace
 
 fs::path signPicturePath(const fs::path& home, Library library, Direction direction,
                          const std::string& code) {
@@ -324,8 +334,8 @@ SignPicture FolderSignPictures::readPicture(Library library, Direction direction
         }
     }
     if (gifSize(head, w, h)) {
-        p.width = w * 15;
-        p.height = h * 15;
+        p.width = w * TwipsPerPixel;
+        p.height = h * TwipsPerPixel;
         p.ok = true;
     }
     return p;

@@ -39,19 +39,8 @@ public:
     void write(const std::filesystem::path& path, const std::string& bytes) override;
 };
 
-// Removes from dir the temporary files of our saves whose writing process no longer runs
-// (their names carry the writer's process id); another running save's file stays.
-void removeStaleTemporaries(const std::filesystem::path& dir);
 // The temporary name pattern of a save to file by process pid, before mkstemp fills XXXXXX.
 std::string temporaryNamePattern(const std::string& fileName, long pid);
-
-// A sign code that can name a picture file: not empty, no path separators, no control
-// characters, not starting with a dot. Anything else never reaches the file system.
-bool isCodeShaped(const std::string& code);
-
-// The natural size of a GIF read from its header (logical screen width and height), in
-// pixels; false when the bytes are not a GIF.
-bool gifSize(const std::string& bytes, int& width, int& height);
 
 // Sign pictures from the program folder: <home>/<library>/<direction>/<first letter>/<code>.GIF
 class FolderSignPictures : public SignPictures {

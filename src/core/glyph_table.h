@@ -9,7 +9,6 @@
 namespace nebkaro {
 
 struct GlyphSlot {
-    double attr0 = 0;
     int entry = 0; // entry number in the sign list
     double x = 0;  // left
     double y = 0;  // top
@@ -28,4 +27,3 @@ struct GlyphTable {
 };
 
 } // namespace nebkaro
-

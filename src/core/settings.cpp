@@ -33,6 +33,9 @@ std::string SettingsText(const Settings& s, const std::string& dictionaryName) {
     return t;
 }
 
+namespace {
+
+// The whole file as text, empty when it cannot be read for any reason.
 std::string ReadWholeFile(const fs::path& path) {
     try {
         return text::decodeFileText(readFileBytes(path, MaxSettingsBytes));
@@ -40,6 +43,7 @@ std::string ReadWholeFile(const fs::path& path) {
         return {};
     }
 }
+} // namespace
 
 std::string GetSettingValue(const std::string& textValue, const std::string& key) {
     if (key.empty()) return {};
@@ -106,6 +110,10 @@ void ApplySettings(App& app, const fs::path& path) {
     app.settings.pictureScale = number("Word Picture Scale", 1, 1, 8);
 }
 
+namespace {
+
+// The dictionary as the settings file keeps it: its file name when it is in the Dictionaries
+// folder, otherwise its full path.
 std::string RememberedDictionaryName(const App& app) {
     const DictionaryStore& store = app.store;
     if (store.untitled || store.dictionaryPath.empty())
@@ -118,6 +126,7 @@ std::string RememberedDictionaryName(const App& app) {
         return file.filename().string();
     return file.lexically_normal().string();
 }
+} // namespace
 
 void WriteSettingsFile(App& app, const fs::path& path) {
     const std::string t = SettingsText(app.settings, RememberedDictionaryName(app)) + "\r\n";

@@ -31,16 +31,11 @@ std::filesystem::path settingsPath(const std::filesystem::path& home);
 
 // The text written for the current values (without the final extra line end added on write).
 std::string SettingsText(const Settings& settings, const std::string& dictionaryName);
-// The whole file as text, empty when it cannot be read for any reason.
-std::string ReadWholeFile(const std::filesystem::path& path);
 // Value of the first case-blind occurrence of key, from the "=" after it to the line end,
 // trimmed; empty text when the key is absent.
 std::string GetSettingValue(const std::string& text, const std::string& key);
 // Defaults, then the file's values; a missing or empty file gives a notice.
 void ApplySettings(App& app, const std::filesystem::path& path);
-// The dictionary as the settings file keeps it: its file name when it is in the Dictionaries
-// folder, otherwise its full path.
-std::string RememberedDictionaryName(const App& app);
 // Writes the settings file, creating the System folder when it is missing.
 void WriteSettingsFile(App& app, const std::filesystem::path& path);
 

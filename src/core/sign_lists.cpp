@@ -24,9 +24,12 @@ int SignLists::findPhonetic(int column, const std::string& value) const {
     return -1;
 }
 
+namespace {
+
 fs::path signListPath(const fs::path& home, Library library) {
     return home / "Lists" / (library == Library::Basic ? "BasicList.csv" : "Extendedlist.csv");
 }
+} // namespace
 
 void ParseSignList(SignLists& lists, const std::string& text) {
     FieldReader in(text);

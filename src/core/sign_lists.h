@@ -37,8 +37,6 @@ struct SignLists {
     int findPhonetic(int column, const std::string& value) const;
 };
 
-std::filesystem::path signListPath(const std::filesystem::path& home, Library library);
-
 // Each throws ProgramFileError (naming the file) when the file cannot be read or is malformed.
 void LoadSignList(SignLists& lists, const std::filesystem::path& home, Library library);
 void LoadTrans2Code(SignLists& lists, const std::filesystem::path& home);

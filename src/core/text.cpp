@@ -11,6 +11,8 @@
 
 namespace nebkaro::text {
 
+namespace {
+
 std::string trimLeft(std::string_view s) {
     std::size_t b = 0;
     while (b < s.size() && s[b] == ' ') ++b;
@@ -22,6 +24,7 @@ std::string trimRight(std::string_view s) {
     while (e > 0 && s[e - 1] == ' ') --e;
     return std::string(s.substr(0, e));
 }
+} // namespace
 
 std::string trim(std::string_view s) {
     return trimLeft(trimRight(s));
@@ -164,13 +167,6 @@ char32_t firstChar(std::string_view s) {
     return nextChar(s, i);
 }
 
-std::size_t charCount(std::string_view s) {
-    std::size_t n = 0;
-    for (unsigned char b : s)
-        if ((b & 0xC0) != 0x80) ++n;
-    return n;
-}
-
 std::string upper(std::string_view s) {
     std::string out;
     out.reserve(s.size());
@@ -186,6 +182,8 @@ std::string upper(std::string_view s) {
     }
     return out;
 }
+
+namespace {
 
 bool isValidUtf8(std::string_view s) {
     std::size_t i = 0;
@@ -228,6 +226,7 @@ bool isValidUtf8(std::string_view s) {
     }
     return true;
 }
+} // namespace
 
 std::string decodeFileText(std::string bytes, std::vector<int>* convertedLines) {
     std::string_view view(bytes);

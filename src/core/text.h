@@ -11,8 +11,6 @@ namespace nebkaro::text {
 
 // Blanks (spaces only) removed from both ends, as the dictionary's users have always had it.
 std::string trim(std::string_view s);
-std::string trimLeft(std::string_view s);
-std::string trimRight(std::string_view s);
 
 // 1-based position of needle in hay at or after start (1-based), 0 when absent. An empty
 // needle is found at start when start is within the text.
@@ -36,9 +34,7 @@ void appendUtf8(std::string& out, char32_t c);
 char32_t nextChar(std::string_view s, std::size_t& i);
 // First code point of s, 0 for an empty text.
 char32_t firstChar(std::string_view s);
-std::size_t charCount(std::string_view s);
 
-bool isValidUtf8(std::string_view bytes);
 // Bytes of a file: kept when valid UTF-8 (a leading byte-order mark dropped); a line that is
 // not valid UTF-8 is read as Windows-1252, the code page dictionaries made on Windows are
 // written in, and its number (from 1) is added to convertedLines. UTF-16 text (by its

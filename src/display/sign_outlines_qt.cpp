@@ -1,4 +1,5 @@
 #include "display/sign_outlines_qt.h"
+#include "core/twips.h"
 
 #include "core/library_direction.h"
 
@@ -21,7 +22,6 @@ namespace nebkaro {
 
 namespace {
 
-constexpr double TwipsPerPixel = 15.0;
 // The pictures' ink was darkened so that the font's thin lines come out black; a thin stroke
 // around the outline gives the same weight.
 constexpr double InkStroke = 0.45;
@@ -310,7 +310,7 @@ QPainterPath SignOutline(const SignPicture& picture) {
     if (ink.isEmpty()) return {};
     // The picture is the ink cropped with a margin: a picture of another size is not the
     // font's picture of this sign.
-    const double w = picture.width / TwipsPerPixel, h = picture.height / TwipsPerPixel;
+    const double w = toPixels(picture.width), h = toPixels(picture.height);
     const QRectF inkBox = ink.boundingRect();
     if (std::abs(inkBox.width() + 2 - w) > PictureTolerance ||
         std::abs(inkBox.height() + 2 - h) > PictureTolerance)
@@ -321,8 +321,7 @@ QPainterPath SignOutline(const SignPicture& picture) {
 bool PaintSignOutline(QPainter& painter, const SignPicture& picture, const QRectF& box) {
     const QPainterPath outline = SignOutline(picture);
     if (outline.isEmpty()) return false;
-    paintOutline(painter, outline, box, picture.width / TwipsPerPixel,
-                 picture.height / TwipsPerPixel);
+    paintOutline(painter, outline, box, toPixels(picture.width), toPixels(picture.height));
     return true;
 }
 
@@ -351,7 +350,7 @@ QString SvgPathData(const QPainterPath& outline) {
 }
 
 void PaintSign(QPainter& painter, const SignPicture& picture, const QRectF& box) {
-    const double w = picture.width / TwipsPerPixel, h = picture.height / TwipsPerPixel;
+    const double w = toPixels(picture.width), h = toPixels(picture.height);
     const QTransform& t = painter.deviceTransform();
     const double scale = std::max(std::hypot(t.m11(), t.m12()) * box.width() / std::max(w, 1.0),
                                   std::hypot(t.m21(), t.m22()) * box.height() / std::max(h, 1.0));
@@ -375,7 +374,7 @@ void PaintSign(QPainter& painter, const SignPicture& picture, const QRectF& box)
 }
 
 QImage SignImage(const SignPicture& picture, double scale) {
-    const double w = picture.width / TwipsPerPixel, h = picture.height / TwipsPerPixel;
+    const double w = toPixels(picture.width), h = toPixels(picture.height);
     const QSize size(std::max(1, static_cast<int>(std::lround(w * scale))),
                      std::max(1, static_cast<int>(std::lround(h * scale))));
     if (scale <= 1.01) {

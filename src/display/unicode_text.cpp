@@ -39,43 +39,37 @@ bool shareMost(double a0, double a1, double b0, double b1) {
 using Row = std::vector<Box>;
 using Group = std::vector<Row>;
 
+// Splits boxes, in order, into runs: a box joins the run before it when its extent from `lo`
+// to `hi` shares most of the run's extent so far.
+std::vector<Row> cluster(const Row& boxes, double Box::*lo, double Box::*hi) {
+    std::vector<Row> runs;
+    double runLo = 0, runHi = 0;
+    for (const Box& b : boxes) {
+        if (!runs.empty() && shareMost(runLo, runHi, b.*lo, b.*hi)) {
+            runs.back().push_back(b);
+            runLo = std::min(runLo, b.*lo);
+            runHi = std::max(runHi, b.*hi);
+        } else {
+            runs.push_back({b});
+            runLo = b.*lo;
+            runHi = b.*hi;
+        }
+    }
+    return runs;
+}
+
 // Signs whose horizontal extents share most of their width form a group (a column of the
 // word); inside it, signs whose vertical extents share most of their height form a row.
 std::vector<Group> groupSigns(std::vector<Box> boxes) {
     std::stable_sort(boxes.begin(), boxes.end(), [](const Box& a, const Box& b) {
         return a.start < b.start || (a.start == b.start && a.top < b.top);
     });
-    std::vector<std::vector<Box>> columns;
-    double colStart = 0, colEnd = 0;
-    for (const Box& b : boxes) {
-        if (!columns.empty() && shareMost(colStart, colEnd, b.start, b.end)) {
-            columns.back().push_back(b);
-            colStart = std::min(colStart, b.start);
-            colEnd = std::max(colEnd, b.end);
-        } else {
-            columns.push_back({b});
-            colStart = b.start;
-            colEnd = b.end;
-        }
-    }
     std::vector<Group> groups;
-    for (auto& col : columns) {
+    for (Row& col : cluster(boxes, &Box::start, &Box::end)) {
         std::stable_sort(col.begin(), col.end(), [](const Box& a, const Box& b) {
             return a.top < b.top || (a.top == b.top && a.start < b.start);
         });
-        Group g;
-        double rowTop = 0, rowBottom = 0;
-        for (const Box& b : col) {
-            if (!g.empty() && shareMost(rowTop, rowBottom, b.top, b.bottom)) {
-                g.back().push_back(b);
-                rowTop = std::min(rowTop, b.top);
-                rowBottom = std::max(rowBottom, b.bottom);
-            } else {
-                g.push_back({b});
-                rowTop = b.top;
-                rowBottom = b.bottom;
-            }
-        }
+        Group g = cluster(col, &Box::top, &Box::bottom);
         for (Row& r : g)
             std::stable_sort(r.begin(), r.end(),
                              [](const Box& a, const Box& b) { return a.start < b.start; });

@@ -1,5 +1,6 @@
 #include "display/word_picture_qt.h"
 
+#include "core/twips.h"
 #include "display/sign_outlines_qt.h"
 
 #include <QBuffer>
@@ -13,26 +14,24 @@
 namespace nebkaro {
 
 namespace {
-constexpr double TwipsPerPixel = 15.0;
 
 QSize pixelSize(const WordPicture& picture) {
     // A part of a pixel still needs the whole pixel.
-    return {std::max(1, static_cast<int>(std::ceil(picture.width / TwipsPerPixel))),
-            std::max(1, static_cast<int>(std::ceil(picture.height / TwipsPerPixel)))};
+    return {std::max(1, static_cast<int>(std::ceil(toPixels(picture.width)))),
+            std::max(1, static_cast<int>(std::ceil(toPixels(picture.height))))};
 }
 } // namespace
 
 int twipsToPixels(double twips) {
-    return static_cast<int>(std::lround(twips / TwipsPerPixel));
+    return static_cast<int>(std::lround(toPixels(twips)));
 }
 
 void PaintWordPicture(QPainter& painter, const WordPicture& picture) {
     for (const PlacedPicture& p : picture.pictures) {
         // Signs stand on whole pixels at 100 %, as the word view places them.
         const QPointF at(twipsToPixels(p.x), twipsToPixels(p.y));
-        PaintSign(
-            painter, p.picture,
-            QRectF(at, QSizeF(p.picture.width / TwipsPerPixel, p.picture.height / TwipsPerPixel)));
+        PaintSign(painter, p.picture,
+                  QRectF(at, QSizeF(toPixels(p.picture.width), toPixels(p.picture.height))));
     }
 }
 
@@ -84,8 +83,8 @@ QByteArray WordPictureSvg(const WordPicture& picture, double scale) {
                                   "stroke-linejoin=\"round\"/></g>\n")
                        .arg(x)
                        .arg(y)
-                       .arg(p.picture.width / TwipsPerPixel)
-                       .arg(p.picture.height / TwipsPerPixel)
+                       .arg(toPixels(p.picture.width))
+                       .arg(toPixels(p.picture.height))
                        .arg(SvgPathData(outline))
                        .arg(SignInkStroke())
                        .toUtf8();

@@ -1,4 +1,4 @@
-#include "exchange/word_pages.h"
+#include "exchange/word_pages_qt.h"
 
 #include "core/app.h"
 #include "core/errors.h"

@@ -1,5 +1,6 @@
 #include "print/print_document_qt.h"
 
+#include "display/qstring_qt.h"
 #include "display/sign_outlines_qt.h"
 
 #include <QColor>
@@ -34,10 +35,6 @@ constexpr int SideBySideWidth = 4 * 1440;
 constexpr double SignsShare = 0.45;
 constexpr int SignsToTextGap = 300;
 constexpr double SmallestPictureScale = 0.05;
-
-QString qs(const std::string& s) {
-    return QString::fromStdString(s);
-}
 
 QFont fontOf(const QString& family, double points, QFont::StyleHint hint, bool bold = false,
              bool italic = false) {

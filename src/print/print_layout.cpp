@@ -7,9 +7,12 @@
 
 namespace nebkaro::print {
 
+namespace {
+
 int millimetresToTwips(double mm) {
     return static_cast<int>(std::lround(mm * TwipsPerInch / 25.4));
 }
+} // namespace
 
 const std::vector<PaperSize>& paperSizes() {
     static const std::vector<PaperSize> sizes = {
@@ -22,11 +25,15 @@ const std::vector<PaperSize>& paperSizes() {
     return sizes;
 }
 
+namespace {
+
+// The size of the named paper; an unknown name is A4.
 PaperSize paperSize(const std::string& name) {
     for (const PaperSize& p : paperSizes())
         if (p.name == name) return p;
     return paperSizes().front();
 }
+} // namespace
 
 int printResolution(int quality) {
     switch (quality) {

@@ -12,7 +12,6 @@
 namespace nebkaro::print {
 
 constexpr int TwipsPerInch = 1440;
-int millimetresToTwips(double mm);
 
 // The printer choice that writes a PDF file instead of paper; always offered.
 inline constexpr const char* PdfPrinterName = "PDF file";
@@ -55,8 +54,6 @@ struct PaperSize {
 };
 // The paper sizes offered: A4, Letter, Legal, A5, A3.
 const std::vector<PaperSize>& paperSizes();
-// The size of the named paper; an unknown name is A4.
-PaperSize paperSize(const std::string& name);
 
 struct PrintOptions {
     std::string printer = PdfPrinterName;

@@ -24,6 +24,11 @@ void SetTypewriterLayout(TypewriterState& state, bool alphabetical) {
     state.caption = alphabetical ? "Typewriter - Alphabetical" : "Typewriter - Egyptological";
 }
 
+namespace {
+
+// The text of the box the typewriter types into: TransLitTxt of the main window, txtSearch of
+// the Search dialog while it is loaded, or a box the browser or the composer hands over.
+// nullptr when that box does not exist now.
 std::string* targetText(App& app) {
     switch (app.typewriterTarget) {
     case TypewriterTarget::MainTransLit:
@@ -38,8 +43,6 @@ std::string* targetText(App& app) {
     }
     return nullptr;
 }
-
-namespace {
 
 // The target box's Change: the main window's box counts as typed into, like a key press would
 // make it; every box shows its new text.

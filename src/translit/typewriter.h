@@ -42,11 +42,6 @@ void TypewriterLoad(const App& app, TypewriterState& state);
 // already typed is not touched.
 void SetTypewriterLayout(TypewriterState& state, bool alphabetical);
 
-// The text of the box the typewriter types into: TransLitTxt of the main window, txtSearch of
-// the Search dialog while it is loaded, or a box the browser or the composer hands over.
-// nullptr when that box does not exist now.
-std::string* targetText(App& app);
-
 // The keys act on the end of the target's text, whatever the caret. Each returns false (after
 // a beep) when there is no target box to type into.
 bool TypewriterKey(App& app, std::string_view caption);

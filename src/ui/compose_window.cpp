@@ -1,5 +1,6 @@
 #include "ui/compose_window.h"
 
+#include "display/qstring_qt.h"
 #include "display/zoom.h"
 
 #include "core/guarded.h"
@@ -31,9 +32,6 @@
 namespace nebkaro::ui {
 
 namespace {
-QString qs(const std::string& s) {
-    return QString::fromStdString(s);
-}
 QRect rectPx(double left, double top, double width, double height) {
     return QRect(px(left), px(top), px(width), px(height));
 }

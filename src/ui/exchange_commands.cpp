@@ -5,7 +5,7 @@
 #include "core/guarded.h"
 #include "exchange/mdc.h"
 #include "exchange/word_exchange.h"
-#include "exchange/word_pages.h"
+#include "exchange/word_pages_qt.h"
 #include "ui/search_dialog.h"
 #include "ui/search_tools.h"
 

@@ -1,6 +1,7 @@
 #include "ui/lookup_window.h"
 
 #include "core/guarded.h"
+#include "display/qstring_qt.h"
 #include "ui/screen_fit.h"
 #include "ui/sign_pixmap.h"
 
@@ -19,10 +20,6 @@
 namespace nebkaro::ui {
 
 namespace {
-
-QString qs(const std::string& s) {
-    return QString::fromStdString(s);
-}
 
 // A page picture: a click aims the typewriter, a double-click chooses the sign.
 class PagePicture : public QLabel {

@@ -5,7 +5,9 @@
 #include "core/errors.h"
 #include "core/guarded.h"
 #include "core/startup.h"
+#include "core/twips.h"
 #include "display/image_export.h"
+#include "display/qstring_qt.h"
 #include "display/unicode_text.h"
 #include "display/word_picture_qt.h"
 #include "display/word_view_events.h"
@@ -53,8 +55,6 @@ namespace nebkaro {
 
 namespace {
 
-constexpr int TwipsPerPixel = 15;
-
 int px(int twips) {
     return static_cast<int>(std::lround(twips / static_cast<double>(TwipsPerPixel)));
 }
@@ -74,20 +74,15 @@ int keyCode(int qtKey) {
     }
 }
 
-QString qs(const std::string& s) {
-    return QString::fromStdString(s);
-}
-
 // A picture for a tool button: the desktop's icon of that name (or its symbolic form), else
 // the first letters of the button's tip drawn as a small badge.
 QIcon toolIcon(std::string_view name, std::string_view tip) {
-    const QString n = QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
+    const QString n = latin1(name);
     QIcon icon = QIcon::fromTheme(n);
     if (icon.isNull()) icon = QIcon::fromTheme(n + QStringLiteral("-symbolic"));
     if (!icon.isNull()) return icon;
     QString letters;
-    for (const QString& w : QString::fromLatin1(tip.data(), static_cast<qsizetype>(tip.size()))
-                                .split(QLatin1Char(' '), Qt::SkipEmptyParts))
+    for (const QString& w : latin1(tip).split(QLatin1Char(' '), Qt::SkipEmptyParts))
         if (letters.size() < 2) letters += w.front().toUpper();
     QPixmap pm(32, 32);
     pm.fill(Qt::transparent);
@@ -184,8 +179,7 @@ void MainWindow::buildToolBar() {
     for (const ToolButton& t : ToolBar(app_.commands)) {
         auto* b = new QToolButton(toolbar_);
         b->setObjectName(QString::fromStdString(t.objectName));
-        b->setToolTip(
-            QString::fromLatin1(t.toolTip.data(), static_cast<qsizetype>(t.toolTip.size())));
+        b->setToolTip(latin1(t.toolTip));
         b->setIcon(toolIcon(t.icon, t.toolTip));
         b->setIconSize(QSize(16, 16));
         b->setAutoRaise(true);
@@ -212,8 +206,7 @@ QAction* MainWindow::commandAction(const MenuItem& item, QMenu* menu) {
         // action's own shortcut acts only inside its open menu, so a key never runs twice.
         QList<QKeySequence> keys;
         if (const Command* c = app_.commands.find(id))
-            for (const Key& k : c->keys)
-                keys << QKeySequence(QString::fromLatin1(k.keys.data(), qsizetype(k.keys.size())));
+            for (const Key& k : c->keys) keys << QKeySequence(latin1(k.keys));
         a->setShortcuts(keys);
         a->setShortcutContext(Qt::WidgetShortcut);
         if (id == CommandId::ShowBorders) showBorders_ = a;
@@ -272,9 +265,9 @@ void MainWindow::buildMenus() {
 void MainWindow::buildShortcuts() {
     for (const Shortcut& s : Shortcuts(app_.commands)) {
         const bool area = s.scope == ShortcutScope::DisplayArea;
-        auto* sc = new QShortcut(
-            QKeySequence(QString::fromLatin1(s.keys.data(), static_cast<qsizetype>(s.keys.size()))),
-            area ? static_cast<QWidget*>(dispArea_) : static_cast<QWidget*>(this));
+        auto* sc =
+            new QShortcut(QKeySequence(latin1(s.keys)),
+                          area ? static_cast<QWidget*>(dispArea_) : static_cast<QWidget*>(this));
         sc->setContext(area ? Qt::WidgetShortcut : Qt::WindowShortcut);
         const CommandId id = s.command;
         shortcuts_.emplace_back(sc, id);

@@ -3,6 +3,8 @@
 #include "bulk/sign_search.h"
 #include "core/app.h"
 #include "core/errors.h"
+#include "core/twips.h"
+#include "display/qstring_qt.h"
 #include "display/word_picture_qt.h"
 #include "print/word_picture.h"
 
@@ -28,10 +30,6 @@
 namespace nebkaro {
 
 namespace {
-constexpr int TwipsPerPixel = 15;
-QString qs(const std::string& s) {
-    return QString::fromStdString(s);
-}
 template <class W> W* named(W* w, const char* name) {
     w->setObjectName(QString::fromLatin1(name));
     return w;

@@ -4,8 +4,8 @@
 // word that Find would stop at, following the search text as it is typed; "Find All" fills it
 // at once, and a double click shows a word. "Signs" finds the words written with all the
 // signs named, in any order.
-#include "bulk/search_state.h"
 #include "core/dictionary_store.h"
+#include "core/search_state.h"
 
 #include <QAbstractTableModel>
 #include <QDialog>

@@ -1,5 +1,6 @@
 #include "core/app.h"
 #include "core/guarded.h"
+#include "core/twips.h"
 #include "translit/trans_table.h"
 #include "translit/typewriter.h"
 
@@ -16,10 +17,6 @@
 #include <QWidget>
 
 namespace nebkaro {
-
-namespace {
-constexpr int TwipsPerPixel = 15;
-} // namespace
 
 SearchTools::SearchTools(App& app, QWidget* mainWindow)
     : QObject(mainWindow), app_(app), main_(mainWindow) {}

@@ -1,5 +1,6 @@
 #include "ui/sign_pixmap.h"
 
+#include "core/twips.h"
 #include "display/sign_outlines_qt.h"
 
 #include <QPainter>
@@ -25,8 +26,8 @@ QPixmap signPixmap(const SignPicture& picture, double scale, double devicePixelR
             return p;
         }
     }
-    const int w = std::max(1, static_cast<int>(std::lround(picture.width / 15.0 * scale)));
-    const int h = std::max(1, static_cast<int>(std::lround(picture.height / 15.0 * scale)));
+    const int w = std::max(1, static_cast<int>(std::lround(toPixels(picture.width) * scale)));
+    const int h = std::max(1, static_cast<int>(std::lround(toPixels(picture.height) * scale)));
     QPixmap empty(w, h);
     empty.fill(Qt::transparent);
     QPainter painter(&empty);
