@@ -1,6 +1,7 @@
 #pragma once
 // Sign pictures as the composer and the browser draw them.
 #include "core/ports.h"
+#include "core/twips.h"
 
 #include <QPixmap>
 #include <QRect>
@@ -20,12 +21,13 @@ QPixmap signPixmap(const SignPicture& picture, double scale = 1.0, double device
 // frame it is drawn in, so a large word never covers the controls around its area.
 void placeSignCut(QWidget* picture, const QRect& at, const QRect& frame, bool zoomed);
 
-// Twips to pixels and back (15 twips to the pixel).
+// Twips to whole pixels, rounded half away from zero, and back.
 inline int px(double twips) {
-    return static_cast<int>(twips >= 0 ? twips / 15 + 0.5 : twips / 15 - 0.5);
+    const double pixels = toPixels(twips);
+    return static_cast<int>(pixels >= 0 ? pixels + 0.5 : pixels - 0.5);
 }
 inline int twips(int pixels) {
-    return pixels * 15;
+    return pixels * TwipsPerPixel;
 }
 
 } // namespace nebkaro::ui

@@ -1,6 +1,7 @@
 #include "ui/word_view_widget.h"
 
 #include "display/main_layout.h"
+#include "display/qstring_qt.h"
 #include "display/word_view_events.h"
 #include "display/zoom.h"
 #include "ui/letter_column.h"
@@ -39,10 +40,6 @@ QRect pixelRect(int left, int top, int width, int height) {
 
 QRect pixelRect(const QRect& twips) {
     return pixelRect(twips.x(), twips.y(), twips.width(), twips.height());
-}
-
-QString latin1(std::string_view s) {
-    return QString::fromLatin1(s.data(), static_cast<qsizetype>(s.size()));
 }
 
 // Mouse buttons as the word view counts them: left 1, right 2, middle 4.
