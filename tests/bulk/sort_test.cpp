@@ -183,7 +183,7 @@ TEST(Sort, ToolbarSortAsksToSaveOnceWithoutIconOrTitle) {
         t.app.store.currentIndex = 1;
         RenderWord(t.app);
         t.dialogs.answers.assign(c.answers.begin(), c.answers.end());
-        t.choose(5);
+        t.choose(SortField::Meaning);
         SortCommand(t.app);
         int questions = 0;
         for (const auto& p : t.dialogs.prompts)
@@ -239,7 +239,7 @@ TEST(Sort, MenuSortAsksSavesConfirmsAndReportsTheTime) {
         q.setField(5, {"b", "a"});
         q.app.store.isChanged = c.changed;
         q.dialogs.answers.assign(c.answers.begin(), c.answers.end());
-        if (c.dialogOk) q.choose(5);
+        if (c.dialogOk) q.choose(SortField::Meaning);
         MenuSortCommand(q.app);
         EXPECT_EQ(q.column(5), (Strings{"b", "a"}));
         EXPECT_TRUE(q.windows.progress.empty());

@@ -82,7 +82,8 @@ private slots:
         folder_->write("Lists/Extendedlist.csv", list + "Z1\r\n");
         folder_->write("Lists/Phonetic.csv",
                        "G17,m\r\nN35,n\r\nX1,t\r\nM17,i\r\nD21,r\r\nG1,A\r\n");
-        for (const char* library : {"Basic", "Extended"}) folder_->addSigns(library, ComposeSigns);
+        for (const Library library : {Library::Basic, Library::Extended})
+            folder_->addSigns(library, ComposeSigns);
         pictures_ = std::make_unique<FolderSignPictures>(folder_->path());
         app_ = std::make_unique<App>(dialogs_, clipboard_, events_, *pictures_, writer_);
         app_->home = folder_->path();

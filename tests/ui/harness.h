@@ -73,12 +73,12 @@ public:
         write("Lists/Trans2Code.csv", t2c);
         write("Lists/Phonetic.csv", "\"G17\",\"m\"\r\n\"N35\",\"n\"\r\n");
         write("Dictionaries/Words.nkd", Header + Word0 + Word1 + Word2);
-        addSigns("Basic", MainSigns);
+        addSigns(Library::Basic, MainSigns);
         QDir(dir_.path()).mkpath(QStringLiteral("Images"));
     }
 
-    void addSigns(const char* library, const std::vector<Sign>& signs) const {
-        for (const char* direction : {"Left", "Right"})
+    void addSigns(Library library, const std::vector<Sign>& signs) const {
+        for (const Direction direction : {Direction::Left, Direction::Right})
             for (const Sign& s : signs) {
                 const auto file = signPicturePath({}, library, direction, s.code);
                 write(QString::fromStdString(file.string()),

@@ -61,7 +61,7 @@ struct Fixture {
     std::unique_ptr<App> app = std::make_unique<App>(dialogs, clipboard, events, pictures, files);
 
     explicit Fixture(int wordCount = 24) {
-        folder.addSigns("Basic", PrintSigns);
+        folder.addSigns(Library::Basic, PrintSigns);
         app->home = folder.path();
         app->windows = &windows;
         app->store.dictionaryName = "Starter.nkd";
