@@ -23,7 +23,7 @@ struct BenchApp {
     void load(const std::string& path = NEBKARO_BENCH_DICT) {
         app.mergeMode = false;
         app.store.dictionaryPath = path;
-        LoadDictionary(app);
+        loadDictionary(app);
     }
 };
 

@@ -17,9 +17,9 @@ BenchApp& fresh() {
     static std::unique_ptr<BenchApp> b;
     if (!b) {
         b = std::make_unique<BenchApp>();
-        InstallEditing(b->app);
-        LoadSignList(b->app.lists, b->app.home, Library::Basic);
-        LoadTrans2Code(b->app.lists, b->app.home);
+        installEditing(b->app);
+        loadSignList(b->app.lists, b->app.home, Library::Basic);
+        loadTrans2Code(b->app.lists, b->app.home);
     }
     return *b;
 }
@@ -36,12 +36,12 @@ template <class Work> void onFreshCopy(benchmark::State& state, Work work) {
 } // namespace
 
 static void BM_MenuSortMeaning(benchmark::State& s) {
-    onFreshCopy(s, [](App& a) { MenuSort(a, SortField::Meaning, {}); });
+    onFreshCopy(s, [](App& a) { menuSort(a, SortField::Meaning, {}); });
 }
 BENCHMARK(BM_MenuSortMeaning)->Unit(benchmark::kMillisecond);
 
 static void BM_MenuSortClassic(benchmark::State& s) {
-    onFreshCopy(s, [](App& a) { MenuSort(a, SortField::Classic, {}); });
+    onFreshCopy(s, [](App& a) { menuSort(a, SortField::Classic, {}); });
 }
 BENCHMARK(BM_MenuSortClassic)->Unit(benchmark::kMillisecond);
 
@@ -63,27 +63,27 @@ static void BM_MenuSortGardiner(benchmark::State& s) {
             store.setField(w, FieldGardiner, g);
         }
         s.ResumeTiming();
-        MenuSort(b.app, SortField::Gardiner, {});
+        menuSort(b.app, SortField::Gardiner, {});
     }
 }
 BENCHMARK(BM_MenuSortGardiner)->Unit(benchmark::kMillisecond);
 
 static void BM_ToolbarSortMeaning(benchmark::State& s) {
-    onFreshCopy(s, [](App& a) { ToolbarSort(a, SortField::Meaning, {}); });
+    onFreshCopy(s, [](App& a) { toolbarSort(a, SortField::Meaning, {}); });
 }
 BENCHMARK(BM_ToolbarSortMeaning)->Unit(benchmark::kMillisecond);
 
 static void BM_Shuffle(benchmark::State& s) {
-    onFreshCopy(s, [](App& a) { ShuffleDictionary(a, 42); });
+    onFreshCopy(s, [](App& a) { shuffleDictionary(a, 42); });
 }
 BENCHMARK(BM_Shuffle)->Unit(benchmark::kMillisecond);
 
 static void BM_FlipAll(benchmark::State& s) {
-    onFreshCopy(s, [](App& a) { FlipAll(a, FlipMode::Invert); });
+    onFreshCopy(s, [](App& a) { flipAll(a, FlipMode::Invert); });
 }
 BENCHMARK(BM_FlipAll)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 static void BM_SortGardinerReadingOrder(benchmark::State& s) {
-    onFreshCopy(s, [](App& a) { SortGardinerAll(a, 20); });
+    onFreshCopy(s, [](App& a) { sortGardinerAll(a, 20); });
 }
 BENCHMARK(BM_SortGardinerReadingOrder)->Unit(benchmark::kMillisecond)->Iterations(1);

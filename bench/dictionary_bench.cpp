@@ -24,7 +24,7 @@ static void BM_Save(benchmark::State& state) {
     BenchApp& b = loaded();
     const auto out = std::filesystem::temp_directory_path() / "nebkaro-bench-save.nkd";
     b.app.store.dictionaryPath = out.string();
-    for (auto _ : state) SaveDictionary(b.app);
+    for (auto _ : state) saveDictionary(b.app);
     std::filesystem::remove(out);
     b.app.store.dictionaryPath = NEBKARO_BENCH_DICT;
 }
@@ -33,7 +33,7 @@ BENCHMARK(BM_Save)->Unit(benchmark::kMillisecond);
 static void BM_LoadExtendedSignList(benchmark::State& state) {
     SignLists lists;
     for (auto _ : state) {
-        LoadSignList(lists, NEBKARO_HOME, Library::Extended);
+        loadSignList(lists, NEBKARO_HOME, Library::Extended);
         benchmark::DoNotOptimize(lists.signCount);
     }
     state.counters["signs"] = lists.signCount;
@@ -48,7 +48,7 @@ static void BM_RenderTwelveSignWord(benchmark::State& state) {
             "G17(1800,0) - G43(2100,0) - N35(2400,0) - D21(2700,0) - X1(3000,0) - Z1(3300,0) ",
             "A1-A2-A3-A4-A5-A6-G17-G43-N35-D21-X1-Z1", "", "", ""});
     for (auto _ : state) {
-        RenderWord(b.app);
+        renderWord(b.app);
         benchmark::DoNotOptimize(b.app.view.rightEdge);
     }
 }

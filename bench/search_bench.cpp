@@ -11,10 +11,10 @@ using namespace nebkaro::bench;
 namespace {
 void search(benchmark::State& state, int field, const char* text, bool exact, bool exactWord) {
     BenchApp& b = loaded();
-    const SearchCriteria c = PrepareCriteria(text, exact, exactWord, false, false);
+    const SearchCriteria c = prepareCriteria(text, exact, exactWord, false, false);
     int found = 0;
     for (auto _ : state) {
-        found = FindMatch(b.app.store, c, field, 0, b.app.store.lastIndex, 1, [](float) {});
+        found = findMatch(b.app.store, c, field, 0, b.app.store.lastIndex, 1, [](float) {});
         benchmark::DoNotOptimize(found);
     }
     state.counters["found"] = found;
@@ -45,8 +45,8 @@ static void BM_FindAllAsYouType(benchmark::State& state) {
     for (auto _ : state) {
         for (std::size_t n = 1; n <= typed.size(); ++n) {
             const SearchCriteria c =
-                PrepareCriteria(typed.substr(0, n), false, false, false, false);
-            found = FindAll(b.app.store, c, FieldMeaning).size();
+                prepareCriteria(typed.substr(0, n), false, false, false, false);
+            found = findAll(b.app.store, c, FieldMeaning).size();
             benchmark::DoNotOptimize(found);
         }
     }

@@ -13,11 +13,11 @@ using namespace nebkaro::bench;
 namespace {
 void signs(benchmark::State& state, const char* text, bool fold) {
     BenchApp& b = loaded();
-    if (b.app.lists.phoneticLast < 0) LoadPhonetic(b.app.lists, b.app.home);
-    const SignQueryReading r = ReadSignQuery(b.app.lists, text, fold);
+    if (b.app.lists.phoneticLast < 0) loadPhonetic(b.app.lists, b.app.home);
+    const SignQueryReading r = readSignQuery(b.app.lists, text, fold);
     std::size_t found = 0;
     for (auto _ : state) {
-        const std::vector<int> all = FindAllBySigns(b.app.store, r.query);
+        const std::vector<int> all = findAllBySigns(b.app.store, r.query);
         found = all.size();
         benchmark::DoNotOptimize(all.data());
     }

@@ -15,14 +15,14 @@ using namespace nebkaro;
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     fuzz::FuzzApp f;
     App& app = f.app;
-    InstallEditing(app);
+    installEditing(app);
     app.store.setRow(0, {"L", "B", "A1(0,0) ", "A1", "i", "reed", ""});
     app.store.lastIndex = 0;
     app.store.currentIndex = 0;
     const std::string text(reinterpret_cast<const char*>(data), size);
     f.clipboard.content = text;
     try {
-        Paste(app);
+        pasteWord(app);
     } catch (const RunError&) {
     } catch (const StoreFull&) {
     }
@@ -44,17 +44,17 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     // A line break ending the text is the clipboard's, not the comment's: Paste drops it.
     if (!w[6].empty() && (w[6].back() == '\r' || w[6].back() == '\n')) return 0;
     fuzz::FuzzApp g;
-    InstallEditing(g.app);
+    installEditing(g.app);
     g.app.store.setRow(0, w);
     g.app.store.lastIndex = 0;
     g.app.store.currentIndex = 0;
     try {
-        RenderWord(g.app);
+        renderWord(g.app);
     } catch (const RunError&) {
         return 0; // a layout that does not parse cannot be shown, but is still copied
     }
-    Copy(g.app);
-    Paste(g.app);
+    copyWord(g.app);
+    pasteWord(g.app);
     FUZZ_CHECK(g.app.store.lastIndex == 1);
     FUZZ_CHECK(g.app.store.row(1) == w);
     return 0;

@@ -16,11 +16,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     try {
         // Text the program refuses to read (UTF-16) is refused here too.
         text = text::decodeFileText(std::string(reinterpret_cast<const char*>(data), size));
-        d = ReadDictionaryText(text, 1000);
+        d = readDictionaryText(text, 1000);
     } catch (const RunError&) {
         return 0;
     }
-    const PackedDictionary packed = ReadDictionaryPacked(text, 1000);
+    const PackedDictionary packed = readDictionaryPacked(text, 1000);
     FUZZ_CHECK(packed.hasHeader == d.hasHeader && packed.header == d.header);
     FUZZ_CHECK(packed.stoppedEarly == d.stoppedEarly && packed.words.size() == d.words.size());
     for (std::size_t w = 0; w < d.words.size(); ++w)
@@ -40,9 +40,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     store.lastIndex = static_cast<int>(d.words.size()) - 1;
     for (int i = 0; i <= store.lastIndex; ++i)
         store.setRow(i, d.words[static_cast<std::size_t>(i)]);
-    const std::string written = DictionaryFileText(store);
+    const std::string written = dictionaryFileText(store);
     if (written.empty()) return 0;
-    const ParsedDictionary back = ReadDictionaryText(written, 1000);
+    const ParsedDictionary back = readDictionaryText(written, 1000);
     FUZZ_CHECK(back.hasHeader == d.hasHeader);
     FUZZ_CHECK(back.header == d.header);
     FUZZ_CHECK(back.words == d.words);

@@ -13,11 +13,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     std::string a = in.substr(0, cut);
     std::string b = cut == std::string::npos ? std::string() : in.substr(cut + 1);
     std::string ra = a, rb = b;
-    const bool after = GardinerGreater(a, b);
-    const bool before = GardinerGreater(rb, ra);
+    const bool after = gardinerGreater(a, b);
+    const bool before = gardinerGreater(rb, ra);
     FUZZ_CHECK(!(after && before));
     std::string a2 = a, b2 = b;
-    (void)GardinerGreater(a2, b2);
+    (void)gardinerGreater(a2, b2);
     FUZZ_CHECK(a2 == a && b2 == b);
     return 0;
 }

@@ -13,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::string s(reinterpret_cast<const char*>(data), size);
     GlyphTable t;
     try {
-        ParseLayoutString(s, t);
+        parseLayoutString(s, t);
     } catch (const RunError&) {
         return 0;
     }
@@ -25,7 +25,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
             if (text::toNumber(text::plainNumber(v)) != v) return 0;
     }
     GlyphTable back;
-    ParseLayoutString(ComposerLayoutString(t), back);
+    parseLayoutString(composerLayoutString(t), back);
     for (int i = 0; i < GlyphTable::Slots; ++i) {
         FUZZ_CHECK(back[i].code == t[i].code);
         if (!t[i].used()) continue;

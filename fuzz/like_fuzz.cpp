@@ -15,11 +15,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::string value = in.substr(0, cut);
     const std::string pattern = cut == std::string::npos ? std::string() : in.substr(cut + 1);
     try {
-        (void)Like(value, pattern);
+        (void)matchesLike(value, pattern);
     } catch (const RunError& e) {
         FUZZ_CHECK(e.number() == InvalidPatternError);
     }
-    FUZZ_CHECK(Like(value, "*"));
+    FUZZ_CHECK(matchesLike(value, "*"));
     std::string literal;
     for (char c : value) {
         if (c == '[' || c == '*' || c == '?' || c == '#')
@@ -27,6 +27,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         else
             literal += c;
     }
-    FUZZ_CHECK(Like(value, literal));
+    FUZZ_CHECK(matchesLike(value, literal));
     return 0;
 }

@@ -16,7 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const bool caseSensitive = flags & 1, ignoreVariants = flags & 2, exactWord = flags & 4;
     SearchCriteria c;
     try {
-        c = PrepareCriteria(text, exactWord ? 0 : 1, exactWord ? 1 : 0, caseSensitive ? 1 : 0,
+        c = prepareCriteria(text, exactWord ? 0 : 1, exactWord ? 1 : 0, caseSensitive ? 1 : 0,
                             ignoreVariants);
     } catch (const RunError& e) {
         FUZZ_CHECK(e.number() == InvalidPatternError);
@@ -27,7 +27,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     store.lastIndex = 0;
     int found;
     try {
-        found = FindMatch(store, c, FieldMeaning, 0, 0, 1);
+        found = findMatch(store, c, FieldMeaning, 0, 0, 1);
     } catch (const RunError& e) {
         FUZZ_CHECK(e.number() == InvalidPatternError);
         return 0;

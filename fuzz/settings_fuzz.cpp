@@ -11,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::string text(reinterpret_cast<const char*>(data), size);
     for (const char* key :
          {"Library", "Direction", "Dictionary Name", "Show About", "Show Dictionary Info", ""})
-        (void)GetSettingValue(text, key);
+        (void)getSettingValue(text, key);
     if (size < 1) return 0;
     Settings s;
     s.useBasicLibrary = data[0] & 1;
@@ -26,10 +26,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     for (const char* key :
          {"LIBRARY", "DIRECTION", "SHOW ABOUT", "SHOW DICTIONARY INFO", "DICTIONARY NAME"})
         if (upperName.find(key) != std::string::npos) return 0;
-    const std::string written = SettingsText(s, name) + "\r\n";
-    FUZZ_CHECK(GetSettingValue(written, "Dictionary Name") == name);
-    FUZZ_CHECK((text::upper(GetSettingValue(written, "Library")) != "EXTENDED") ==
+    const std::string written = settingsText(s, name) + "\r\n";
+    FUZZ_CHECK(getSettingValue(written, "Dictionary Name") == name);
+    FUZZ_CHECK((text::upper(getSettingValue(written, "Library")) != "EXTENDED") ==
                s.useBasicLibrary);
-    FUZZ_CHECK((text::upper(GetSettingValue(written, "Direction")) != "RIGHT") == s.directionLeft);
+    FUZZ_CHECK((text::upper(getSettingValue(written, "Direction")) != "RIGHT") == s.directionLeft);
     return 0;
 }

@@ -161,7 +161,7 @@ public:
 };
 
 // The windows as the logic sees them: status lines recorded, the rest handed to the test.
-struct ScriptedWindows : Windows {
+struct ScriptedWindows : WindowHost {
     std::vector<std::string> status;
     int typewriters = 0;
     std::function<bool()> chooseSign; // the browser's choice; unset: closed without one

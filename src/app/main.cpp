@@ -108,7 +108,7 @@ void loadTransliterationFont(const QString& home) {
 // An installed program's first start makes the user's folder with the starter dictionary.
 void prepareUserFolder(Dialogs& dialogs, const ProgramFolders& folders) {
     try {
-        if (PrepareUserFolder(folders))
+        if (prepareUserFolder(folders))
             dialogs.message("Your dictionaries, settings and saved pictures are kept in " +
                                 folders.user.string() +
                                 ". The starter dictionary has been copied there.",
@@ -160,7 +160,7 @@ int main(int argc, char** argv) {
     std::optional<std::filesystem::path> homeOption;
     if (!options.home.isEmpty()) homeOption = options.home.toStdString();
     const ProgramFolders folders =
-        ResolveFolders(homeOption, ExecutableFolder(), NEBKARO_SHIPPED_FROM_BIN, EnvironmentValue);
+        resolveFolders(homeOption, executableFolder(), NEBKARO_SHIPPED_FROM_BIN, environmentValue);
     const QString home = QString::fromStdString(folders.shipped.string());
 
     loadTransliterationFont(home);
@@ -179,7 +179,7 @@ int main(int argc, char** argv) {
     App app(dialogs, clipboard, events, pictures, writer);
     app.home = folders.shipped;
     app.userHome = folders.user;
-    InstallEditing(app);
+    installEditing(app);
 
     prepareUserFolder(dialogs, folders);
 

@@ -6,7 +6,7 @@
 
 namespace nebkaro {
 
-const std::array<std::string, SignBrowser::CategoryCount>& SignBrowser::Categories() {
+const std::array<std::string, SignBrowser::CategoryCount>& SignBrowser::categories() {
     // The blanks at the end of the L and Z entries are part of the names as users know them.
     static const std::array<std::string, CategoryCount> names = {
         "@ - Monoliterals",
@@ -53,83 +53,83 @@ bool SignBrowser::onMonoliterals() const {
 }
 
 std::int32_t SignBrowser::categoryStart(int row) const {
-    return app_.lists.CategoryTable[static_cast<std::size_t>(row)][2];
+    return app_.lists.categoryTable[static_cast<std::size_t>(row)][2];
 }
 
 int SignBrowser::rowOfEntry(std::int32_t entry) const {
     if (entry <= app_.lists.preambleCount) return 1;
-    const char32_t c = letterOf(app_.lists.SignCodes[static_cast<std::size_t>(entry)]);
+    const char32_t c = letterOf(app_.lists.signCodes[static_cast<std::size_t>(entry)]);
     if (c < 63 || c > 90) return 1;
     return static_cast<int>(c) - 63;
 }
 
-void SignBrowser::Load() {
+void SignBrowser::open() {
     pageStart = 1;
-    Paint();
+    paint();
 }
 
 std::string SignBrowser::tooltipFor(const std::string& code) const {
     std::string values;
     const SignLists& lists = app_.lists;
     for (int k = 0; k <= lists.phoneticLast; ++k) {
-        const auto& row = lists.Phonetic[static_cast<std::size_t>(k)];
+        const auto& row = lists.phonetic[static_cast<std::size_t>(k)];
         if (row[0] != code) continue;
         values += (values.empty() ? "" : ", ") + row[1];
     }
     return values.empty() ? code : code + ": " + values;
 }
 
-void SignBrowser::Paint() {
+void SignBrowser::paint() {
     const SignLists& lists = app_.lists;
     const bool monoliterals = onMonoliterals();
     const bool inList = pageStart >= 1 && pageStart <= lists.signCount;
     if (monoliterals)
         pageLetter = U'@';
     else if (inList)
-        pageLetter = letterOf(lists.SignCodes[static_cast<std::size_t>(pageStart)]);
+        pageLetter = letterOf(lists.signCodes[static_cast<std::size_t>(pageStart)]);
     else
         pageLetter = 0;
 
     const Library library = app_.settings.library;
     const Direction direction = app_.settings.direction;
-    lblLibrary = libraryName(library) + " Library";
+    libraryLabel = libraryName(library) + " Library";
 
     const int category = pageLetter >= 64 ? static_cast<int>(pageLetter) - 64 : -1;
     if (category >= 0 && category < CategoryCount) {
-        lblCategory = Categories()[static_cast<std::size_t>(category)];
-        cmbCategoryIndex = category;
+        categoryLabel = categories()[static_cast<std::size_t>(category)];
+        categoryIndex = category;
     } else {
-        lblCategory.clear();
-        cmbCategoryIndex = -1;
+        categoryLabel.clear();
+        categoryIndex = -1;
     }
 
     int shown = 0;
     for (int i = 0; i < PageSize; ++i) {
-        BrowserPicture& p = picGlyph[static_cast<std::size_t>(i)];
+        BrowserPicture& p = glyphPictures[static_cast<std::size_t>(i)];
         const std::int32_t entry = pageStart + i;
         bool belongs = pageLetter != 0 && entry >= 1 && entry <= lists.signCount;
         if (belongs) {
-            const std::string& code = lists.SignCodes[static_cast<std::size_t>(entry)];
+            const std::string& code = lists.signCodes[static_cast<std::size_t>(entry)];
             // A page never runs into the next category.
             belongs = monoliterals ? entry <= lists.preambleCount : letterOf(code) == pageLetter;
         }
         if (!belongs) {
             // The rest of the page is emptied.
             for (int k = i; k < PageSize; ++k)
-                picGlyph[static_cast<std::size_t>(k)] = BrowserPicture{};
+                glyphPictures[static_cast<std::size_t>(k)] = BrowserPicture{};
             break;
         }
-        const std::string& code = lists.SignCodes[static_cast<std::size_t>(entry)];
+        const std::string& code = lists.signCodes[static_cast<std::size_t>(entry)];
         p.visible = true;
         p.picture = app_.pictures.picture(library, direction, code);
-        p.lblGlyph = code;
+        p.glyphLabel = code;
         p.translitVisible = false;
-        p.lblTranslit.clear();
-        if (chkShowTrans) {
+        p.translitLabel.clear();
+        if (showTransChecked) {
             const int row = lists.findPhonetic(0, code);
             if (row >= 0) {
                 p.translitVisible = true;
-                p.lblTranslit = lists.Phonetic[static_cast<std::size_t>(row)][1];
+                p.translitLabel = lists.phonetic[static_cast<std::size_t>(row)][1];
             }
         }
         const int column = i % 5;
@@ -150,36 +150,36 @@ void SignBrowser::Paint() {
 void SignBrowser::goTo(std::int32_t start) {
     if (start < 1 || start > app_.lists.signCount) return;
     pageStart = start;
-    Paint();
+    paint();
 }
 
-void SignBrowser::cmdFirst() {
+void SignBrowser::showFirstPage() {
     pageStart = 1;
-    Paint();
+    paint();
 }
 
-void SignBrowser::cmdNext() {
+void SignBrowser::showNextPage() {
     // After the last page of the list there is nowhere further to go.
     goTo(pageStart + pageCount);
 }
 
-void SignBrowser::cmdPrev() {
+void SignBrowser::showPreviousPage() {
     if (onMonoliterals()) {
         pageStart = 1;
-        Paint();
+        paint();
         return;
     }
     const int row = rowOfEntry(pageStart - 1);
-    const int step = std::min(app_.lists.CategoryTable[static_cast<std::size_t>(row)][1], PageSize);
+    const int step = std::min(app_.lists.categoryTable[static_cast<std::size_t>(row)][1], PageSize);
     pageStart = std::max(pageStart - step, 1);
-    Paint();
+    paint();
 }
 
-void SignBrowser::cmdLast() {
+void SignBrowser::showLastPage() {
     goTo(categoryStart(27));
 }
 
-void SignBrowser::cmdNextCat() {
+void SignBrowser::showNextCategory() {
     if (onMonoliterals()) {
         goTo(categoryStart(2));
         return;
@@ -190,7 +190,7 @@ void SignBrowser::cmdNextCat() {
     goTo(categoryStart(row));
 }
 
-void SignBrowser::cmdPrevcat() {
+void SignBrowser::showPreviousCategory() {
     if (onMonoliterals()) {
         goTo(categoryStart(1));
         return;
@@ -198,17 +198,17 @@ void SignBrowser::cmdPrevcat() {
     int row = std::max(static_cast<int>(pageLetter) - 64, 1);
     // A category without signs starts where the next one does; stepping back onto it would
     // leave the page where it is, so the step goes on to the nearest category with signs.
-    while (row > 1 && app_.lists.CategoryTable[static_cast<std::size_t>(row)][1] == 0) --row;
+    while (row > 1 && app_.lists.categoryTable[static_cast<std::size_t>(row)][1] == 0) --row;
     goTo(categoryStart(row));
 }
 
-void SignBrowser::cmbCategoryClick(int listIndex) {
+void SignBrowser::showCategory(int listIndex) {
     if (listIndex < 0 || listIndex >= CategoryCount) return;
-    lblCategory = Categories()[static_cast<std::size_t>(listIndex)];
+    categoryLabel = categories()[static_cast<std::size_t>(listIndex)];
     const std::int32_t start = categoryStart(listIndex + 1);
     if (start < 1 || start > app_.lists.signCount) {
         // No sign in this category or any after it: the page on show stays, and says so.
-        Paint();
+        paint();
         return;
     }
     goTo(start);
@@ -218,42 +218,42 @@ void SignBrowser::notFound() {
     app_.dialogs.message("Hieroglyph not found", "Glyph not found", Buttons::OK, Icon::Exclamation);
 }
 
-void SignBrowser::cmdGo() {
+void SignBrowser::goToCode() {
     // The typed text is upper-cased as a whole, so codes with small letters (Aa1, A14a)
     // cannot be reached this way.
-    const int entry = app_.lists.findSign(text::upper(txtGlyph));
+    const int entry = app_.lists.findSign(text::upper(glyphText));
     if (entry == 0) {
         notFound();
         return;
     }
     pageStart = entry;
-    Paint();
+    paint();
 }
 
-void SignBrowser::cmdGoTrans() {
-    const int row = app_.lists.findPhonetic(1, txtTrans);
+void SignBrowser::goToTransliteration() {
+    const int row = app_.lists.findPhonetic(1, transText);
     if (row < 0) {
         notFound();
         return;
     }
-    txtGlyph = app_.lists.Phonetic[static_cast<std::size_t>(row)][0];
-    cmdGo();
+    glyphText = app_.lists.phonetic[static_cast<std::size_t>(row)][0];
+    goToCode();
 }
 
-void SignBrowser::cmdTypewriter() {
+void SignBrowser::openTypewriter() {
     app_.typewriterTarget = TypewriterTarget::BrowserTrans;
     app_.windows->showTypewriter();
 }
 
-void SignBrowser::PictureClicked(int) {
+void SignBrowser::pictureClicked(int) {
     app_.typewriterTarget = TypewriterTarget::BrowserTrans;
 }
 
-bool SignBrowser::Choose(int i) {
+bool SignBrowser::choose(int i) {
     if (i < 0 || i >= PageSize) return false;
-    const BrowserPicture& p = picGlyph[static_cast<std::size_t>(i)];
+    const BrowserPicture& p = glyphPictures[static_cast<std::size_t>(i)];
     if (!p.visible) return false;
-    app_.chosenSign = ChosenSign{p.lblGlyph, pageStart + i, i, p.picture};
+    app_.chosenSign = ChosenSign{p.glyphLabel, pageStart + i, i, p.picture};
     return true;
 }
 

@@ -18,9 +18,9 @@ struct BrowserPicture {
     SignPicture picture;
     double left = 0;
     double top = 0;
-    std::string lblGlyph;
+    std::string glyphLabel;
     bool translitVisible = false;
-    std::string lblTranslit;
+    std::string translitLabel;
     // The labels are centred under the picture on this line; their tops.
     double labelCentre = 0;
     double codeTop = 0;
@@ -49,50 +49,50 @@ public:
     static constexpr int CategoryCount = 27;
 
     // The categories in list order, index = character code of the letter - 64.
-    static const std::array<std::string, CategoryCount>& Categories();
+    static const std::array<std::string, CategoryCount>& categories();
 
     explicit SignBrowser(App& app);
 
     // Load: the page of the first entry.
-    void Load();
-    void Paint();
+    void open();
+    void paint();
 
-    void cmdFirst();
-    void cmdPrev();
-    void cmdNext();
-    void cmdLast();
-    void cmdNextCat();
-    void cmdPrevcat();
-    void cmbCategoryClick(int listIndex);
-    void cmdGo();
-    void cmdGoTrans();
-    void cmdTypewriter();
+    void showFirstPage();
+    void showPreviousPage();
+    void showNextPage();
+    void showLastPage();
+    void showNextCategory();
+    void showPreviousCategory();
+    void showCategory(int listIndex);
+    void goToCode();
+    void goToTransliteration();
+    void openTypewriter();
     // A click on a picture makes the typewriter type into txtTrans.
-    void PictureClicked(int i);
+    void pictureClicked(int i);
     // Double-click on picture i: the sign is left in App::chosenSign for the composer. True
     // when a sign was chosen (the window is then hidden).
-    bool Choose(int i);
+    bool choose(int i);
 
-    std::string txtGlyph;
-    std::string txtTrans;
-    bool chkShowTrans = false;
-    std::string lblLibrary;
-    std::string lblCategory;
-    int cmbCategoryIndex = -1;
+    std::string glyphText;
+    std::string transText;
+    bool showTransChecked = false;
+    std::string libraryLabel;
+    std::string categoryLabel;
+    int categoryIndex = -1;
 
     // Entry number of the first sign on the page, and how many the page shows.
     std::int32_t pageStart = 1;
     int pageCount = 0;
     // The letter of the page's category ('@' for the monoliterals), 0 for an empty page.
     char32_t pageLetter = 0;
-    std::array<BrowserPicture, PageSize> picGlyph{};
+    std::array<BrowserPicture, PageSize> glyphPictures{};
 
 private:
     bool onMonoliterals() const;
     // Shows the page starting at this entry; a place outside the list changes nothing.
     void goTo(std::int32_t start);
     std::int32_t categoryStart(int row) const;
-    // Row of CategoryTable that an entry belongs to: 1 for the monoliterals.
+    // Row of categoryTable that an entry belongs to: 1 for the monoliterals.
     int rowOfEntry(std::int32_t entry) const;
     std::string tooltipFor(const std::string& code) const;
     void notFound();

@@ -7,7 +7,7 @@
 
 namespace nebkaro {
 
-int NextCombGap(int gap) {
+int nextCombGap(int gap) {
     if (gap > 1) {
         gap = static_cast<int>(gap / 1.3);
         if (gap == 9 || gap == 10) gap = 11;
@@ -149,7 +149,7 @@ void combSortText(App& app, DictionaryStore& store, int column, int up, SortOrde
     int gap = std::max(1, up + 1);
     bool swapped = false;
     do {
-        gap = NextCombGap(gap);
+        gap = nextCombGap(gap);
         swapped = false;
         for (int i = 0; i <= up - gap + 1; ++i) {
             const auto a = static_cast<std::size_t>(i);
@@ -249,14 +249,14 @@ std::optional<bool> GardinerKeys::greater(std::size_t ia, std::size_t ib) const 
 
 } // namespace detail
 
-RandomSource SeededRandom(std::uint64_t seed) {
+RandomSource seededRandom(std::uint64_t seed) {
     auto engine = std::make_shared<std::mt19937_64>(seed);
     // 53 random bits scaled into [0, 1): never 1, unlike some library distributions.
     return [engine]() { return static_cast<double>((*engine)() >> 11) * 0x1.0p-53; };
 }
 
-RandomSource ClockRandom() {
-    return SeededRandom(static_cast<std::uint64_t>(
+RandomSource clockRandom() {
+    return seededRandom(static_cast<std::uint64_t>(
         std::chrono::high_resolution_clock::now().time_since_epoch().count()));
 }
 

@@ -37,7 +37,7 @@ inline constexpr bool HasRows<std::vector<std::array<T, N>, A>> = true;
 template <> inline constexpr bool HasRows<DictionaryStore> = true;
 
 // Exchanges rows i and j in every column.
-template <class Row, class A> void SwapRows(std::vector<Row, A>& table, int i, int j) {
+template <class Row, class A> void swapRows(std::vector<Row, A>& table, int i, int j) {
     if (i < 0 || j < 0 || static_cast<std::size_t>(i) >= table.size() ||
         static_cast<std::size_t>(j) >= table.size())
         throw RunError(SubscriptOutOfRange);
@@ -45,13 +45,13 @@ template <class Row, class A> void SwapRows(std::vector<Row, A>& table, int i, i
 }
 
 // The dictionary's rows trade places without copying their texts.
-inline void SwapRows(DictionaryStore& store, int i, int j) {
+inline void swapRows(DictionaryStore& store, int i, int j) {
     store.swapRows(i, j);
 }
 
 // The next gap of the comb sort: the gap shrinks by the factor 1.3, and 9 and 10 become 11,
 // which leaves fewer stragglers for the final passes.
-int NextCombGap(int gap);
+int nextCombGap(int gap);
 
 namespace detail {
 
@@ -162,7 +162,7 @@ struct Greater {
                 if (const auto simple = simpleGardinerGreater(a, b)) return *simple;
                 sa.assign(a);
                 sb.assign(b);
-                return GardinerGreater(sa, sb);
+                return gardinerGreater(sa, sb);
             }
         }
         return a > b;
@@ -201,7 +201,7 @@ template <class Table> void swapEntries(Table& table, std::size_t a, std::size_t
 // table of rows the Gardiner-code order decides. After every pass the window system gets to
 // breathe, and a Cancel (app.sortCancelled) stops the sort at once, leaving it partly sorted.
 template <class Table>
-void CombSort(App& app, Table& table, int column, std::optional<int> upper, SortOrder order) {
+void combSort(App& app, Table& table, int column, std::optional<int> upper, SortOrder order) {
     const int lo = 0;
     int up = 0;
     if constexpr (std::is_same_v<Table, DictionaryStore>)
@@ -234,7 +234,7 @@ void CombSort(App& app, Table& table, int column, std::optional<int> upper, Sort
     int gap = std::max(1, up - lo + 1);
     bool swapped = false;
     do {
-        gap = NextCombGap(gap);
+        gap = nextCombGap(gap);
         swapped = false;
         for (int i = lo; i <= up - gap + 1; ++i) {
             const auto a = static_cast<std::size_t>(i);
@@ -255,7 +255,7 @@ void CombSort(App& app, Table& table, int column, std::optional<int> upper, Sort
 // nothing. Every pass shows upper in the main window's counter and lets the window system
 // breathe. Plain text order for every column; it cannot be cancelled.
 template <class Table>
-void ExchangeSort(App& app, Table& table, int column, int upper, SortOrder order) {
+void exchangeSort(App& app, Table& table, int column, int upper, SortOrder order) {
     detail::checkRange(table, upper + 1);
     auto keys = detail::makeKeys(table, column, upper + 1, order.caseSensitive);
     detail::Greater greater;
@@ -268,7 +268,7 @@ void ExchangeSort(App& app, Table& table, int column, int upper, SortOrder order
         for (int j = 0; j <= upper; ++j) {
             const auto a = static_cast<std::size_t>(j);
             if (greater(keys[a], keys[a + 1])) {
-                SwapRows(table, j, j + 1);
+                swapRows(table, j, j + 1);
                 std::swap(keys[a], keys[a + 1]);
                 swapped = true;
             }
@@ -279,14 +279,14 @@ void ExchangeSort(App& app, Table& table, int column, int upper, SortOrder order
 // Rnd: a number uniform in [0, 1).
 using RandomSource = std::function<double()>;
 // A generator seeded from the clock, as the program shuffles.
-RandomSource ClockRandom();
+RandomSource clockRandom();
 // A generator with a fixed seed: the same seed gives the same shuffle.
-RandomSource SeededRandom(std::uint64_t seed);
+RandomSource seededRandom(std::uint64_t seed);
 
 // Puts entries 0..upper in random order (nullopt: the whole array), every order equally likely:
 // from the top down, each entry trades places with one at or below it.
 template <class Table>
-void ShuffleRows(Table& table, std::optional<int> upper, const RandomSource& rnd) {
+void shuffleRows(Table& table, std::optional<int> upper, const RandomSource& rnd) {
     const int lo = 0;
     int up = 0;
     if constexpr (std::is_same_v<Table, DictionaryStore>)

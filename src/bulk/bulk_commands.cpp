@@ -18,7 +18,7 @@
 
 namespace nebkaro {
 
-std::string FormatSeconds(double seconds) {
+std::string formatSeconds(double seconds) {
     char buf[64];
     std::snprintf(buf, sizeof buf, "%.3f", seconds);
     std::string s = buf;
@@ -28,7 +28,7 @@ std::string FormatSeconds(double seconds) {
     return s;
 }
 
-std::string FormatThousands(long long n) {
+std::string formatThousands(long long n) {
     if (n == 0) return "";
     const bool negative = n < 0;
     std::string digits = std::to_string(negative ? -n : n);
@@ -57,17 +57,17 @@ constexpr const char* SaveBeforeSorting = "Do you want to save before sorting?";
 
 } // namespace
 
-void ShuffleDictionary(App& app, std::optional<std::uint64_t> seed) {
+void shuffleDictionary(App& app, std::optional<std::uint64_t> seed) {
     DictionaryStore& store = app.store;
-    const RandomSource rnd = seed ? SeededRandom(*seed) : ClockRandom();
+    const RandomSource rnd = seed ? seededRandom(*seed) : clockRandom();
     UndoStep step(app.history, store, "Shuffle", 0);
-    ShuffleRows(store, store.lastIndex, rnd);
+    shuffleRows(store, store.lastIndex, rnd);
     store.currentIndex = 0;
     store.isChanged = true;
     app.renderWord(app);
 }
 
-void FlipAll(App& app, FlipMode mode) {
+void flipAll(App& app, FlipMode mode) {
     DictionaryStore& store = app.store;
     app.sortCancelled = false;
     app.windows->showProgress("Flipping Started");
@@ -83,7 +83,7 @@ void FlipAll(App& app, FlipMode mode) {
             app.renderWord(app);
             // The same change as the word's own direction commands: "Left" also marks the word
             // as being edited.
-            SetDirection(app, mode);
+            setDirection(app, mode);
             if (mode == FlipMode::Left) store.editPending = true;
             app.renderWord(app);
             if (app.sortCancelled) break;
@@ -101,7 +101,7 @@ void FlipAll(App& app, FlipMode mode) {
     app.windows->hideProgress();
 }
 
-void SortCommand(App& app) {
+void sortCommand(App& app) {
     DictionaryStore& store = app.store;
     runGuarded(app, [&] {
         // One question covers both the word being edited and the dictionary's changes.
@@ -112,17 +112,17 @@ void SortCommand(App& app) {
             if (a == Answer::Cancel) return;
             if (a == Answer::Yes) {
                 if (editing) app.storeWord(app);
-                SaveDictionary(app);
+                saveDictionary(app);
             }
         }
-        const SortField field = ShowSortDialog(app);
+        const SortField field = showSortDialog(app);
         if (field == SortField::None) return;
-        ToolbarSort(app, field, chosenOrder(app));
+        toolbarSort(app, field, chosenOrder(app));
         app.dialogs.message("Done!", "DONE", Buttons::OK, Icon::Information);
     });
 }
 
-void MenuSortCommand(App& app) {
+void menuSortCommand(App& app) {
     DictionaryStore& store = app.store;
     runGuarded(app, [&] {
         if (editInProgress(app) || store.isChanged) {
@@ -131,7 +131,7 @@ void MenuSortCommand(App& app) {
             if (a == Answer::Cancel) return;
             if (a == Answer::Yes) {
                 app.storeWord(app);
-                const bool saved = SaveDictionary(app);
+                const bool saved = saveDictionary(app);
                 store.newWordPending = false;
                 store.editPending = false;
                 store.composeAccepted = false;
@@ -139,28 +139,28 @@ void MenuSortCommand(App& app) {
                 if (saved) store.isChanged = false;
             }
         }
-        const SortField field = ShowSortDialog(app);
+        const SortField field = showSortDialog(app);
         if (field == SortField::None) return;
         if (app.dialogs.message("Do you want to proceed?\r\nAction cannot be undone!", "",
                                 Buttons::YesNo, Icon::Exclamation) != Answer::Yes)
             return;
-        const double seconds = MenuSort(app, field, chosenOrder(app));
-        app.dialogs.message("Done in " + FormatSeconds(seconds) + " s", "DONE", Buttons::OK,
+        const double seconds = menuSort(app, field, chosenOrder(app));
+        app.dialogs.message("Done in " + formatSeconds(seconds) + " s", "DONE", Buttons::OK,
                             Icon::Information);
     });
 }
 
-void SortGardinerCommand(App& app) {
+void sortGardinerCommand(App& app) {
     const std::optional<std::string> answer =
         app.dialogs.input("How much % overlap do you want to allow?", "Choose Overlap", "20");
     if (!answer || answer->empty()) return;
     runGuarded(app, [&] {
         app.leaveWord(app);
-        SortGardinerAll(app, text::leadingNumber(*answer));
+        sortGardinerAll(app, text::leadingNumber(*answer));
     });
 }
 
-void ShuffleCommand(App& app) {
+void shuffleCommand(App& app) {
     if (app.dialogs.message("Are you sure you want to shuffle the dictionary?\r\nThis cannot be "
                             "undone",
                             "Confirm", Buttons::YesNo, Icon::Exclamation) != Answer::Yes)
@@ -171,21 +171,21 @@ void ShuffleCommand(App& app) {
             const Answer a = app.dialogs.message("Do you want so save the dictionary?", "Confirm",
                                                  Buttons::YesNoCancel, Icon::Question);
             if (a == Answer::Cancel) return;
-            if (a == Answer::Yes) SaveAsCommand(app);
+            if (a == Answer::Yes) saveAsCommand(app);
         }
-        ShuffleDictionary(app);
+        shuffleDictionary(app);
     });
 }
 
-void FlipAllCommand(App& app, FlipMode mode) {
+void flipAllCommand(App& app, FlipMode mode) {
     const std::string prompt =
-        "It may take a while to flip " + FormatThousands(app.store.lastIndex + 1) + " words";
+        "It may take a while to flip " + formatThousands(app.store.lastIndex + 1) + " words";
     if (app.dialogs.message(prompt, "Warning", Buttons::OKCancel, Icon::Exclamation) ==
         Answer::Cancel)
         return;
     runGuarded(app, [&] {
         app.leaveWord(app);
-        FlipAll(app, mode);
+        flipAll(app, mode);
     });
 }
 
@@ -197,49 +197,49 @@ void registerBulkCommands(CommandRegistry& commands) {
          .help = "Find words by their texts or signs",
          .keys = {{"Ctrl+F"}},
          .tool = ToolSlot{8, "Find Word", "edit-find", "Find"},
-         .run = FindCommand},
+         .run = findCommand},
         {.id = C::FindNext,
          .name = "FindNext",
          .help = "Find the next word that matches",
          .keys = {{"F3"}},
          .tool = ToolSlot{9, "Find Next", "go-down", "FindNext"},
-         .run = FindNextCommand},
+         .run = findNextCommand},
         {.id = C::FindPrevious,
          .name = "FindPrevious",
          .help = "Find the previous word that matches",
          .keys = {{"Shift+F3"}},
          .tool = ToolSlot{10, "Find Previous", "go-up", "FindPrevious"},
-         .run = FindPreviousCommand},
+         .run = findPreviousCommand},
         {.id = C::SortButton,
          .name = "SortButton",
          .help = "Sort the dictionary",
          .tool = ToolSlot{14, "Sort Dictionary", "view-sort-ascending", "Sort"},
-         .run = SortCommand},
+         .run = sortCommand},
         {.id = C::SortMenu,
          .name = "SortMenu",
          .help = "Sort the dictionary, with progress and Cancel",
-         .run = MenuSortCommand},
+         .run = menuSortCommand},
         {.id = C::SortGardiner,
          .name = "SortGardiner",
          .help = "Sort the dictionary by Gardiner's notation",
-         .run = SortGardinerCommand},
+         .run = sortGardinerCommand},
         {.id = C::Shuffle,
          .name = "Shuffle",
          .help = "Put the words in a random order",
          .tool = ToolSlot{19, "Shuffle Dictionary", "media-playlist-shuffle", ""},
-         .run = ShuffleCommand},
+         .run = shuffleCommand},
         {.id = C::FlipAllLeft,
          .name = "FlipAllLeft",
          .help = "Make the signs of every word face left",
-         .run = [](App& a) { FlipAllCommand(a, FlipMode::Left); }},
+         .run = [](App& a) { flipAllCommand(a, FlipMode::Left); }},
         {.id = C::FlipAllRight,
          .name = "FlipAllRight",
          .help = "Make the signs of every word face right",
-         .run = [](App& a) { FlipAllCommand(a, FlipMode::Right); }},
+         .run = [](App& a) { flipAllCommand(a, FlipMode::Right); }},
         {.id = C::FlipAllInvert,
          .name = "FlipAllInvert",
          .help = "Turn the signs of every word",
-         .run = [](App& a) { FlipAllCommand(a, FlipMode::Invert); }},
+         .run = [](App& a) { flipAllCommand(a, FlipMode::Invert); }},
     };
     for (const Command& c : rows) commands.add(c);
 }

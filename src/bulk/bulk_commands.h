@@ -17,29 +17,29 @@ struct App;
 class CommandRegistry;
 
 // Format(seconds, "0.###") without a dangling decimal point: "0.125", "2.5", "3".
-std::string FormatSeconds(double seconds);
+std::string formatSeconds(double seconds);
 // Format(n, "#,#"): thousands separated by commas, "" for 0.
-std::string FormatThousands(long long n);
+std::string formatThousands(long long n);
 
 // Shuffle without its questions: rows 0..lastIndex in random order (a fixed seed gives a
 // repeatable order, none seeds from the clock), current word 0 shown, dictionary changed.
-void ShuffleDictionary(App& app, std::optional<std::uint64_t> seed = std::nullopt);
+void shuffleDictionary(App& app, std::optional<std::uint64_t> seed = std::nullopt);
 
 // Flip All without its question: every word is shown and its
 // direction changed (and stored); the progress dialog's Cancel stops after the current word.
 // The word that was current is shown again, and the progress dialog goes.
-void FlipAll(App& app, FlipMode mode);
+void flipAll(App& app, FlipMode mode);
 
 // The tool-bar button "Sort" (cmdSort).
-void SortCommand(App& app);
+void sortCommand(App& app);
 // Tools > Sort (mnuSort).
-void MenuSortCommand(App& app);
+void menuSortCommand(App& app);
 // Tools > Sort Gardiner (mnuSortGardiner).
-void SortGardinerCommand(App& app);
+void sortGardinerCommand(App& app);
 // Tools > Shuffle (mnuShuffle) and the tool-bar button "Shuffle Dictionary".
-void ShuffleCommand(App& app);
+void shuffleCommand(App& app);
 // Tools > Flip All > Left, Right, Invert (mnuAllFlip).
-void FlipAllCommand(App& app, FlipMode mode);
+void flipAllCommand(App& app, FlipMode mode);
 
 // The rows of Find, Find Next, Find Previous, the sorts, Shuffle and Flip All.
 void registerBulkCommands(CommandRegistry& commands);

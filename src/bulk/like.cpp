@@ -13,7 +13,7 @@ namespace {
 
 // Bytes that do not start a complete sequence count as one character each, so a stray byte
 // can never make a value unmatchable by "?" or "*".
-char32_t NextCodePoint(std::string_view s, std::size_t& i) {
+char32_t nextCodePoint(std::string_view s, std::size_t& i) {
     return text::nextChar(s, i);
 }
 } // namespace
@@ -106,7 +106,7 @@ bool LikePattern::matches(std::string_view value) const {
         }
         if (ti < n) {
             std::size_t after = vi;
-            const char32_t c = NextCodePoint(value, after);
+            const char32_t c = nextCodePoint(value, after);
             if (tokenMatches(tokens_[ti], c)) {
                 ++ti;
                 vi = after;
@@ -115,14 +115,14 @@ bool LikePattern::matches(std::string_view value) const {
         }
         if (star == n) return false;
         ti = star + 1;
-        NextCodePoint(value, starValue);
+        nextCodePoint(value, starValue);
         vi = starValue;
     }
     while (ti < n && tokens_[ti].kind == Kind::Star) ++ti;
     return ti == n;
 }
 
-bool Like(std::string_view value, std::string_view pattern) {
+bool matchesLike(std::string_view value, std::string_view pattern) {
     return LikePattern(pattern).matches(value);
 }
 

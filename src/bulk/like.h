@@ -45,6 +45,6 @@ private:
     std::vector<Token> tokens_;
 };
 
-bool Like(std::string_view value, std::string_view pattern);
+bool matchesLike(std::string_view value, std::string_view pattern);
 
 } // namespace nebkaro

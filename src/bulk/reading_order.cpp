@@ -8,7 +8,7 @@
 
 namespace nebkaro {
 
-float OverlapTolerance(double percent) {
+float overlapTolerance(double percent) {
     return static_cast<float>((100.0 - percent) / 100.0);
 }
 
@@ -16,7 +16,7 @@ namespace {
 
 // Exchanges two slots of the glyph table, all attributes, and the pictures of the two glyph
 // images (each picture keeps its size, so widths follow their signs).
-void SwapGlyphSlots(App& app, int i, int j) {
+void swapGlyphSlots(App& app, int i, int j) {
     std::swap(app.glyphs[i], app.glyphs[j]);
     auto& pics = app.view.mainGlyphPic;
     std::swap(pics.at(static_cast<std::size_t>(i)).picture,
@@ -31,7 +31,7 @@ double scaledEdge(const App& app, int i, float tol) {
 // Orders the used slots of app.glyphs (up to the first unused one) of the word on show. The
 // right edge (X + picture width) is scaled by tol; each slot's own edge is taken once before
 // its comparisons and not again after an exchange, as the order has always been computed.
-void OrderGlyphs(App& app, float tol) {
+void orderGlyphs(App& app, float tol) {
     GlyphTable& g = app.glyphs;
     int last = -1;
     while (last + 1 < GlyphTable::Slots && g[last + 1].used()) ++last;
@@ -48,7 +48,7 @@ void OrderGlyphs(App& app, float tol) {
                 exchange = g[j].y < g[i].y; // one above the other: the upper sign first
             else
                 exchange = leftward ? xj < xi : xj > xi;
-            if (exchange) SwapGlyphSlots(app, i, j);
+            if (exchange) swapGlyphSlots(app, i, j);
         }
     }
 }
@@ -56,7 +56,7 @@ void OrderGlyphs(App& app, float tol) {
 // The layout text ("A1( 0, 0) - G17( 300, 0) ") and the Gardiner notation ("A1 - G17 ") of
 // the used slots in slot order, each with the trailing blank the cut leaves. A word without
 // signs is an InvalidArgument error.
-std::pair<std::string, std::string> ReadingOrderTexts(App& app) {
+std::pair<std::string, std::string> readingOrderTexts(App& app) {
     std::string layout;
     std::string gardiner;
     for (int s = 0; s < GlyphTable::Slots; ++s) {
@@ -75,19 +75,19 @@ std::pair<std::string, std::string> ReadingOrderTexts(App& app) {
 }
 } // namespace
 
-void SortGardinerAll(App& app, double overlapPercent) {
+void sortGardinerAll(App& app, double overlapPercent) {
     DictionaryStore& store = app.store;
-    const float tol = OverlapTolerance(overlapPercent);
+    const float tol = overlapTolerance(overlapPercent);
     UndoStep step(app.history, store, "Sort Gardiner", 0);
     const RememberedPictures once(app.pictures);
     try {
         for (store.currentIndex = 0; store.currentIndex <= store.lastIndex; ++store.currentIndex) {
             app.renderWord(app);
-            OrderGlyphs(app, tol);
-            auto [layout, gardiner] = ReadingOrderTexts(app);
-            app.view.RichGardinerlbl = std::move(layout);
-            if (app.view.GardinerTxt != gardiner) {
-                app.view.GardinerTxt = std::move(gardiner);
+            orderGlyphs(app, tol);
+            auto [layout, gardiner] = readingOrderTexts(app);
+            app.view.richGardiner = std::move(layout);
+            if (app.view.gardiner != gardiner) {
+                app.view.gardiner = std::move(gardiner);
                 app.view.textChanged = true;
             }
             app.storeWord(app);

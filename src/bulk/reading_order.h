@@ -12,12 +12,12 @@ struct App;
 
 // The tolerance for an allowed overlap in percent: (100 - percent) / 100, in single precision
 // as it has always been computed (20 gives 0.8).
-float OverlapTolerance(double percent);
+float overlapTolerance(double percent);
 
 // Sort Gardiner without its question: every word from 0 to lastIndex is shown, put into
 // reading order, rewritten and stored; the last word is shown at the end. A word without
 // signs stops the run with InvalidArgument: the words before it are already stored, and that
 // word is shown.
-void SortGardinerAll(App& app, double overlapPercent);
+void sortGardinerAll(App& app, double overlapPercent);
 
 } // namespace nebkaro

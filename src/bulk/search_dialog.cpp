@@ -14,54 +14,54 @@ bool isSearchField(int f) {
 }
 } // namespace
 
-void SearchDialogLoad(App& app) {
+void searchDialogLoad(App& app) {
     app.search = SearchDialogState{};
     app.search.loaded = true;
     app.typewriterTarget = TypewriterTarget::SearchText;
     app.searchAccepted = false;
-    SearchChooseOption(app, isSearchField(app.searchField) ? app.searchField : FieldMeaning);
+    searchChooseOption(app, isSearchField(app.searchField) ? app.searchField : FieldMeaning);
 }
 
-void SearchTextFocused(App& app) {
+void searchTextFocused(App& app) {
     app.typewriterTarget = TypewriterTarget::SearchText;
 }
 
-void SearchChooseOption(App& app, int field) {
+void searchChooseOption(App& app, int field) {
     if (!isSearchField(field)) return;
     SearchDialogState& d = app.search;
     // Case carries meaning in plain-letter transliteration (h and H, s and S, t and T), so
     // that field starts case-sensitive and the others start as they were before it.
-    if (field == FieldTranslit && d.option != FieldTranslit) d.chkCase = true;
-    if (field != FieldTranslit && d.option == FieldTranslit) d.chkCase = false;
+    if (field == FieldTranslit && d.option != FieldTranslit) d.caseChecked = true;
+    if (field != FieldTranslit && d.option == FieldTranslit) d.caseChecked = false;
     d.option = field;
     if (field == FieldTranslit) {
         d.transliterationFont = true;
-        d.cmdTypewriterEnabled = true;
-        d.txtSearch = PlainFromScholarly(d.txtSearch);
+        d.typewriterEnabled = true;
+        d.searchText = plainFromScholarly(d.searchText);
         return;
     }
     d.transliterationFont = false;
     // Signs may be named by their phonetic values, which the typewriter types.
-    d.cmdTypewriterEnabled = field == FieldLayout;
-    d.chkIgnoreVariantsEnabled = field == FieldGardiner || field == FieldLayout;
+    d.typewriterEnabled = field == FieldLayout;
+    d.ignoreVariantsEnabled = field == FieldGardiner || field == FieldLayout;
 }
 
-void SearchTextChanged(App& app, const std::string& text) {
-    app.search.txtSearch = app.search.option == FieldTranslit ? PlainFromScholarly(text) : text;
+void searchTextChanged(App& app, const std::string& text) {
+    app.search.searchText = app.search.option == FieldTranslit ? plainFromScholarly(text) : text;
 }
 
-void SearchSetExact(App& app, bool on) {
-    app.search.ChkExact = on;
-    if (on) app.search.chkExactWord = false;
+void searchSetExact(App& app, bool on) {
+    app.search.exactChecked = on;
+    if (on) app.search.exactWordChecked = false;
 }
 
-void SearchSetExactWord(App& app, bool on) {
-    app.search.chkExactWord = on;
-    if (on) app.search.ChkExact = false;
+void searchSetExactWord(App& app, bool on) {
+    app.search.exactWordChecked = on;
+    if (on) app.search.exactChecked = false;
 }
 
-bool SearchOk(App& app) {
-    if (app.search.txtSearch.empty()) {
+bool searchOk(App& app) {
+    if (app.search.searchText.empty()) {
         app.dialogs.message("You must write something in the search box", "Null String",
                             Buttons::OK, Icon::Exclamation);
         return false;
@@ -73,18 +73,18 @@ bool SearchOk(App& app) {
     return true;
 }
 
-void SearchCancel(App& app) {
+void searchCancel(App& app) {
     app.searchAccepted = false;
     const bool waiting = app.search.waiting;
     app.search = SearchDialogState{};
     app.search.waiting = waiting;
 }
 
-int SearchDialogWidth(int requested) {
+int searchDialogWidth(int requested) {
     return std::max(requested, SearchDialogMinWidth);
 }
 
-int SearchTextWidth(int dialogWidth) {
+int searchTextWidth(int dialogWidth) {
     return dialogWidth - 400;
 }
 

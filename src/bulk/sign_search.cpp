@@ -107,10 +107,10 @@ bool holds(std::string_view layout, const std::vector<Wanted>& wanted, bool fold
 
 } // namespace
 
-SignQueryReading ReadSignQuery(const SignLists& lists, std::string_view text, bool foldVariants) {
+SignQueryReading readSignQuery(const SignLists& lists, std::string_view text, bool foldVariants) {
     SignQueryReading r;
     r.query.foldVariants = foldVariants;
-    const std::string plain = PlainFromScholarly(text);
+    const std::string plain = plainFromScholarly(text);
     std::size_t i = 0;
     while (i < plain.size()) {
         if (!isAsciiAlnum(plain[i])) {
@@ -130,22 +130,22 @@ SignQueryReading ReadSignQuery(const SignLists& lists, std::string_view text, bo
             if (r.unknown.empty()) r.unknown = token;
             continue;
         }
-        r.query.codes.push_back(lists.Phonetic[static_cast<std::size_t>(row)][0]);
+        r.query.codes.push_back(lists.phonetic[static_cast<std::size_t>(row)][0]);
     }
     return r;
 }
 
-std::vector<std::string_view> LayoutCodes(std::string_view layout) {
+std::vector<std::string_view> layoutCodes(std::string_view layout) {
     std::array<std::string_view, MaxCodes> codes;
     const std::size_t n = scanCodes(layout, codes);
     return {codes.begin(), codes.begin() + static_cast<std::ptrdiff_t>(n)};
 }
 
-bool LayoutHasSigns(std::string_view layout, const SignQuery& query) {
+bool layoutHasSigns(std::string_view layout, const SignQuery& query) {
     return holds(layout, prepare(query), query.foldVariants);
 }
 
-std::vector<int> FindAllBySigns(const DictionaryStore& store, const SignQuery& query) {
+std::vector<int> findAllBySigns(const DictionaryStore& store, const SignQuery& query) {
     std::vector<int> found;
     const std::vector<Wanted> wanted = prepare(query);
     if (wanted.empty()) return found;
@@ -154,7 +154,7 @@ std::vector<int> FindAllBySigns(const DictionaryStore& store, const SignQuery& q
     return found;
 }
 
-int FindBySigns(const DictionaryStore& store, const SignQuery& query, int start, int end,
+int findBySigns(const DictionaryStore& store, const SignQuery& query, int start, int end,
                 int step) {
     if (step != 1 && step != -1) throw RunError(InvalidArgument);
     const std::vector<Wanted> wanted = prepare(query);
@@ -163,7 +163,7 @@ int FindBySigns(const DictionaryStore& store, const SignQuery& query, int start,
     return -1;
 }
 
-std::string SignQueryText(const SignQuery& query) {
+std::string signQueryText(const SignQuery& query) {
     std::string out;
     for (const std::string& c : query.codes) {
         if (!out.empty()) out += '-';
@@ -174,7 +174,7 @@ std::string SignQueryText(const SignQuery& query) {
 
 namespace {
 
-SignQuery SignQueryFromText(std::string_view codes, bool foldVariants) {
+SignQuery signQueryFromText(std::string_view codes, bool foldVariants) {
     SignQuery q;
     q.foldVariants = foldVariants;
     std::size_t i = 0;
@@ -195,24 +195,24 @@ SignQuery SignQueryFromText(std::string_view codes, bool foldVariants) {
 
 namespace nebkaro {
 
-bool PrepareSignCriteria(App& app, SearchCriteria& criteria) {
+bool prepareSignCriteria(App& app, SearchCriteria& criteria) {
     const SearchDialogState& d = app.search;
-    const SignQueryReading r = ReadSignQuery(app.lists, d.txtSearch, d.chkIgnoreVariants);
+    const SignQueryReading r = readSignQuery(app.lists, d.searchText, d.ignoreVariantsChecked);
     if (!r.unknown.empty()) {
         app.dialogs.message(r.unknown + " was not found", "Phonetic Not Found", Buttons::OK,
                             Icon::Exclamation);
         return false;
     }
     criteria = SearchCriteria{};
-    criteria.pattern = SignQueryText(r.query);
+    criteria.pattern = signQueryText(r.query);
     criteria.caseSensitive = true;
     criteria.ignoreVariants = r.query.foldVariants;
     return true;
 }
 
-int FindSignMatch(const DictionaryStore& store, const SearchCriteria& criteria, int start, int end,
+int findSignMatch(const DictionaryStore& store, const SearchCriteria& criteria, int start, int end,
                   int step) {
-    return FindBySigns(store, SignQueryFromText(criteria.pattern, criteria.ignoreVariants), start,
+    return findBySigns(store, signQueryFromText(criteria.pattern, criteria.ignoreVariants), start,
                        end, step);
 }
 

@@ -27,23 +27,23 @@ struct SignQueryReading {
 // A name with a digit is a code (its letters put into the usual case: g17 -> G17, AA1 -> Aa1,
 // N35A -> N35a); any other name is a phonetic value looked up, case-sensitively, in the
 // phonetic table (scholarly letters are read as their plain ones).
-SignQueryReading ReadSignQuery(const SignLists& lists, std::string_view text, bool foldVariants);
+SignQueryReading readSignQuery(const SignLists& lists, std::string_view text, bool foldVariants);
 
 // The codes of a layout string in slot order, read leniently: what stands before each "(".
-std::vector<std::string_view> LayoutCodes(std::string_view layout);
+std::vector<std::string_view> layoutCodes(std::string_view layout);
 
 // Whether the layout holds every sign of the query (each as often as it is asked for).
-bool LayoutHasSigns(std::string_view layout, const SignQuery& query);
+bool layoutHasSigns(std::string_view layout, const SignQuery& query);
 
 // Every word from 0 to lastIndex whose layout holds the signs, in order. An empty query finds
 // nothing.
-std::vector<int> FindAllBySigns(const DictionaryStore& store, const SignQuery& query);
+std::vector<int> findAllBySigns(const DictionaryStore& store, const SignQuery& query);
 
 // The first such word from start towards end (inclusive, step +1 or -1), or -1.
-int FindBySigns(const DictionaryStore& store, const SignQuery& query, int start, int end, int step);
+int findBySigns(const DictionaryStore& store, const SignQuery& query, int start, int end, int step);
 
 // The query as the search remembers it ("G17-D21").
-std::string SignQueryText(const SignQuery& query);
+std::string signQueryText(const SignQuery& query);
 
 } // namespace nebkaro
 
@@ -56,9 +56,9 @@ struct SearchCriteria;
 // the codes read from the search box, joined by "-", in the pattern, and the variant folding
 // in ignoreVariants. A name that cannot be read is told ("nfx was not found") and gives
 // false; the criteria are then left as they were.
-bool PrepareSignCriteria(App& app, SearchCriteria& criteria);
+bool prepareSignCriteria(App& app, SearchCriteria& criteria);
 // The walk of Find for such criteria.
-int FindSignMatch(const DictionaryStore& store, const SearchCriteria& criteria, int start, int end,
+int findSignMatch(const DictionaryStore& store, const SearchCriteria& criteria, int start, int end,
                   int step);
 
 } // namespace nebkaro

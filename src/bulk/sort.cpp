@@ -17,7 +17,7 @@ namespace {
 // direction 0 encodes (column 0), 1 decodes (column 1). It leaves sortField at 4. A character
 // above code 255 is SubscriptOutOfRange: the words before it are rebuilt already, that word's
 // field stays as it was.
-void EncodeTransliteration(App& app, int direction) {
+void encodeTransliteration(App& app, int direction) {
     DictionaryStore& store = app.store;
     app.sortDialog.sortField = SortField::Translit;
     const auto column = static_cast<std::size_t>(direction);
@@ -28,7 +28,7 @@ void EncodeTransliteration(App& app, int direction) {
         std::string& out = coded[static_cast<std::size_t>(w)];
         for (const char32_t c : text::toU32(std::string(store.view(w, FieldTranslit)))) {
             if (c > 255) throw RunError(SubscriptOutOfRange);
-            out += app.lists.Trans2Code[c][column];
+            out += app.lists.trans2Code[c][column];
         }
     }
     for (int w = 0; w <= store.lastIndex; ++w)
@@ -51,13 +51,13 @@ std::vector<int> orderOfKeys(const std::vector<std::string>& keys, int last, Sor
 }
 } // namespace
 
-std::vector<int> ToolbarOrder(const std::vector<WordRecord>& rows, int last, int field,
+std::vector<int> toolbarOrder(const std::vector<WordRecord>& rows, int last, int field,
                               SortOrder order) {
     if (last < 1) return orderOfKeys({}, last, order);
     return orderOfKeys(detail::makeKeys(rows, field, last, order.caseSensitive), last, order);
 }
 
-std::vector<int> ToolbarOrder(const DictionaryStore& store, int last, int field, SortOrder order) {
+std::vector<int> toolbarOrder(const DictionaryStore& store, int last, int field, SortOrder order) {
     if (last < 1) return orderOfKeys({}, last, order);
     return orderOfKeys(detail::makeKeys(store, field, last, order.caseSensitive), last, order);
 }
@@ -65,7 +65,7 @@ std::vector<int> ToolbarOrder(const DictionaryStore& store, int last, int field,
 namespace {
 
 // The name Undo gives a sort by this field: "Sort by Meaning".
-std::string SortStepName(SortField field) {
+std::string sortStepName(SortField field) {
     switch (field) {
     case SortField::Meaning:
         return "Sort by Meaning";
@@ -87,7 +87,7 @@ std::string SortStepName(SortField field) {
 class ClassicCoding {
 public:
     ClassicCoding(App& app, bool classic) : app_(app), active_(classic) {
-        if (active_) EncodeTransliteration(app_, 0);
+        if (active_) encodeTransliteration(app_, 0);
     }
     ClassicCoding(const ClassicCoding&) = delete;
     ClassicCoding& operator=(const ClassicCoding&) = delete;
@@ -95,7 +95,7 @@ public:
     void decode() {
         if (!active_) return;
         active_ = false;
-        EncodeTransliteration(app_, 1);
+        encodeTransliteration(app_, 1);
     }
     ~ClassicCoding() {
         try {
@@ -118,9 +118,9 @@ void afterFailure(App& app, bool started) {
 
 } // namespace
 
-void ToolbarSort(App& app, SortField field, SortOrder order) {
+void toolbarSort(App& app, SortField field, SortOrder order) {
     DictionaryStore& store = app.store;
-    UndoStep step(app.history, store, SortStepName(field), 0);
+    UndoStep step(app.history, store, sortStepName(field), 0);
     bool started = false;
     try {
         ClassicCoding coding(app, field == SortField::Classic);
@@ -132,7 +132,7 @@ void ToolbarSort(App& app, SortField field, SortOrder order) {
             app.windows->showCounter(last);
             app.events.yield();
         }
-        store.permuteRows(ToolbarOrder(store, last, sortColumn(field), order));
+        store.permuteRows(toolbarOrder(store, last, sortColumn(field), order));
         if (last > 0) {
             app.windows->showCounter(0);
             app.events.yield();
@@ -146,9 +146,9 @@ void ToolbarSort(App& app, SortField field, SortOrder order) {
     app.renderWord(app);
 }
 
-double MenuSort(App& app, SortField field, SortOrder order, int algorithm) {
+double menuSort(App& app, SortField field, SortOrder order, int algorithm) {
     DictionaryStore& store = app.store;
-    UndoStep step(app.history, store, SortStepName(field), 0);
+    UndoStep step(app.history, store, sortStepName(field), 0);
     app.windows->showProgress("Sorting Started");
     bool started = false;
     try {
@@ -158,9 +158,9 @@ double MenuSort(App& app, SortField field, SortOrder order, int algorithm) {
         app.sortCancelled = false;
         const auto t0 = std::chrono::steady_clock::now();
         if (algorithm == 1)
-            ExchangeSort(app, store, column, store.lastIndex - 1, order);
+            exchangeSort(app, store, column, store.lastIndex - 1, order);
         else
-            CombSort(app, store, column, store.lastIndex - 1, order);
+            combSort(app, store, column, store.lastIndex - 1, order);
         coding.decode();
         store.isChanged = true;
         store.currentIndex = 0;

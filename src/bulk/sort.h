@@ -17,14 +17,14 @@ struct App;
 // The order the tool-bar sort's exchange passes produce on rows 0..last by one field: the
 // stable order of "a > b" (after exchanging a and b for reverse order and upper-casing both
 // when case does not count). Entry k is the old index of the row that goes to k.
-std::vector<int> ToolbarOrder(const std::vector<WordRecord>& rows, int last, int field,
+std::vector<int> toolbarOrder(const std::vector<WordRecord>& rows, int last, int field,
                               SortOrder order);
-std::vector<int> ToolbarOrder(const DictionaryStore& store, int last, int field, SortOrder order);
+std::vector<int> toolbarOrder(const DictionaryStore& store, int last, int field, SortOrder order);
 
 // The tool-bar sort without its questions: classic order through the encoding, rows 0..lastIndex
-// put into ToolbarOrder, the counter label counting down to 0, the dictionary marked changed
+// put into toolbarOrder, the counter label counting down to 0, the dictionary marked changed
 // and the word at the unchanged current index shown again.
-void ToolbarSort(App& app, SortField field, SortOrder order);
+void toolbarSort(App& app, SortField field, SortOrder order);
 
 // The menu sort without its questions: the progress dialog, the comb sort of rows
 // 0..lastIndex (cancellable; algorithm 1 runs the exchange sort instead, which no command
@@ -32,6 +32,6 @@ void ToolbarSort(App& app, SortField field, SortOrder order);
 // (a transliteration character the classic table lacks) leaves the rows as they are at that
 // moment, marked changed, with the current word shown again and the progress dialog hidden,
 // and goes to the caller.
-double MenuSort(App& app, SortField field, SortOrder order, int algorithm = 2);
+double menuSort(App& app, SortField field, SortOrder order, int algorithm = 2);
 
 } // namespace nebkaro

@@ -4,24 +4,24 @@
 
 namespace nebkaro {
 
-void LoadSortDialog(App& app) {
+void loadSortDialog(App& app) {
     app.sortDialog.loaded = true;
     app.sortDialog.sortField = SortField::None;
 }
 
-void SortDialogOk(App& app) {
+void sortDialogOk(App& app) {
     SortDialogState& d = app.sortDialog;
     d.sortField = SortField::None;
     for (const SortOption& o : SortOptions)
         if (d.option == o.value) d.sortField = o.value;
 }
 
-void SortDialogCancel(App& app) {
+void sortDialogCancel(App& app) {
     app.sortDialog.sortField = SortField::None;
 }
 
-SortField ShowSortDialog(App& app) {
-    if (!app.sortDialog.loaded) LoadSortDialog(app);
+SortField showSortDialog(App& app) {
+    if (!app.sortDialog.loaded) loadSortDialog(app);
     app.windows->showSortDialog();
     return app.sortDialog.sortField;
 }

@@ -30,13 +30,13 @@ inline constexpr std::array<SortOption, 5> SortOptions{{
 }};
 
 // Loading the dialog: no sort asked for yet (sortField None).
-void LoadSortDialog(App& app);
+void loadSortDialog(App& app);
 // OK: sortField from the option button that is on (None when none is); the dialog hides.
-void SortDialogOk(App& app);
+void sortDialogOk(App& app);
 // Cancel (also closing the window): sortField None; the dialog hides, its controls keep their
 // values.
-void SortDialogCancel(App& app);
+void sortDialogCancel(App& app);
 // Shows the dialog modally, loading it the first time, and returns sortField afterwards.
-SortField ShowSortDialog(App& app);
+SortField showSortDialog(App& app);
 
 } // namespace nebkaro

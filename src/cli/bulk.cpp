@@ -22,10 +22,10 @@ namespace {
 
 // Loads FILE with the program's sign list, tables, drawing and Store wired in.
 void prepare(ConsoleApp& c, const std::string& file, bool needLists) {
-    InstallEditing(c.app);
+    installEditing(c.app);
     if (needLists) {
-        LoadSignList(c.app.lists, c.app.home, c.app.settings.library);
-        LoadTrans2Code(c.app.lists, c.app.home);
+        loadSignList(c.app.lists, c.app.home, c.app.settings.library);
+        loadTrans2Code(c.app.lists, c.app.home);
     }
     loadDictionary(c, file, false);
 }
@@ -65,7 +65,7 @@ void changeEachWord(const fs::path& home, const Args& a, const std::string& fail
 
 } // namespace
 
-int cmdSort(const fs::path& home, const std::vector<std::string>& argv) {
+int runSort(const fs::path& home, const std::vector<std::string>& argv) {
     Args a(argv, {"-o", "--by", "--method"}, {"--reverse", "--case"});
     if (a.positional().size() != 1) throw Usage("sort takes FILE --by FIELD -o OUT");
     const SortField field = choice<SortField>({{"meaning", SortField::Meaning},
@@ -83,9 +83,9 @@ int cmdSort(const fs::path& home, const std::vector<std::string>& argv) {
     if (!empty(c)) {
         try {
             if (comb)
-                MenuSort(c.app, field, order);
+                menuSort(c.app, field, order);
             else
-                ToolbarSort(c.app, field, order);
+                toolbarSort(c.app, field, order);
         } catch (const RunError& e) {
             throw Failure("the sort failed: " + e.report() + "; nothing written");
         }
@@ -94,7 +94,7 @@ int cmdSort(const fs::path& home, const std::vector<std::string>& argv) {
     return 0;
 }
 
-int cmdShuffle(const fs::path& home, const std::vector<std::string>& argv) {
+int runShuffle(const fs::path& home, const std::vector<std::string>& argv) {
     Args a(argv, {"-o", "--seed"}, {});
     if (a.positional().size() != 1) throw Usage("shuffle takes FILE -o OUT");
     std::optional<std::uint64_t> seed;
@@ -107,29 +107,29 @@ int cmdShuffle(const fs::path& home, const std::vector<std::string>& argv) {
     }
     ConsoleApp c(home);
     prepare(c, a.positional()[0], false);
-    if (!empty(c)) ShuffleDictionary(c.app, seed);
+    if (!empty(c)) shuffleDictionary(c.app, seed);
     writeDictionary(c, a.required("-o"));
     return 0;
 }
 
-int cmdFlip(const fs::path& home, const std::vector<std::string>& argv) {
+int runFlip(const fs::path& home, const std::vector<std::string>& argv) {
     Args a(argv, {"-o", "--to"}, {});
     if (a.positional().size() != 1) throw Usage("flip takes FILE --to left|right|invert -o OUT");
     const FlipMode mode = choice<FlipMode>(
         {{"left", FlipMode::Left}, {"right", FlipMode::Right}, {"invert", FlipMode::Invert}},
         "--to", a.required("--to"));
-    changeEachWord(home, a, "flipped", [mode](App& app) { FlipAll(app, mode); });
+    changeEachWord(home, a, "flipped", [mode](App& app) { flipAll(app, mode); });
     return 0;
 }
 
-int cmdReadingOrder(const fs::path& home, const std::vector<std::string>& argv) {
+int runReadingOrder(const fs::path& home, const std::vector<std::string>& argv) {
     Args a(argv, {"-o", "--overlap"}, {});
     if (a.positional().size() != 1)
         throw Usage("reading-order takes FILE [--overlap PERCENT] -o OUT");
     // The answer is read as the input box reads it: a number as far as it goes.
     const double percent = text::leadingNumber(a.value("--overlap").value_or("20"));
     changeEachWord(home, a, "put in reading order",
-                   [percent](App& app) { SortGardinerAll(app, percent); });
+                   [percent](App& app) { sortGardinerAll(app, percent); });
     return 0;
 }
 

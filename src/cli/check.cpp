@@ -50,7 +50,7 @@ ParsedDictionary readForCheck(const std::string& file, const Reporter& report) {
     ParsedDictionary parsed;
     std::vector<int> converted;
     try {
-        parsed = ReadDictionaryText(text::decodeFileText(readFileBytes(fs::path(file)), &converted),
+        parsed = readDictionaryText(text::decodeFileText(readFileBytes(fs::path(file)), &converted),
                                     DictionaryStore::MaxWordIndex + 1);
     } catch (const RunError& e) {
         throw Failure("'" + file + "' cannot be loaded: " + e.report());
@@ -86,7 +86,7 @@ void checkSigns(const GlyphTable& table, const WordRecord& word, const SignLists
 }
 } // namespace
 
-int cmdCheck(const fs::path& home, const std::vector<std::string>& argv) {
+int runCheck(const fs::path& home, const std::vector<std::string>& argv) {
     Args a(argv, {}, {});
     if (a.positional().size() != 1) throw Usage("check takes one FILE");
     const std::string file = a.positional()[0];
@@ -116,7 +116,7 @@ int cmdCheck(const fs::path& home, const std::vector<std::string>& argv) {
         if (!listLoaded[k]) {
             listLoaded[k] = true;
             try {
-                LoadSignList(lists[k], home, library);
+                loadSignList(lists[k], home, library);
             } catch (const ProgramFileError& e) {
                 listError[k] = e.problem();
                 report(listError[k]);
@@ -137,14 +137,14 @@ int cmdCheck(const fs::path& home, const std::vector<std::string>& argv) {
                    "' is neither B nor E (drawn from Extended)");
         GlyphTable table;
         try {
-            ParseLayoutString(word[FieldLayout], table);
+            parseLayoutString(word[FieldLayout], table);
         } catch (const RunError& e) {
             report(where + ": the layout '" + word[FieldLayout] +
                    "' does not parse: " + e.report());
             continue;
         }
         app.store.currentIndex = static_cast<int>(w);
-        RenderWord(app);
+        renderWord(app);
         if (!app.view.drawProblem.empty()) {
             const std::string& why = app.view.drawProblem;
             const std::size_t open = why.rfind(" (");

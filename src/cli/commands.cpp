@@ -82,7 +82,7 @@ int run(int argc, char** argv) {
         // The tool reads only the shipped files (sign lists, pictures); the dictionaries it
         // works on are named on its command line.
         const ProgramFolders folders =
-            ResolveFolders(home, ExecutableFolder(), NEBKARO_SHIPPED_FROM_BIN, EnvironmentValue);
+            resolveFolders(home, executableFolder(), NEBKARO_SHIPPED_FROM_BIN, environmentValue);
         return cmd->run(folders.shipped, rest);
     } catch (const Usage& e) {
         std::cerr << "nebkaro-cli: " << e.what() << "\n";

@@ -19,7 +19,7 @@ namespace nebkaro::cli {
 namespace {
 
 fs::path drawingTool() {
-    const fs::path here = ExecutableFolder();
+    const fs::path here = executableFolder();
     // Beside the tool in a build folder; in the library folder once installed.
     for (const fs::path& p :
          {here / "nebkaro-cli-draw",
@@ -46,7 +46,7 @@ void moveToDrawingTool() {
     handOver();
 }
 
-int cmdRender(const fs::path&, const std::vector<std::string>&) {
+int runRender(const fs::path&, const std::vector<std::string>&) {
     handOver();
 }
 

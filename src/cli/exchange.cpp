@@ -32,8 +32,8 @@ void moveToDrawingTool() {}
 namespace {
 
 void loadTables(ConsoleApp& c, const fs::path& home) {
-    LoadSignList(c.app.lists, home, c.app.settings.library);
-    LoadPhonetic(c.app.lists, home);
+    loadSignList(c.app.lists, home, c.app.settings.library);
+    loadPhonetic(c.app.lists, home);
 }
 
 std::string readText(const std::string& file) {
@@ -46,7 +46,7 @@ std::string readText(const std::string& file) {
 
 } // namespace
 
-int cmdExport(const fs::path& home, const std::vector<std::string>& argv) {
+int runExport(const fs::path& home, const std::vector<std::string>& argv) {
     Args a(argv, {"--format", "-o", "--time"}, {});
     if (a.positional().size() != 1)
         throw Usage("export takes FILE --format tsv|html|mdc|apkg -o OUT");
@@ -66,13 +66,13 @@ int cmdExport(const fs::path& home, const std::vector<std::string>& argv) {
     }
     if (format == "html" || format == "apkg") moveToDrawingTool();
     ConsoleApp c(home);
-    InstallEditing(c.app);
+    installEditing(c.app);
     loadDictionary(c, a.positional()[0], false);
-    const std::vector<int> words = AllWords(c.app);
+    const std::vector<int> words = allWords(c.app);
     std::string bytes;
     if (format == "tsv" || format == "mdc") {
         const ExportText t =
-            format == "tsv" ? ExportTsv(c.app, words) : ExportMdcLines(c.app, words);
+            format == "tsv" ? exportTsv(c.app, words) : exportMdcLines(c.app, words);
         for (const std::string& p : t.problems) std::cerr << p << "\n";
         bytes = t.text;
     } else {
@@ -82,7 +82,7 @@ int cmdExport(const fs::path& home, const std::vector<std::string>& argv) {
     return 0;
 }
 
-int cmdImport(const fs::path& home, const std::vector<std::string>& argv) {
+int runImport(const fs::path& home, const std::vector<std::string>& argv) {
     Args a(argv, {"-o", "--library", "--direction"}, {});
     if (a.positional().size() != 2) throw Usage("import takes FILE LINES -o OUT");
     const std::string out = a.required("-o");
@@ -91,13 +91,13 @@ int cmdImport(const fs::path& home, const std::vector<std::string>& argv) {
     if (library != "basic" && library != "extended") throw Usage("--library takes basic|extended");
     if (direction != "left" && direction != "right") throw Usage("--direction takes left|right");
     ConsoleApp c(home);
-    InstallEditing(c.app);
+    installEditing(c.app);
     c.app.settings.library = libraryOfName(library);
     c.app.settings.direction = directionOfName(direction);
     loadTables(c, home);
     loadDictionary(c, a.positional()[0], false);
-    const ImportReport report = ImportMdcLines(c.app, readText(a.positional()[1]));
-    std::cerr << ImportReportText(report) << "\n";
+    const ImportReport report = importMdcLines(c.app, readText(a.positional()[1]));
+    std::cerr << importReportText(report) << "\n";
     writeDictionary(c, out);
     return report.refused.empty() ? 0 : 1;
 }

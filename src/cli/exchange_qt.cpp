@@ -18,9 +18,9 @@ std::string exportWithPictures(ConsoleApp& c, const std::string& format,
     char name[] = "nebkaro-cli";
     char* args[] = {name, nullptr};
     QCoreApplication qt(argc, args);
-    const std::string title = DeckName(c.app.store.dictionaryName);
-    if (format == "html") return ExportHtml(c.app, words, title);
-    return ExportFlashCards(c.app, words, title, nowMs);
+    const std::string title = deckName(c.app.store.dictionaryName);
+    if (format == "html") return exportHtml(c.app, words, title);
+    return exportFlashCards(c.app, words, title, nowMs);
 }
 
 } // namespace nebkaro::cli

@@ -15,15 +15,15 @@ namespace fs = std::filesystem;
 
 namespace nebkaro::cli {
 
-int cmdRender(const fs::path& home, const std::vector<std::string>& argv) {
+int runRender(const fs::path& home, const std::vector<std::string>& argv) {
     Args a(argv, {"-o"}, {});
     if (a.positional().size() != 2) throw Usage("render takes FILE INDEX -o OUT.bmp|png|svg");
     const std::string out = a.required("-o");
     ConsoleApp c(home);
-    InstallEditing(c.app);
+    installEditing(c.app);
     loadDictionary(c, a.positional()[0], false);
     c.app.store.currentIndex = wordIndex(c, a.positional()[1]);
-    RenderWord(c.app);
+    renderWord(c.app);
     for (const auto& missing : c.app.view.missingPictures)
         std::cerr << "sign picture missing or unreadable (drawn as an empty square): " << missing
                   << "\n";
@@ -34,17 +34,17 @@ int cmdRender(const fs::path& home, const std::vector<std::string>& argv) {
     char* args[] = {name, nullptr};
     QCoreApplication qt(argc, args);
     QByteArray bytes;
-    switch (ImageFormatFor(out)) {
+    switch (imageFormatFor(out)) {
     case ImageFormat::Svg:
-        bytes = WordPictureSvg(c.app.view.TemPic);
+        bytes = wordPictureSvg(c.app.view.picture);
         break;
     case ImageFormat::Png:
-        bytes = WordPicturePng(c.app.view.TemPic);
+        bytes = wordPicturePng(c.app.view.picture);
         break;
     case ImageFormat::Bmp: {
         QBuffer buffer(&bytes);
         buffer.open(QIODevice::WriteOnly);
-        if (!WordPictureImage(c.app.view.TemPic).save(&buffer, "BMP"))
+        if (!wordPictureImage(c.app.view.picture).save(&buffer, "BMP"))
             throw Failure("the picture could not be made");
         break;
     }

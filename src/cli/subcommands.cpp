@@ -20,7 +20,7 @@ void loadDictionary(ConsoleApp& c, const std::string& file, bool merge) {
     app.store.dictionaryName = fs::path(file).filename().string();
     c.dialogs.echo = false;
     const std::size_t before = c.dialogs.shown.size();
-    const LoadOutcome outcome = LoadDictionary(app);
+    const LoadOutcome outcome = loadDictionary(app);
     c.dialogs.echo = true;
     if (outcome == LoadOutcome::NotFound) throw Failure("'" + file + "': no such dictionary file");
     if (outcome == LoadOutcome::Failed) {
@@ -40,7 +40,7 @@ void loadDictionary(ConsoleApp& c, const std::string& file, bool merge) {
 }
 
 void writeDictionary(ConsoleApp& c, const std::string& out) {
-    const UnwritableValue u = FindUnwritableValue(c.app.store, true);
+    const UnwritableValue u = findUnwritableValue(c.app.store, true);
     if (u.found) {
         throw Failure(std::string(u.inHeader ? "header value " + std::to_string(u.field)
                                              : "word " + std::to_string(u.word) + " field " +
@@ -48,7 +48,7 @@ void writeDictionary(ConsoleApp& c, const std::string& out) {
                       " holds a double quote or a line break, which a dictionary file cannot hold; "
                       "nothing written");
     }
-    c.files.write(fs::path(out), DictionaryFileText(c.app.store));
+    c.files.write(fs::path(out), dictionaryFileText(c.app.store));
 }
 
 int wordIndex(const ConsoleApp& c, const std::string& textValue) {
@@ -64,22 +64,22 @@ int wordIndex(const ConsoleApp& c, const std::string& textValue) {
     return index;
 }
 
-int cmdInfo(const fs::path& home, const std::vector<std::string>& argv);
-int cmdShow(const fs::path& home, const std::vector<std::string>& argv);
-int cmdConvert(const fs::path& home, const std::vector<std::string>& argv);
-int cmdMerge(const fs::path& home, const std::vector<std::string>& argv);
-int cmdCheck(const fs::path& home, const std::vector<std::string>& argv);
-int cmdSort(const fs::path& home, const std::vector<std::string>& argv);
-int cmdShuffle(const fs::path& home, const std::vector<std::string>& argv);
-int cmdFlip(const fs::path& home, const std::vector<std::string>& argv);
-int cmdReadingOrder(const fs::path& home, const std::vector<std::string>& argv);
-int cmdSearch(const fs::path& home, const std::vector<std::string>& argv);
-int cmdGuess(const fs::path& home, const std::vector<std::string>& argv);
-int cmdCompose(const fs::path& home, const std::vector<std::string>& argv);
-int cmdExport(const fs::path& home, const std::vector<std::string>& argv);
-int cmdImport(const fs::path& home, const std::vector<std::string>& argv);
+int runInfo(const fs::path& home, const std::vector<std::string>& argv);
+int runShow(const fs::path& home, const std::vector<std::string>& argv);
+int runConvert(const fs::path& home, const std::vector<std::string>& argv);
+int runMerge(const fs::path& home, const std::vector<std::string>& argv);
+int runCheck(const fs::path& home, const std::vector<std::string>& argv);
+int runSort(const fs::path& home, const std::vector<std::string>& argv);
+int runShuffle(const fs::path& home, const std::vector<std::string>& argv);
+int runFlip(const fs::path& home, const std::vector<std::string>& argv);
+int runReadingOrder(const fs::path& home, const std::vector<std::string>& argv);
+int runSearch(const fs::path& home, const std::vector<std::string>& argv);
+int runGuess(const fs::path& home, const std::vector<std::string>& argv);
+int runCompose(const fs::path& home, const std::vector<std::string>& argv);
+int runExport(const fs::path& home, const std::vector<std::string>& argv);
+int runImport(const fs::path& home, const std::vector<std::string>& argv);
 #ifdef NEBKARO_HAVE_DRAW
-int cmdRender(const fs::path& home, const std::vector<std::string>& argv);
+int runRender(const fs::path& home, const std::vector<std::string>& argv);
 #endif
 
 namespace {
@@ -89,24 +89,24 @@ std::vector<Subcommand> dictionarySubcommands() {
     return {
         {"info", "info FILE",
          "Prints the header values, the number of words, and whether the file has a header.\n",
-         cmdInfo},
+         runInfo},
         {"show", "show FILE INDEX",
          "Prints the seven fields of word INDEX (counted from 0), one per line, as 'N: value'.\n",
-         cmdShow},
+         runShow},
         {"convert", "convert IN -o OUT",
          "Reads any dictionary the program reads (.nkd or .csv, UTF-8 or Windows-1252, CR LF\n"
          "or LF) and writes it as the program writes dictionaries.\n",
-         cmdConvert},
+         runConvert},
         {"merge", "merge FILE... -o OUT",
          "Loads the first FILE, merges the others in argument order as the program's Merge\n"
          "does (the header is the last merged file's), and writes the result to OUT.\n",
-         cmdMerge},
+         runMerge},
         {"check", "check FILE",
          "Reports every problem a user should know of: values the file format cannot hold,\n"
          "layouts that do not parse or cannot be drawn, codes not in the word's sign library,\n"
          "missing sign pictures, lines that are not UTF-8 (read as Windows-1252), and a record\n"
          "that ends the load early (with its line). Exit 1 when any.\n",
-         cmdCheck},
+         runCheck},
     };
 }
 
@@ -122,17 +122,17 @@ std::vector<Subcommand> bulkSubcommands() {
          "'classic' orders transliterations A i y a w b p f m n r h H x X z s S q k g t T d D.\n"
          "Without --case, upper and lower case compare equal. Two Gardiner notations that cannot\n"
          "be ordered stop the sort with both named, and nothing is written.\n",
-         cmdSort},
+         runSort},
         {"shuffle", "shuffle FILE [--seed N] -o OUT",
-         "Puts the words in random order; the same --seed gives the same order.\n", cmdShuffle},
+         "Puts the words in random order; the same --seed gives the same order.\n", runShuffle},
         {"flip", "flip FILE --to left|right|invert -o OUT",
          "Turns every word to the left, to the right, or the other way, mirroring its signs.\n",
-         cmdFlip},
+         runFlip},
         {"reading-order", "reading-order FILE [--overlap PERCENT] -o OUT",
          "Puts the signs of every word into reading order (Sort Gardiner) and rewrites its\n"
          "layout and Gardiner notation. Signs overlapping by more than PERCENT (default 20)\n"
          "of their right edge count as stacked. A word without signs stops the run.\n",
-         cmdReadingOrder},
+         runReadingOrder},
         {"search",
          "search FILE --field meaning|translit|gardiner|comment [--exact|--word] "
          "[--case|--ignore-case] [--ignore-variants] [--all] TEXT\n"
@@ -147,7 +147,7 @@ std::vector<Subcommand> bulkSubcommands() {
          "--ignore-variants: A1a counts as A1 (for Gardiner notations and signs).\n"
          "--signs: SIGNS are codes or phonetic values in any order (\"G17 D21\", \"m r\"); finds\n"
          "the words whose layout holds every one of them, a sign named twice twice.\n",
-         cmdSearch},
+         runSearch},
     };
 }
 
@@ -157,14 +157,14 @@ std::vector<Subcommand> wordSubcommands() {
         {"guess", "guess FILE INDEX",
          "Prints the transliteration guessed from the phonetic values of word INDEX's signs, as\n"
          "the Guess button makes it; exit 1 when no sign has a phonetic value.\n",
-         cmdGuess},
+         runGuess},
         {"compose", "compose [--library basic|extended] [--direction left|right] LINE",
          "Composes LINE (codes such as A1 or phonetic values such as n, separated by -, blank,\n"
          "* or :) as Get then OK in the composer do, and prints the layout string and the\n"
          "Gardiner notation on two lines. Signs are laid out in the reading order of the\n"
          "direction (right to left for right). Messages the composer would show go to stderr.\n"
          "When no sign was placed, nothing is printed and the exit status is 1.\n",
-         cmdCompose},
+         runCompose},
         {"export", "export FILE --format tsv|html|mdc|apkg [--time MS] -o OUT",
          "Writes every word for other tools. tsv: UTF-8 tab-separated hieroglyphs in Unicode,\n"
          "transliteration in scholarly letters, Gardiner notation, meaning, comment, under a\n"
@@ -172,19 +172,19 @@ std::vector<Subcommand> wordSubcommands() {
          "TAB meaning TAB comment', which import reads back. apkg: Anki flash cards, a deck\n"
          "named after FILE, two cards a word; --time fixes the identifiers (milliseconds since\n"
          "1970). Words that cannot be written whole are named on stderr.\n",
-         cmdExport},
+         runExport},
         {"import", "import FILE LINES [--library basic|extended] [--direction left|right] -o OUT",
          "Adds the lines of LINES ('MdC TAB translit TAB meaning [TAB comment]') to FILE as new\n"
          "words laid out as Arrange lays them, and writes the result to OUT. The count of words\n"
          "added and every refused line with its reason go to stderr; exit 1 when a line was\n"
          "refused.\n",
-         cmdImport},
+         runImport},
 #ifdef NEBKARO_HAVE_DRAW
         {"render", "render FILE INDEX -o OUT.bmp|png|svg",
          "Draws word INDEX's signs as Save Glyph Image does (a 32-twip margin, 15 twips to the\n"
          "pixel), as a bitmap, PNG or SVG by OUT's extension. A missing sign picture is drawn as\n"
          "an empty framed square and named on stderr.\n",
-         cmdRender},
+         runRender},
 #endif
     };
 }
@@ -207,7 +207,7 @@ const Subcommand* findSubcommand(const std::string& name) {
     return nullptr;
 }
 
-int cmdInfo(const fs::path& home, const std::vector<std::string>& argv) {
+int runInfo(const fs::path& home, const std::vector<std::string>& argv) {
     Args a(argv, {}, {});
     if (a.positional().size() != 1) throw Usage("info takes one FILE");
     ConsoleApp c(home);
@@ -222,7 +222,7 @@ int cmdInfo(const fs::path& home, const std::vector<std::string>& argv) {
     return 0;
 }
 
-int cmdShow(const fs::path& home, const std::vector<std::string>& argv) {
+int runShow(const fs::path& home, const std::vector<std::string>& argv) {
     Args a(argv, {}, {});
     if (a.positional().size() != 2) throw Usage("show takes FILE INDEX");
     ConsoleApp c(home);
@@ -234,7 +234,7 @@ int cmdShow(const fs::path& home, const std::vector<std::string>& argv) {
     return 0;
 }
 
-int cmdConvert(const fs::path& home, const std::vector<std::string>& argv) {
+int runConvert(const fs::path& home, const std::vector<std::string>& argv) {
     Args a(argv, {"-o"}, {});
     if (a.positional().size() != 1) throw Usage("convert takes IN -o OUT");
     ConsoleApp c(home);
@@ -243,7 +243,7 @@ int cmdConvert(const fs::path& home, const std::vector<std::string>& argv) {
     return 0;
 }
 
-int cmdMerge(const fs::path& home, const std::vector<std::string>& argv) {
+int runMerge(const fs::path& home, const std::vector<std::string>& argv) {
     Args a(argv, {"-o"}, {});
     if (a.positional().empty()) throw Usage("merge takes FILE... -o OUT");
     const std::string out = a.required("-o");

@@ -23,17 +23,17 @@ namespace {
 int searchBySigns(const fs::path& home, const Args& a) {
     if (a.value("--field")) throw Usage("--signs searches the signs; --field does not apply");
     ConsoleApp c(home);
-    LoadPhonetic(c.app.lists, home);
+    loadPhonetic(c.app.lists, home);
     const SignQueryReading r =
-        ReadSignQuery(c.app.lists, a.positional()[1], a.flag("--ignore-variants"));
+        readSignQuery(c.app.lists, a.positional()[1], a.flag("--ignore-variants"));
     if (!r.unknown.empty()) throw Usage(r.unknown + " was not found");
     if (r.query.codes.empty()) throw Usage("You must write something in the search box");
     c.writes = false;
     loadDictionary(c, a.positional()[0], false);
     std::vector<int> found;
     if (a.flag("--all")) {
-        found = FindAllBySigns(c.app.store, r.query);
-    } else if (int i = FindBySigns(c.app.store, r.query, 0, c.app.store.lastIndex, 1); i >= 0) {
+        found = findAllBySigns(c.app.store, r.query);
+    } else if (int i = findBySigns(c.app.store, r.query, 0, c.app.store.lastIndex, 1); i >= 0) {
         found.push_back(i);
     }
     for (int i : found) std::cout << i << "\n";
@@ -41,7 +41,7 @@ int searchBySigns(const fs::path& home, const Args& a) {
 }
 } // namespace
 
-int cmdSearch(const fs::path& home, const std::vector<std::string>& argv) {
+int runSearch(const fs::path& home, const std::vector<std::string>& argv) {
     Args a(
         argv, {"--field"},
         {"--exact", "--word", "--case", "--ignore-case", "--ignore-variants", "--all", "--signs"});
@@ -60,7 +60,7 @@ int cmdSearch(const fs::path& home, const std::vector<std::string>& argv) {
     // Transliterations are stored in plain letters; scholarly ones are read as the search
     // box reads them.
     const std::string textValue =
-        it->second == FieldTranslit ? PlainFromScholarly(a.positional()[1]) : a.positional()[1];
+        it->second == FieldTranslit ? plainFromScholarly(a.positional()[1]) : a.positional()[1];
     if (textValue.empty()) throw Usage("You must write something in the search box");
     ConsoleApp c(home);
     c.writes = false;
@@ -71,14 +71,14 @@ int cmdSearch(const fs::path& home, const std::vector<std::string>& argv) {
     // different letters.
     const bool caseSensitive =
         a.flag("--case") || (it->second == FieldTranslit && !a.flag("--ignore-case"));
-    const SearchCriteria criteria = PrepareCriteria(textValue, a.flag("--exact"), a.flag("--word"),
+    const SearchCriteria criteria = prepareCriteria(textValue, a.flag("--exact"), a.flag("--word"),
                                                     caseSensitive, a.flag("--ignore-variants"));
     std::vector<int> found;
     if (c.app.store.lastIndex >= 0) {
         if (a.flag("--all")) {
-            found = FindAll(c.app.store, criteria, it->second);
+            found = findAll(c.app.store, criteria, it->second);
         } else if (int i =
-                       FindMatch(c.app.store, criteria, it->second, 0, c.app.store.lastIndex, 1);
+                       findMatch(c.app.store, criteria, it->second, 0, c.app.store.lastIndex, 1);
                    i >= 0) {
             found.push_back(i);
         }
@@ -87,22 +87,22 @@ int cmdSearch(const fs::path& home, const std::vector<std::string>& argv) {
     return found.empty() ? 1 : 0;
 }
 
-int cmdGuess(const fs::path& home, const std::vector<std::string>& argv) {
+int runGuess(const fs::path& home, const std::vector<std::string>& argv) {
     Args a(argv, {}, {});
     if (a.positional().size() != 2) throw Usage("guess takes FILE INDEX");
     ConsoleApp c(home);
-    InstallEditing(c.app);
-    LoadPhonetic(c.app.lists, home);
+    installEditing(c.app);
+    loadPhonetic(c.app.lists, home);
     c.writes = false;
     loadDictionary(c, a.positional()[0], false);
     c.app.store.currentIndex = wordIndex(c, a.positional()[1]);
-    RenderWord(c.app);
-    const std::string guess = GuessTransliteration(c.app.glyphs, c.app.lists);
+    renderWord(c.app);
+    const std::string guess = guessTransliteration(c.app.glyphs, c.app.lists);
     std::cout << guess << "\n";
     return guess.empty() ? 1 : 0;
 }
 
-int cmdCompose(const fs::path& home, const std::vector<std::string>& argv) {
+int runCompose(const fs::path& home, const std::vector<std::string>& argv) {
     Args a(argv, {"--library", "--direction"}, {});
     if (a.positional().size() != 1) throw Usage("compose takes one LINE (quote it)");
     const std::string library = a.value("--library").value_or("basic");
@@ -112,9 +112,9 @@ int cmdCompose(const fs::path& home, const std::vector<std::string>& argv) {
     ConsoleApp c(home);
     c.app.settings.library = libraryOfName(library);
     c.app.settings.direction = directionOfName(direction);
-    LoadSignList(c.app.lists, home, c.app.settings.library);
-    LoadPhonetic(c.app.lists, home);
-    if (!ComposeLine(c.app, a.positional()[0], c.app.settings.library, c.app.settings.direction))
+    loadSignList(c.app.lists, home, c.app.settings.library);
+    loadPhonetic(c.app.lists, home);
+    if (!composeLine(c.app, a.positional()[0], c.app.settings.library, c.app.settings.direction))
         return 1;
     std::cout << c.app.layoutText << "\n" << c.app.composedGardiner << "\n";
     return 0;

@@ -13,7 +13,7 @@ bool endsToken(char c) {
 }
 } // namespace
 
-CodeLine TokenizeCodeLine(const std::string& line) {
+CodeLine tokenizeCodeLine(const std::string& line) {
     CodeLine out;
     const std::string text = text::trim(line) + " ";
     if (text == " ") return out;
@@ -38,7 +38,7 @@ CodeLine TokenizeCodeLine(const std::string& line) {
     return out;
 }
 
-bool IsCodeShaped(const std::string& token) {
+bool looksLikeGardinerCode(const std::string& token) {
     if (token.size() == 1 || token.empty()) return false;
     const char first =
         static_cast<char>(text::upperChar(static_cast<unsigned char>(token.front())));
@@ -46,23 +46,23 @@ bool IsCodeShaped(const std::string& token) {
     return first >= 'A' && last <= '9';
 }
 
-TokenResolution ResolveToken(const SignLists& lists, const std::string& token) {
+TokenResolution resolveToken(const SignLists& lists, const std::string& token) {
     TokenResolution r;
     r.code = token;
-    if (!IsCodeShaped(token)) {
+    if (!looksLikeGardinerCode(token)) {
         const int row = lists.findPhonetic(1, token);
         if (row < 0) {
             r.outcome = TokenResolution::Outcome::PhoneticNotFound;
             return r;
         }
-        r.code = lists.Phonetic[static_cast<std::size_t>(row)][0];
+        r.code = lists.phonetic[static_cast<std::size_t>(row)][0];
     }
     r.entry = lists.findSign(r.code);
     if (r.entry == 0) r.outcome = TokenResolution::Outcome::GlyphNotFound;
     return r;
 }
 
-std::string SeparatorDiagnostic(const std::string& separators) {
+std::string separatorDiagnostic(const std::string& separators) {
     if (separators.empty()) return {};
     const std::string s = separators.substr(0, separators.size() - 1);
     const std::size_t len = s.size();

@@ -27,12 +27,12 @@ struct CodeLine {
 // like every other. ASCII letters and digits join a token; "-", " ", "*" and ":" end one once
 // the line has had a letter or digit; every other character is skipped. An empty or blank
 // line gives no tokens.
-CodeLine TokenizeCodeLine(const std::string& line);
+CodeLine tokenizeCodeLine(const std::string& line);
 
 // A token is taken for a Gardiner code when it is not one character long, its first
 // character upper-cased is "A" or above and its last is "9" or below: "G17" and "Aa1" are
 // codes, "n", "nfr" and "N35a" are phonetic values.
-bool IsCodeShaped(const std::string& token);
+bool looksLikeGardinerCode(const std::string& token);
 
 struct TokenResolution {
     enum class Outcome { Found, PhoneticNotFound, GlyphNotFound };
@@ -43,10 +43,10 @@ struct TokenResolution {
 
 // A code-shaped token is looked up in the sign list; any other token first in the phonetic
 // table (first equal value, case-sensitive), then its code in the sign list.
-TokenResolution ResolveToken(const SignLists& lists, const std::string& token);
+TokenResolution resolveToken(const SignLists& lists, const std::string& token);
 
 // The diagnostic line shown after Get: the separators without the closing one, then, when
 // the line had a ":", whether a ":" stands next to a "-" ("True" or "False").
-std::string SeparatorDiagnostic(const std::string& separators);
+std::string separatorDiagnostic(const std::string& separators);
 
 } // namespace nebkaro

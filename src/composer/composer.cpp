@@ -12,7 +12,7 @@ Rect ComposeGeometry::home(int slot) {
     const ComposeGeometry design;
     const int column = slot % 7;
     const int row = slot / 7;
-    return {design.ComposeShp.left + 240 + column * 900, design.ComposeShp.top + 3060 + row * 640,
+    return {design.canvasFrame.left + 240 + column * 900, design.canvasFrame.top + 3060 + row * 640,
             EmptySize, EmptySize};
 }
 
@@ -40,7 +40,7 @@ SignPicture Composer::pictureFor(const std::string& code) const {
 }
 
 void Composer::loadPicture(int i, const SignPicture& picture) {
-    CanvasImage& image = GlyphPic[static_cast<std::size_t>(i)];
+    CanvasImage& image = images[static_cast<std::size_t>(i)];
     image.hasPicture = true;
     image.picture = picture;
     // An image takes the natural size of the picture it shows; a picture that cannot be read
@@ -51,14 +51,14 @@ void Composer::loadPicture(int i, const SignPicture& picture) {
 }
 
 void Composer::clearPicture(int i) {
-    CanvasImage& image = GlyphPic[static_cast<std::size_t>(i)];
+    CanvasImage& image = images[static_cast<std::size_t>(i)];
     image.hasPicture = false;
     image.picture = SignPicture{};
 }
 
 void Composer::resetImage(int i, SlotBackground bg, bool visible) {
     const Rect home = ComposeGeometry::home(i);
-    CanvasImage& image = GlyphPic[static_cast<std::size_t>(i)];
+    CanvasImage& image = images[static_cast<std::size_t>(i)];
     image = CanvasImage{};
     image.left = home.left;
     image.top = home.top;
@@ -68,24 +68,24 @@ void Composer::resetImage(int i, SlotBackground bg, bool visible) {
     image.visible = visible;
 }
 
-void Composer::Load() {
-    LastGlyph = 0;
+void Composer::open() {
+    firstFreeSlot = 0;
     app_.composedGardiner.clear();
     app_.layoutText.clear();
     app_.store.composeAccepted = false;
-    Activate();
+    activate();
 
     // A freshly loaded window: every image at its design place, image 0 the empty slot.
-    txtMdC.clear();
-    Debuglbl.clear();
+    codeLine.clear();
+    debugText.clear();
     status.clear();
-    Gardinerlbl = "Gardiner: ";
-    RichGardinerLbl = "RichGardiner";
+    gardinerLabel = "Gardiner: ";
+    richGardinerLabel = "RichGardiner";
     for (int i = 0; i < Slots; ++i) resetImage(i, SlotBackground::Workspace, false);
     resetImage(0, SlotBackground::ButtonFace, true);
     for (int i = 0; i < Slots; ++i) {
-        const CanvasImage& image = GlyphPic[static_cast<std::size_t>(i)];
-        HomePlace& home = HomeGeometry[static_cast<std::size_t>(i)];
+        const CanvasImage& image = images[static_cast<std::size_t>(i)];
+        HomePlace& home = homePlaces[static_cast<std::size_t>(i)];
         home.leftValue = image.left;
         home.topValue = image.top;
         home.left = text::toInt16(image.left);
@@ -97,15 +97,15 @@ void Composer::Load() {
     if (app_.store.newWordPending) app_.glyphs.clear();
 
     if (app_.store.editPending) {
-        const Rect& frame = app_.view.geometry.DispAreaShp;
-        const int dx = geometry.ComposeShp.left - frame.left;
-        const int dy = geometry.ComposeShp.top - frame.top;
-        const SlotBackground bg = GlyphPic[0].background;
+        const Rect& frame = app_.view.geometry.displayArea;
+        const int dx = geometry.canvasFrame.left - frame.left;
+        const int dy = geometry.canvasFrame.top - frame.top;
+        const SlotBackground bg = images[0].background;
         for (int i = 0; i < Slots; ++i) {
             GlyphSlot& slot = app_.glyphs[i];
             if (!slot.used()) continue;
             const GlyphImage& main = app_.view.mainGlyphPic[static_cast<std::size_t>(i)];
-            CanvasImage& image = GlyphPic[static_cast<std::size_t>(i)];
+            CanvasImage& image = images[static_cast<std::size_t>(i)];
             loadPicture(i, main.picture);
             image.visible = true;
             image.top = main.top + dy;
@@ -113,26 +113,26 @@ void Composer::Load() {
             image.left = main.left + dx;
             slot.x = image.left;
             image.background = bg;
-            ++LastGlyph;
+            ++firstFreeSlot;
             if (i < LastSlot) {
-                GlyphPic[static_cast<std::size_t>(i) + 1].visible = true;
-                GlyphPic[static_cast<std::size_t>(i) + 1].background = bg;
+                images[static_cast<std::size_t>(i) + 1].visible = true;
+                images[static_cast<std::size_t>(i) + 1].background = bg;
             }
         }
-        Gardinerlbl = "Gardiner: " + app_.view.GardinerTxt;
+        gardinerLabel = "Gardiner: " + app_.view.gardiner;
     }
 }
 
 bool Composer::readLine(std::vector<Placed>& placed) {
-    if (text::trim(txtMdC).empty()) return false;
+    if (text::trim(codeLine).empty()) return false;
     status.clear();
-    const CodeLine line = TokenizeCodeLine(txtMdC);
+    const CodeLine line = tokenizeCodeLine(codeLine);
     std::string separators;
     int slot = 0;
     char join = '-';
     for (const CodeToken& token : line.tokens) {
         separators += token.separator;
-        const TokenResolution r = ResolveToken(app_.lists, token.text);
+        const TokenResolution r = resolveToken(app_.lists, token.text);
         if (r.outcome == TokenResolution::Outcome::PhoneticNotFound) {
             app_.dialogs.message(token.text + " was not found", "Phonetic Not Found", Buttons::OK,
                                  Icon::Exclamation);
@@ -156,8 +156,8 @@ bool Composer::readLine(std::vector<Placed>& placed) {
         join = token.separator;
         ++slot;
     }
-    LastGlyph = slot - 1;
-    Debuglbl = SeparatorDiagnostic(separators);
+    firstFreeSlot = slot - 1;
+    debugText = separatorDiagnostic(separators);
     return true;
 }
 
@@ -166,12 +166,12 @@ void Composer::placeSign(int slot, const std::string& code, int entry) {
     GlyphSlot& g = app_.glyphs[slot];
     g.entry = entry;
     g.code = code;
-    CanvasImage& next = GlyphPic[static_cast<std::size_t>(slot) + 1];
+    CanvasImage& next = images[static_cast<std::size_t>(slot) + 1];
     next.visible = true;
-    next.background = GlyphPic[static_cast<std::size_t>(slot)].background;
+    next.background = images[static_cast<std::size_t>(slot)].background;
 }
 
-void Composer::ArrangeSigns(const std::vector<NamedSign>& signs) {
+void Composer::arrangeSigns(const std::vector<NamedSign>& signs) {
     status.clear();
     std::vector<Placed> placed;
     for (const NamedSign& sign : signs) {
@@ -180,39 +180,40 @@ void Composer::ArrangeSigns(const std::vector<NamedSign>& signs) {
         placeSign(slot, sign.code, sign.entry);
         placed.push_back({slot, placed.empty() ? '-' : sign.joiner});
     }
-    LastGlyph = static_cast<int>(placed.size()) - 1;
+    firstFreeSlot = static_cast<int>(placed.size()) - 1;
     layOutGroups(placed);
 }
 
-void Composer::Get() {
+void Composer::getSigns() {
     std::vector<Placed> placed;
     if (!readLine(placed)) return;
     layOutRow();
 }
 
 void Composer::layOutRow() {
-    const Rect& frame = geometry.ComposeShp;
+    const Rect& frame = geometry.canvasFrame;
     const double cx = frame.left + frame.width * 0.5;
     const double cy = text::toInt16(frame.top + frame.height * 0.5);
     double totalWidth = 0;
-    for (int k = 0; k <= LastGlyph; ++k) totalWidth += GlyphPic[static_cast<std::size_t>(k)].width;
+    for (int k = 0; k <= firstFreeSlot; ++k)
+        totalWidth += images[static_cast<std::size_t>(k)].width;
     // The typed order is the reading order: signs facing right are read from the right, so
     // the first typed sign stands at the right end of the row.
     const bool left = app_.settings.direction == Direction::Left;
-    double x = left ? cx - totalWidth * 0.5 : cx + totalWidth * 0.5 - GlyphPic[0].width;
-    double y = cy - GlyphPic[0].height / 2.0;
+    double x = left ? cx - totalWidth * 0.5 : cx + totalWidth * 0.5 - images[0].width;
+    double y = cy - images[0].height / 2.0;
     // Image 0 is placed even when no sign was found: it then stands centred on the frame.
-    MoveImage(0, x, y);
-    for (int k = 1; k <= LastGlyph; ++k) {
-        const CanvasImage& before = GlyphPic[static_cast<std::size_t>(k) - 1];
-        const CanvasImage& image = GlyphPic[static_cast<std::size_t>(k)];
+    moveSign(0, x, y);
+    for (int k = 1; k <= firstFreeSlot; ++k) {
+        const CanvasImage& before = images[static_cast<std::size_t>(k) - 1];
+        const CanvasImage& image = images[static_cast<std::size_t>(k)];
         x = left ? x + before.width : x - image.width;
         y = y + before.height * 0.5 - image.height * 0.5;
-        MoveImage(k, x, y);
+        moveSign(k, x, y);
     }
 }
 
-void Composer::Arrange() {
+void Composer::arrange() {
     std::vector<Placed> placed;
     if (!readLine(placed)) return;
     layOutGroups(placed);
@@ -232,7 +233,7 @@ void Composer::layOutGroups(const std::vector<Placed>& placed) {
             groups.back().back().push_back(p.slot);
     }
     auto image = [&](int slot) -> const CanvasImage& {
-        return GlyphPic[static_cast<std::size_t>(slot)];
+        return images[static_cast<std::size_t>(slot)];
     };
     auto rowWidth = [&](const Row& r) {
         double w = 0;
@@ -256,7 +257,7 @@ void Composer::layOutGroups(const std::vector<Placed>& placed) {
     };
 
     const bool left = app_.settings.direction == Direction::Left;
-    const Rect& frame = geometry.ComposeShp;
+    const Rect& frame = geometry.canvasFrame;
     const double cx = frame.left + frame.width * 0.5;
     const double cy = text::toInt16(frame.top + frame.height * 0.5);
     double total = 0;
@@ -276,7 +277,7 @@ void Composer::layOutGroups(const std::vector<Placed>& placed) {
             for (int s : r) {
                 const CanvasImage& im = image(s);
                 if (!left) x -= im.width;
-                MoveImage(s, x, rowTop + (rh - im.height) / 2);
+                moveSign(s, x, rowTop + (rh - im.height) / 2);
                 if (left) x += im.width;
             }
             rowTop += rh;
@@ -284,55 +285,55 @@ void Composer::layOutGroups(const std::vector<Placed>& placed) {
     }
 }
 
-bool Composer::ChooseSign(int i) {
+bool Composer::chooseSign(int i) {
     if (i < 0 || i > LastSlot) return false;
     if (!app_.windows->chooseSignFromBrowser()) return false;
     status.clear();
     const ChosenSign& chosen = app_.chosenSign;
     loadPicture(i, chosen.picture);
     if (i < LastSlot) {
-        CanvasImage& next = GlyphPic[static_cast<std::size_t>(i) + 1];
+        CanvasImage& next = images[static_cast<std::size_t>(i) + 1];
         next.visible = true;
-        next.background = GlyphPic[static_cast<std::size_t>(i)].background;
+        next.background = images[static_cast<std::size_t>(i)].background;
     }
     GlyphSlot& slot = app_.glyphs[i];
     slot.entry = chosen.entry;
     slot.code = chosen.code;
-    ++LastGlyph;
-    Gardinerlbl += "- " + chosen.code;
+    ++firstFreeSlot;
+    gardinerLabel += "- " + chosen.code;
     return true;
 }
 
 void Composer::showSigns() {
     // In the form the label grows in while signs are chosen, so later choices append to it.
-    Gardinerlbl = "Gardiner: ";
+    gardinerLabel = "Gardiner: ";
     for (int k = 0; k < Slots; ++k)
-        if (app_.glyphs[k].used()) Gardinerlbl += "- " + *app_.glyphs[k].code;
+        if (app_.glyphs[k].used()) gardinerLabel += "- " + *app_.glyphs[k].code;
 }
 
-void Composer::MoveImage(int i, double left, double top) {
-    CanvasImage& image = GlyphPic.at(static_cast<std::size_t>(i));
+void Composer::moveSign(int i, double left, double top) {
+    CanvasImage& image = images.at(static_cast<std::size_t>(i));
     image.left = left;
     image.top = top;
     app_.glyphs[i].x = left;
     app_.glyphs[i].y = top;
 }
 
-void Composer::KeyDown(int i, int keyCode) {
-    if (keyCode == DeleteKeyCode) DeleteSign(i);
+void Composer::keyPressed(int i, int keyCode) {
+    if (keyCode == DeleteKeyCode) deleteSign(i);
 }
 
-void Composer::DeleteSign(int i) {
+void Composer::deleteSign(int i) {
     if (i < 0 || i > LastSlot) return;
     // An image that no longer shows a sign: the empty-slot square at its home place.
     auto toEmptySlot = [&](int k, SlotBackground background, bool visible) {
-        CanvasImage& image = GlyphPic[static_cast<std::size_t>(k)];
+        CanvasImage& image = images[static_cast<std::size_t>(k)];
         image.visible = visible;
         image.background = background;
         image.width = ComposeGeometry::EmptySize;
         image.height = ComposeGeometry::EmptySize;
-        image.left = HomeGeometry[static_cast<std::size_t>(k)].leftValue;
-        image.top = HomeGeometry[static_cast<std::size_t>(k)].topValue;
+        image.left = homePlaces[static_cast<std::size_t>(k)].leftValue;
+        image.top = homePlaces[static_cast<std::size_t>(k)].topValue;
     };
     if (i == LastSlot) {
         // The last image has no later one to take its place: it becomes an empty slot again,
@@ -345,8 +346,8 @@ void Composer::DeleteSign(int i) {
     // Every later sign moves down one slot but stays where it stands on the canvas.
     for (int k = i + 1; k <= LastSlot; ++k) {
         app_.glyphs[k - 1] = app_.glyphs[k];
-        CanvasImage& to = GlyphPic[static_cast<std::size_t>(k) - 1];
-        const CanvasImage& from = GlyphPic[static_cast<std::size_t>(k)];
+        CanvasImage& to = images[static_cast<std::size_t>(k) - 1];
+        const CanvasImage& from = images[static_cast<std::size_t>(k)];
         to.hasPicture = from.hasPicture;
         to.picture = from.picture;
         to.width = from.width;
@@ -365,39 +366,39 @@ void Composer::DeleteSign(int i) {
     if (f == 0) return;
     // The signs before the empty slot are what Delete Last works back from, so its next
     // click takes the last of them.
-    LastGlyph = f;
+    firstFreeSlot = f;
     for (int k = f; k <= LastSlot; ++k) toEmptySlot(k, SlotBackground::Workspace, false);
-    GlyphPic[static_cast<std::size_t>(f)].visible = true;
-    GlyphPic[static_cast<std::size_t>(f)].background = SlotBackground::ButtonFace;
+    images[static_cast<std::size_t>(f)].visible = true;
+    images[static_cast<std::size_t>(f)].background = SlotBackground::ButtonFace;
 }
 
-void Composer::DeleteLast() {
-    // With LastGlyph at 1 the first sign cannot be removed this way; below 1 there is no
+void Composer::deleteLast() {
+    // With firstFreeSlot at 1 the first sign cannot be removed this way; below 1 there is no
     // image before the last one to empty.
-    if (LastGlyph <= 1) return;
-    if (LastGlyph <= LastSlot) {
-        CanvasImage& image = GlyphPic[static_cast<std::size_t>(LastGlyph)];
+    if (firstFreeSlot <= 1) return;
+    if (firstFreeSlot <= LastSlot) {
+        CanvasImage& image = images[static_cast<std::size_t>(firstFreeSlot)];
         image.background = SlotBackground::Workspace;
         image.visible = false;
     }
-    --LastGlyph;
-    if (LastGlyph > LastSlot) return;
-    const HomePlace& home = HomeGeometry[static_cast<std::size_t>(LastGlyph)];
-    CanvasImage& image = GlyphPic[static_cast<std::size_t>(LastGlyph)];
+    --firstFreeSlot;
+    if (firstFreeSlot > LastSlot) return;
+    const HomePlace& home = homePlaces[static_cast<std::size_t>(firstFreeSlot)];
+    CanvasImage& image = images[static_cast<std::size_t>(firstFreeSlot)];
     image.left = home.left;
     image.top = home.top;
     image.width = home.width;
     image.height = home.height;
-    clearPicture(LastGlyph);
-    app_.glyphs[LastGlyph] = GlyphSlot{};
+    clearPicture(firstFreeSlot);
+    app_.glyphs[firstFreeSlot] = GlyphSlot{};
     showSigns();
 }
 
-void Composer::ImageClicked(int) {
+void Composer::imageClicked(int) {
     app_.typewriterTarget = TypewriterTarget::ComposerMdC;
 }
 
-bool Composer::OK() {
+bool Composer::accept() {
     // One placed sign is a word; with none, OK is Cancel.
     bool any = false;
     for (int i = 0; i < Slots; ++i) any = any || app_.glyphs[i].used();
@@ -414,7 +415,7 @@ bool Composer::OK() {
     for (int i = 0; i < Slots; ++i) {
         const GlyphSlot& g = app_.glyphs[i];
         if (!g.used()) continue;
-        const CanvasImage& image = GlyphPic[static_cast<std::size_t>(i)];
+        const CanvasImage& image = images[static_cast<std::size_t>(i)];
         if (g.x < minLeft) minLeft = g.x;
         if (g.y < minTop) minTop = g.y;
         if (g.x + image.width > maxRight) maxRight = text::toInt16(g.x + image.width);
@@ -443,8 +444,8 @@ bool Composer::OK() {
     app_.layoutText.resize(app_.layoutText.size() - 2);
     app_.composedGardiner.resize(app_.composedGardiner.size() - 1);
 
-    RichGardinerLbl = app_.layoutText;
-    Gardinerlbl = app_.composedGardiner;
+    richGardinerLabel = app_.layoutText;
+    gardinerLabel = app_.composedGardiner;
     app_.view.windowWidth = geometry.windowWidth;
     return true;
 }
@@ -462,8 +463,8 @@ void Composer::readingOrderSort() {
         for (int j = i + 1; j <= n; ++j) {
             const double Li = app_.glyphs[i].x, Lj = app_.glyphs[j].x;
             const double Ti = app_.glyphs[i].y, Tj = app_.glyphs[j].y;
-            const double Wi = GlyphPic[static_cast<std::size_t>(i)].width;
-            const double Wj = GlyphPic[static_cast<std::size_t>(j)].width;
+            const double Wi = images[static_cast<std::size_t>(i)].width;
+            const double Wj = images[static_cast<std::size_t>(j)].width;
             // One column: each sign starts before 92 % of the other's right edge.
             const bool column = (Li + Wi) * 0.92 > Lj && (Lj + Wj) * 0.92 > Li;
             bool swap;
@@ -478,8 +479,8 @@ void Composer::readingOrderSort() {
 
 void Composer::swapSlots(int a, int b) {
     std::swap(app_.glyphs[a], app_.glyphs[b]);
-    CanvasImage& x = GlyphPic[static_cast<std::size_t>(a)];
-    CanvasImage& y = GlyphPic[static_cast<std::size_t>(b)];
+    CanvasImage& x = images[static_cast<std::size_t>(a)];
+    CanvasImage& y = images[static_cast<std::size_t>(b)];
     std::swap(x.hasPicture, y.hasPicture);
     std::swap(x.picture, y.picture);
     std::swap(x.left, y.left);
@@ -488,65 +489,65 @@ void Composer::swapSlots(int a, int b) {
     std::swap(x.height, y.height);
 }
 
-void Composer::Cancel() {
+void Composer::cancel() {
     app_.store.composeAccepted = false;
 }
 
 void Composer::switchLibrary(Library library) {
     app_.settings.library = library;
-    LoadSignList(app_.lists, app_.home, library);
+    loadSignList(app_.lists, app_.home, library);
 }
 
-void Composer::OptBasic() {
-    OptBasicValue = true;
+void Composer::basicOptionClicked() {
+    basicChosen = true;
     switchLibrary(Library::Basic);
     app_.windows->unloadBrowser();
 }
 
-void Composer::OptExtended() {
-    OptBasicValue = false;
+void Composer::extendedOptionClicked() {
+    basicChosen = false;
     switchLibrary(Library::Extended);
     app_.extendedChosen = true;
     app_.windows->unloadBrowser();
 }
 
-void Composer::mnuBasic() {
-    mnuBasicChecked = true;
-    mnuExtendedChecked = false;
+void Composer::basicMenuChosen() {
+    basicChecked = true;
+    extendedChecked = false;
     switchLibrary(Library::Basic);
     app_.windows->unloadBrowser();
 }
 
-void Composer::mnuExtended() {
-    mnuExtendedChecked = true;
-    mnuBasicChecked = false;
+void Composer::extendedMenuChosen() {
+    extendedChecked = true;
+    basicChecked = false;
     switchLibrary(Library::Extended);
     app_.extendedChosen = true;
     app_.windows->unloadBrowser();
     app_.dialogs.beep();
 }
 
-void Composer::Activate() {
+void Composer::activate() {
     const bool basic = app_.settings.library == Library::Basic;
-    OptBasicValue = basic;
-    mnuBasicChecked = basic;
-    mnuExtendedChecked = !basic;
+    basicChosen = basic;
+    basicChecked = basic;
+    extendedChecked = !basic;
 }
 
-void Composer::Resize(int width, int height) {
+void Composer::resize(int width, int height) {
     width = std::max(width, ComposeGeometry::MinWidth);
     height = std::max(height, ComposeGeometry::DesignHeight);
     geometry.windowWidth = width;
     geometry.windowHeight = height;
-    geometry.ComposeShp.width = width - 500;
-    geometry.cmdGetLeft = width - 900;
-    geometry.txtMdCWidth = width - 1800;
+    geometry.canvasFrame.width = width - 500;
+    geometry.getButtonLeft = width - 900;
+    geometry.codeLineWidth = width - 1800;
     // The frame also takes what the window gains in height, so a tall window gives room.
-    geometry.ComposeShp.height =
+    geometry.canvasFrame.height =
         ComposeGeometry::FrameHeight + height - ComposeGeometry::DesignHeight;
 }
 
-bool ComposeLine(App& app, const std::string& line, Library library, Direction direction) {
+bool composeLine(App& app, const std::string& line, Library library, Direction direction) {
     app.settings.library = library;
     app.settings.direction = direction;
     const bool wasNew = app.store.newWordPending;
@@ -554,10 +555,10 @@ bool ComposeLine(App& app, const std::string& line, Library library, Direction d
     app.store.newWordPending = true;
     app.store.editPending = false;
     Composer composer(app);
-    composer.Load();
-    composer.txtMdC = line;
-    composer.Get();
-    composer.OK();
+    composer.open();
+    composer.codeLine = line;
+    composer.getSigns();
+    composer.accept();
     app.store.newWordPending = wasNew;
     app.store.editPending = wasEdit;
     return app.store.composeAccepted;

@@ -48,9 +48,9 @@ struct ComposeGeometry {
 
     int windowWidth = MinWidth;
     int windowHeight = DesignHeight;
-    Rect ComposeShp{250, 1260, MinWidth - 500, FrameHeight};
-    int txtMdCWidth = MinWidth - 1800;
-    int cmdGetLeft = MinWidth - 900;
+    Rect canvasFrame{250, 1260, MinWidth - 500, FrameHeight};
+    int codeLineWidth = MinWidth - 1800;
+    int getButtonLeft = MinWidth - 900;
 
     // The design home place of image slot (0..20): seven to a row in the lower part of the
     // frame, below the line on which Get lays out its signs.
@@ -67,18 +67,18 @@ public:
     // Load of the window: results emptied, images at home, then the new-word case (table
     // emptied) or the edit-word case (the main window's signs taken over at the same places
     // relative to the frame).
-    void Load();
+    void open();
 
     // Get: the line in txtMdC becomes signs in slots 0 upwards, laid out in one row centred
     // on the frame, in the reading order of the direction: left to right for signs facing
     // left, right to left for signs facing right. Later slots are left as they were. A line naming
     // more than 20 signs is told off with a message; the signs after the 20th are not placed.
-    void Get();
+    void getSigns();
     // Arrange: the same reading of the line, laid out as hieroglyphic groups: "-" and blanks
     // separate groups, ":" stacks, "*" sets signs side by side inside a group. Signs keep
     // their natural size (the stored word has no room for another); each group is centred
     // on the frame's middle line and the groups stand in a row in the writing direction.
-    void Arrange();
+    void arrange();
     // A sign already looked up, with the separator ('-', ':' or '*') that joins it to the one
     // before.
     struct NamedSign {
@@ -89,51 +89,51 @@ public:
     // Arrange for signs looked up by the caller (the importer reads variant codes such as
     // N35a as codes, which a typed line would take for phonetic values): slots 0 upwards,
     // laid out as groups. At most 20 signs are placed.
-    void ArrangeSigns(const std::vector<NamedSign>& signs);
+    void arrangeSigns(const std::vector<NamedSign>& signs);
 
     // Double-click on image i: the browser is shown and waited for; its choice fills slot i.
     // False when the browser was closed without a choice (nothing changes).
-    bool ChooseSign(int i);
+    bool chooseSign(int i);
     // Image i was dropped at (left, top).
-    void MoveImage(int i, double left, double top);
+    void moveSign(int i, double left, double top);
     // A key pressed on image i; only the Delete key does something.
-    void KeyDown(int i, int keyCode);
-    // Removes sign i; the later signs keep their places. LastGlyph becomes the empty slot
+    void keyPressed(int i, int keyCode);
+    // Removes sign i; the later signs keep their places. firstFreeSlot becomes the empty slot
     // after the remaining signs and Gardinerlbl lists them.
-    void DeleteSign(int i);
-    // "Delete Last": refused while LastGlyph is 1 (and below, where there is nothing before).
-    void DeleteLast();
+    void deleteSign(int i);
+    // "Delete Last": refused while firstFreeSlot is 1 (and below, where there is nothing before).
+    void deleteLast();
     // A click on an image makes the typewriter type into txtMdC.
-    void ImageClicked(int i);
+    void imageClicked(int i);
 
     // OK: true when the window is to be hidden. Any sign in use makes a word (one sign is
     // enough); with none OK is Cancel.
-    bool OK();
-    void Cancel();
+    bool accept();
+    void cancel();
 
-    void OptBasic();
-    void OptExtended();
-    void mnuBasic();
-    void mnuExtended();
-    void Activate();
+    void basicOptionClicked();
+    void extendedOptionClicked();
+    void basicMenuChosen();
+    void extendedMenuChosen();
+    void activate();
     // The window was resized to width x height; the size it must have is left in geometry.
-    void Resize(int width, int height);
+    void resize(int width, int height);
 
     // The canvas' text boxes and labels.
-    std::string txtMdC;
-    std::string Debuglbl;
-    std::string Gardinerlbl = "Gardiner: ";
-    std::string RichGardinerLbl = "RichGardiner";
+    std::string codeLine;
+    std::string debugText;
+    std::string gardinerLabel = "Gardiner: ";
+    std::string richGardinerLabel = "RichGardiner";
     // Pictures that could not be read, for the window's status line.
     std::string status;
 
-    std::array<CanvasImage, Slots> GlyphPic{};
-    std::array<HomePlace, Slots> HomeGeometry{};
-    int LastGlyph = 0;
+    std::array<CanvasImage, Slots> images{};
+    std::array<HomePlace, Slots> homePlaces{};
+    int firstFreeSlot = 0;
 
-    bool OptBasicValue = true;
-    bool mnuBasicChecked = true;
-    bool mnuExtendedChecked = false;
+    bool basicChosen = true;
+    bool basicChecked = true;
+    bool extendedChecked = false;
 
     ComposeGeometry geometry;
 
@@ -165,6 +165,6 @@ private:
 // command-line tool runs. The sign list and phonetic table in app.lists must be those of the
 // library asked for. Messages go through app.dialogs. Returns whether the composition was
 // accepted (app.layoutText and app.composedGardiner then hold the strings).
-bool ComposeLine(App& app, const std::string& line, Library library, Direction direction);
+bool composeLine(App& app, const std::string& line, Library library, Direction direction);
 
 } // namespace nebkaro

@@ -31,13 +31,13 @@ enum class TypewriterTarget { None, MainTransLit, SearchText, BrowserTrans, Comp
 
 // The other windows, as far as the logic needs them. Every call has a harmless default so
 // that tests and the command-line tool only provide what they use.
-struct Windows {
-    virtual ~Windows() = default;
+struct WindowHost {
+    virtual ~WindowHost() = default;
     // The word view (App::view) changed: the main window shows it again.
     virtual void wordViewChanged() {}
     virtual void setCaption(const std::string&) {}
     // The dictionary information dialog, modal, showing these boxes; its OK button runs
-    // ConfirmHeader, which copies them into the header.
+    // confirmHeader, which copies them into the header.
     virtual void showHeaderDialog(const DictionaryHeader& /*boxes*/) {}
     // The About box, modal (start-up).
     virtual void showAboutModal() {}
@@ -73,7 +73,7 @@ struct Windows {
     virtual void showSearchDialogAndWait() {}
     // The text of a typewriter target whose text another window holds (the browser's
     // transliteration box, the composer's code box); nullptr when that window is not open.
-    // The main window's TransLitTxt and the Search dialog's txtSearch are App's own.
+    // The main window's transliteration and the Search dialog's txtSearch are App's own.
     virtual std::string* typewriterText(TypewriterTarget) { return nullptr; }
     // The typewriter changed that target's text: its window shows it again.
     virtual void typewriterTextChanged(TypewriterTarget) {}
@@ -179,7 +179,7 @@ struct App {
     SignPictures& pictures;
     FileWriter& files;
 
-    Windows* windows = &noWindows;
+    WindowHost* windows = &noWindows;
 
     // Drawing the current word and storing the word on show belong to the word view and the
     // editing commands; the file commands reach them through these.
@@ -200,7 +200,7 @@ struct App {
     }
 
 private:
-    inline static Windows noWindows;
+    inline static WindowHost noWindows;
 };
 
 } // namespace nebkaro

@@ -29,12 +29,12 @@ std::vector<const Command*> CommandRegistry::all() const {
     return out;
 }
 
-bool CommandAvailable(const App& app, CommandId id) {
+bool commandAvailable(const App& app, CommandId id) {
     const Command* c = app.commands.find(id);
     return c && c->run && (!c->enabled || c->enabled(app));
 }
 
-bool RunCommand(App& app, CommandId id) {
+bool executeCommand(App& app, CommandId id) {
     const Command* c = app.commands.find(id);
     if (!c || !c->run) return false;
     // A copy: the command may provide or take away commands while it runs.
@@ -44,15 +44,15 @@ bool RunCommand(App& app, CommandId id) {
     return true;
 }
 
-std::optional<CommandId> CommandForKey(const CommandRegistry& commands, std::string_view key) {
+std::optional<CommandId> commandForKey(const CommandRegistry& commands, std::string_view key) {
     for (const Command* c : commands.all())
         if (c->tool && !c->tool->key.empty() && c->tool->key == key) return c->id;
     return std::nullopt;
 }
 
-bool RunKeyedCommand(App& app, std::string_view key) {
-    const auto id = CommandForKey(app.commands, key);
-    return id && RunCommand(app, *id);
+bool runKeyedCommand(App& app, std::string_view key) {
+    const auto id = commandForKey(app.commands, key);
+    return id && executeCommand(app, *id);
 }
 
 } // namespace nebkaro

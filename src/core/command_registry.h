@@ -140,16 +140,16 @@ private:
 
 // A command that is registered, has its code and is enabled now. A window disables the
 // controls of commands that are not available.
-bool CommandAvailable(const App& app, CommandId id);
+bool commandAvailable(const App& app, CommandId id);
 
 // Runs a command at the failure boundary (runGuarded) and then lets the windows show the
 // state it left. False when the command has no code (nothing ran). After Quit,
 // app.endRequested says whether the program is to end.
-bool RunCommand(App& app, CommandId id);
+bool executeCommand(App& app, CommandId id);
 
 // The keyed dispatcher: the tool bar's commands by their text key.
-std::optional<CommandId> CommandForKey(const CommandRegistry& commands, std::string_view key);
-// Runs the command of key through RunCommand; a key matching none does nothing (false).
-bool RunKeyedCommand(App& app, std::string_view key);
+std::optional<CommandId> commandForKey(const CommandRegistry& commands, std::string_view key);
+// Runs the command of key through executeCommand; a key matching none does nothing (false).
+bool runKeyedCommand(App& app, std::string_view key);
 
 } // namespace nebkaro

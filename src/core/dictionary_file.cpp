@@ -58,7 +58,7 @@ std::size_t expectedWords(std::string_view text, int maxWords) {
 }
 } // namespace
 
-ParsedDictionary ReadDictionaryText(const std::string& textValue, int maxWords) {
+ParsedDictionary readDictionaryText(const std::string& textValue, int maxWords) {
     ParsedDictionary out;
     out.words.reserve(expectedWords(textValue, maxWords));
     readFields(textValue, maxWords, out.header, out.hasHeader, out.stoppedEarly, out.stopRecord,
@@ -70,7 +70,7 @@ ParsedDictionary ReadDictionaryText(const std::string& textValue, int maxWords) 
     return out;
 }
 
-PackedDictionary ReadDictionaryPacked(std::string textValue, int maxWords) {
+PackedDictionary readDictionaryPacked(std::string textValue, int maxWords) {
     PackedDictionary out;
     // Spans hold 32-bit offsets; a text beyond that is more than any dictionary can hold.
     if (textValue.size() > UINT32_MAX) throw RunError(SubscriptOutOfRange);
@@ -96,12 +96,12 @@ PackedDictionary ReadDictionaryPacked(std::string textValue, int maxWords) {
 namespace {
 
 // The writer's form: the header line when hasHeader, then rows 0..lastIndex.
-std::string HeaderLine(const DictionaryHeader& header) {
-    return WordLine(header);
+std::string headerLine(const DictionaryHeader& header) {
+    return wordLine(header);
 }
 } // namespace
 
-std::string WordLine(const WordRecord& word) {
+std::string wordLine(const WordRecord& word) {
     std::string line;
     for (int f = 0; f < FieldCount; ++f) {
         if (f) line += ',';
@@ -113,9 +113,9 @@ std::string WordLine(const WordRecord& word) {
     return line;
 }
 
-std::string DictionaryFileText(const DictionaryStore& store, bool withWords) {
+std::string dictionaryFileText(const DictionaryStore& store, bool withWords) {
     std::string out;
-    if (store.hasHeader) out += HeaderLine(store.header);
+    if (store.hasHeader) out += headerLine(store.header);
     if (!withWords) return out;
     // Sized once and filled in place: the file is written as one buffer.
     const std::size_t head = out.size();
@@ -139,7 +139,7 @@ std::string DictionaryFileText(const DictionaryStore& store, bool withWords) {
     return out;
 }
 
-UnwritableValue FindUnwritableValue(const DictionaryStore& store, bool withWords) {
+UnwritableValue findUnwritableValue(const DictionaryStore& store, bool withWords) {
     // One pass over the bytes; three searches per value cost more than the save itself.
     auto bad = [](std::string_view v) {
         // No early exit: the loop is then one the compiler runs many bytes at a time.
@@ -171,11 +171,11 @@ UnwritableValue FindUnwritableValue(const DictionaryStore& store, bool withWords
     return u;
 }
 
-std::string NkdPath(const std::string& path) {
+std::string nkdPath(const std::string& path) {
     return text::replaceAll(path, ".csv", ".nkd");
 }
 
-std::string CaptionText(const App& app) {
+std::string captionText(const App& app) {
     return "Nebkaro Ver: " + versionText() +
            "    Dictionary: " + (app.store.untitled ? "Untitled" : app.store.dictionaryName);
 }
@@ -188,14 +188,14 @@ void offerAnotherDictionary(App& app) {
                                "\r\nClick 'Cancel' to Quit";
     if (app.dialogs.message(prompt, "Dictionary Not Found", Buttons::OKCancel, Icon::Exclamation) ==
         Answer::OK) {
-        OpenDictionaryDialog(app);
+        openDictionaryDialog(app);
     } else {
         app.requestEnd(0);
     }
 }
 } // namespace
 
-LoadOutcome LoadDictionary(App& app) {
+LoadOutcome loadDictionary(App& app) {
     DictionaryStore& store = app.store;
     const fs::path path = resolveCaseBlind(fs::path(store.dictionaryPath));
     std::error_code ec;
@@ -209,7 +209,7 @@ LoadOutcome LoadDictionary(App& app) {
     std::vector<int> converted;
     const int start = app.mergeMode ? store.lastIndex + 1 : 0;
     try {
-        parsed = ReadDictionaryPacked(text::decodeFileText(readFileBytes(path), &converted),
+        parsed = readDictionaryPacked(text::decodeFileText(readFileBytes(path), &converted),
                                       DictionaryStore::MaxWordIndex + 1 - std::max(start, 0));
     } catch (const RunError& e) {
         app.dialogs.message(e.report(), "Dictionary Not Loaded", Buttons::OK, Icon::Critical);
@@ -252,7 +252,7 @@ LoadOutcome LoadDictionary(App& app) {
     app.dictionaryFile = path.string();
     app.dictionaryFileLonger = parsed.stoppedEarly;
     app.renderWord(app);
-    app.windows->setCaption(CaptionText(app));
+    app.windows->setCaption(captionText(app));
     store.isChanged = app.mergeMode;
     if (parsed.stoppedEarly) {
         app.dialogs.message(
@@ -265,11 +265,11 @@ LoadOutcome LoadDictionary(App& app) {
             "Dictionary Not Fully Loaded", Buttons::OK, Icon::Exclamation);
     }
     if (!app.loadConvertedLines.empty())
-        app.windows->showStatus(ConvertedLinesText(app.loadConvertedLines));
+        app.windows->showStatus(convertedLinesText(app.loadConvertedLines));
     return LoadOutcome::Loaded;
 }
 
-std::string ConvertedLinesText(const std::vector<int>& lines) {
+std::string convertedLinesText(const std::vector<int>& lines) {
     std::string t = lines.size() == 1 ? "Line " : "Lines ";
     const std::size_t shown = std::min<std::size_t>(lines.size(), 10);
     for (std::size_t i = 0; i < shown; ++i) t += (i ? ", " : "") + std::to_string(lines[i]);
@@ -281,7 +281,7 @@ std::string ConvertedLinesText(const std::vector<int>& lines) {
 namespace {
 
 // What a failed save says: the file, the reason, and that the dictionary is still open.
-std::string FailedSaveText(const std::string& path, const RunError& e) {
+std::string failedSaveText(const std::string& path, const RunError& e) {
     return "'" + path + "' could not be saved: " + e.description() +
            "\r\nThe dictionary is still open; nothing in it was lost.";
 }
@@ -294,14 +294,14 @@ bool sameFile(const fs::path& a, const fs::path& b) {
 
 // What a failed write says: which file, why, and that nothing is lost yet.
 void reportFailedSave(App& app, const RunError& e) {
-    app.dialogs.message(FailedSaveText(app.store.dictionaryPath, e), "", Buttons::OK,
+    app.dialogs.message(failedSaveText(app.store.dictionaryPath, e), "", Buttons::OK,
                         Icon::Critical);
 }
 
 bool saveDictionary(App& app, bool replaceConfirmed);
 } // namespace
 
-bool SaveDictionary(App& app) {
+bool saveDictionary(App& app) {
     return saveDictionary(app, false);
 }
 
@@ -309,13 +309,13 @@ namespace {
 bool saveDictionary(App& app, bool replaceConfirmed) {
     DictionaryStore& store = app.store;
     if (store.untitled) {
-        SaveDictionaryDialog(app);
+        saveDictionaryDialog(app);
         return !store.untitled && !store.isChanged;
     }
     app.storeWord(app);
-    store.dictionaryPath = NkdPath(store.dictionaryPath);
+    store.dictionaryPath = nkdPath(store.dictionaryPath);
     const bool withWords = !app.newDictionaryMode;
-    const UnwritableValue u = FindUnwritableValue(store, withWords);
+    const UnwritableValue u = findUnwritableValue(store, withWords);
     if (u.found) {
         static const char* names[] = {
             "direction", "library", "enriched notation", "Gardiner notation", "transliteration",
@@ -355,7 +355,7 @@ bool saveDictionary(App& app, bool replaceConfirmed) {
         if (app.dialogs.message(prompt, "Save", Buttons::YesNo, Icon::Exclamation) != Answer::Yes)
             return false;
     }
-    const std::string content = DictionaryFileText(store, withWords);
+    const std::string content = dictionaryFileText(store, withWords);
     try {
         app.files.write(fs::path(store.dictionaryPath), content);
     } catch (const RunError& e) {
@@ -376,7 +376,7 @@ bool saveDictionary(App& app, bool replaceConfirmed) {
 }
 } // namespace
 
-bool ConfirmHeader(App& app, DictionaryHeader& boxes) {
+bool confirmHeader(App& app, DictionaryHeader& boxes) {
     if (isDirectionLetter(boxes[0])) {
         app.dialogs.message("First field cannot be 'L' or 'R'", "", Buttons::OK, Icon::Exclamation);
         boxes[0].clear();
@@ -395,20 +395,20 @@ namespace {
 // Before the dictionary is replaced or closed: when the store changed or the word on show has
 // edits not yet stored, asks prompt (Yes, No and Cancel); Yes saves. True when the command
 // may go on: no changes, No, or Yes and saved.
-bool OfferToSaveChanges(App& app, const std::string& prompt, const std::string& title, Icon icon) {
+bool offerToSaveChanges(App& app, const std::string& prompt, const std::string& title, Icon icon) {
     if (!app.store.isChanged && !app.wordEdited(app)) return true;
     const Answer a = app.dialogs.message(prompt, title, Buttons::YesNoCancel, icon);
     if (a == Answer::Cancel) return false;
-    return a == Answer::No || SaveDictionary(app);
+    return a == Answer::No || saveDictionary(app);
 }
 } // namespace
 
-void OpenDictionaryDialog(App& app) {
+void openDictionaryDialog(App& app) {
     DictionaryStore& store = app.store;
     // A merge keeps the dictionary and only leaves the word on show; an open replaces it.
     if (app.mergeMode)
         app.leaveWord(app);
-    else if (!OfferToSaveChanges(app, "Do you want to save the current Dictionary?", "SAVE?",
+    else if (!offerToSaveChanges(app, "Do you want to save the current Dictionary?", "SAVE?",
                                  Icon::Question))
         return;
     const auto chosen = app.dialogs.openFile(OpenFilter, fs::path(store.dictionaryPath));
@@ -416,30 +416,30 @@ void OpenDictionaryDialog(App& app) {
     const std::string oldPath = store.dictionaryPath, oldName = store.dictionaryName;
     store.dictionaryPath = chosen->string();
     store.dictionaryName = chosen->filename().string();
-    if (LoadDictionary(app) == LoadOutcome::Failed) {
+    if (loadDictionary(app) == LoadOutcome::Failed) {
         store.dictionaryPath = oldPath;
         store.dictionaryName = oldName;
     }
 }
 
-void OpenCommand(App& app) {
+void openCommand(App& app) {
     app.mergeMode = false;
-    OpenDictionaryDialog(app);
+    openDictionaryDialog(app);
 }
 
-void MergeCommand(App& app) {
+void mergeCommand(App& app) {
     app.mergeMode = true;
-    OpenDictionaryDialog(app);
+    openDictionaryDialog(app);
 }
 
-void SaveDictionaryDialog(App& app) {
+void saveDictionaryDialog(App& app) {
     DictionaryStore& store = app.store;
     if (app.newDictionaryMode) {
         DictionaryHeader boxes{};
         boxes[2] = text::todayLongDate();
         app.windows->showHeaderDialog(boxes);
     }
-    store.dictionaryPath = NkdPath(store.dictionaryPath);
+    store.dictionaryPath = nkdPath(store.dictionaryPath);
     const auto chosen = app.dialogs.saveFile(SaveFilter, fs::path(store.dictionaryPath));
     if (!chosen || chosen->empty()) {
         // A cancelled New Dictionary must not turn the next ordinary save into one that
@@ -452,21 +452,21 @@ void SaveDictionaryDialog(App& app) {
     store.untitled = false;
     // The file dialog has asked about replacing the name chosen; a ".csv" name saves under
     // another name, which it has not.
-    saveDictionary(app, NkdPath(chosen->string()) == chosen->string());
-    app.windows->setCaption(CaptionText(app));
+    saveDictionary(app, nkdPath(chosen->string()) == chosen->string());
+    app.windows->setCaption(captionText(app));
 }
 
-void SaveAsCommand(App& app) {
-    SaveDictionaryDialog(app);
+void saveAsCommand(App& app) {
+    saveDictionaryDialog(app);
 }
 
-void NewDictionaryCommand(App& app) {
+void newDictionaryCommand(App& app) {
     // The new dictionary empties the store: its changes are saved first or given up knowingly.
-    if (!OfferToSaveChanges(app, "Do you want to save the current Dictionary?", "SAVE?",
+    if (!offerToSaveChanges(app, "Do you want to save the current Dictionary?", "SAVE?",
                             Icon::Question))
         return;
     app.newDictionaryMode = true;
-    SaveDictionaryDialog(app);
+    saveDictionaryDialog(app);
 }
 
 } // namespace nebkaro

@@ -7,7 +7,7 @@ namespace fs = std::filesystem;
 namespace nebkaro {
 
 ProgramFolders
-ResolveFolders(const std::optional<fs::path>& home, const fs::path& executableFolder,
+resolveFolders(const std::optional<fs::path>& home, const fs::path& executableFolder,
                const fs::path& shippedFromExecutable,
                const std::function<std::optional<std::string>(const char*)>& getenv) {
     if (home) {
@@ -31,19 +31,19 @@ ResolveFolders(const std::optional<fs::path>& home, const fs::path& executableFo
     return f;
 }
 
-fs::path ExecutableFolder() {
+fs::path executableFolder() {
     std::error_code ec;
     const fs::path exe = fs::read_symlink("/proc/self/exe", ec);
     return ec ? fs::current_path() : exe.parent_path();
 }
 
-std::optional<std::string> EnvironmentValue(const char* name) {
+std::optional<std::string> environmentValue(const char* name) {
     const char* v = std::getenv(name);
     if (!v || !*v) return std::nullopt;
     return std::string(v);
 }
 
-bool PrepareUserFolder(const ProgramFolders& folders) {
+bool prepareUserFolder(const ProgramFolders& folders) {
     if (!folders.separate()) return false;
     const bool created = !fs::exists(folders.user);
     for (const char* sub : {"System", "Dictionaries", "Images"})

@@ -22,21 +22,21 @@ struct ProgramFolders {
 // otherwise the shipped files are at shippedFromExecutable (relative to the executable's
 // folder, e.g. "../share/nebkaro") and the user's at $XDG_DATA_HOME/nebkaro, by default
 // $HOME/.local/share/nebkaro. getenv reads the environment (tests pass their own).
-ProgramFolders ResolveFolders(const std::optional<std::filesystem::path>& home,
+ProgramFolders resolveFolders(const std::optional<std::filesystem::path>& home,
                               const std::filesystem::path& executableFolder,
                               const std::filesystem::path& shippedFromExecutable,
                               const std::function<std::optional<std::string>(const char*)>& getenv);
 
 // The folder of the running executable.
-std::filesystem::path ExecutableFolder();
+std::filesystem::path executableFolder();
 
 // Environment look-up through std::getenv; unset and empty both give nothing.
-std::optional<std::string> EnvironmentValue(const char* name);
+std::optional<std::string> environmentValue(const char* name);
 
 // Makes the user's folders exist. When the user folder itself was missing it is created and
 // given copies of the shipped default settings and starter dictionaries; a settings file that
 // went missing later is copied again. Returns true when the user folder was created now.
 // Throws std::filesystem::filesystem_error when it cannot be made.
-bool PrepareUserFolder(const ProgramFolders& folders);
+bool prepareUserFolder(const ProgramFolders& folders);
 
 } // namespace nebkaro

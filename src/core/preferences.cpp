@@ -5,11 +5,11 @@
 
 namespace nebkaro {
 
-bool ApplyPreferences(App& app, Library library, Direction direction) {
+bool applyPreferences(App& app, Library library, Direction direction) {
     app.settings.library = library;
     app.settings.direction = direction;
     try {
-        LoadSignList(app.lists, app.home, library);
+        loadSignList(app.lists, app.home, library);
     } catch (const ProgramFileError& e) {
         app.dialogs.message(e.message(), "", Buttons::OK, Icon::Critical);
         app.requestEnd(1);

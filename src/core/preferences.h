@@ -9,6 +9,6 @@ struct App;
 // Takes library and direction from the dialog's option buttons, loads the sign list of the
 // chosen library and drops the sign-list browser so that it is built for that library when
 // next opened. A sign list that cannot be read is reported and ends the program; false then.
-bool ApplyPreferences(App& app, Library library, Direction direction);
+bool applyPreferences(App& app, Library library, Direction direction);
 
 } // namespace nebkaro

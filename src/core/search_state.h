@@ -25,16 +25,16 @@ struct SearchDialogState {
     // A Find is waiting for the dialog to be hidden.
     bool waiting = false;
 
-    std::string txtSearch;
+    std::string searchText;
     // The chosen option button, as the field it searches: 5 Meaning, 4 Transliteration,
     // 3 Gardiner's notation, 6 Comment; 2, the layout, for a search by signs.
     int option = 5;
-    bool ChkExact = false;
-    bool chkExactWord = false;
-    bool chkCase = false;
-    bool chkIgnoreVariants = false;
-    bool chkIgnoreVariantsEnabled = false;
-    bool cmdTypewriterEnabled = false;
+    bool exactChecked = false;
+    bool exactWordChecked = false;
+    bool caseChecked = false;
+    bool ignoreVariantsChecked = false;
+    bool ignoreVariantsEnabled = false;
+    bool typewriterEnabled = false;
     // txtSearch in the Transliteration font (size 10, blue) rather than the dialog's own.
     bool transliterationFont = false;
 };

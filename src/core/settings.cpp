@@ -20,7 +20,7 @@ fs::path settingsPath(const fs::path& home) {
     return home / "System" / "Settings.nks";
 }
 
-std::string SettingsText(const Settings& s, const std::string& dictionaryName) {
+std::string settingsText(const Settings& s, const std::string& dictionaryName) {
     std::string t = "Nebkaro Settings: \r\n\r\n";
     t += "Library = " + libraryName(s.library) + "\r\n";
     t += "Direction = " + directionName(s.direction) + "\r\n";
@@ -36,7 +36,7 @@ std::string SettingsText(const Settings& s, const std::string& dictionaryName) {
 namespace {
 
 // The whole file as text, empty when it cannot be read for any reason.
-std::string ReadWholeFile(const fs::path& path) {
+std::string readWholeFile(const fs::path& path) {
     try {
         return text::decodeFileText(readFileBytes(path, MaxSettingsBytes));
     } catch (const RunError&) {
@@ -45,7 +45,7 @@ std::string ReadWholeFile(const fs::path& path) {
 }
 } // namespace
 
-std::string GetSettingValue(const std::string& textValue, const std::string& key) {
+std::string getSettingValue(const std::string& textValue, const std::string& key) {
     if (key.empty()) return {};
     // ASCII folding keeps byte offsets aligned with the original text; the keys are ASCII.
     auto fold = [](std::string v) {
@@ -66,21 +66,21 @@ std::string GetSettingValue(const std::string& textValue, const std::string& key
     return text::trim(std::string_view(textValue).substr(eq + 1, end - eq - 1));
 }
 
-void ApplySettings(App& app, const fs::path& path) {
+void applySettings(App& app, const fs::path& path) {
     Settings defaults;
     defaults.printQuality = app.settings.printQuality;
     app.settings = defaults;
     app.store.dictionaryName = "Words.nkd";
-    const std::string t = ReadWholeFile(path);
+    const std::string t = readWholeFile(path);
     if (t.empty()) {
         app.dialogs.message("Settings file not found, applying default settings",
                             "Settings not found", Buttons::OK, Icon::Exclamation);
         return;
     }
-    auto up = [&](const char* key) { return text::upper(GetSettingValue(t, key)); };
-    app.settings.library = libraryOfName(GetSettingValue(t, "Library"));
-    app.settings.direction = directionOfName(GetSettingValue(t, "Direction"));
-    app.store.dictionaryName = GetSettingValue(t, "Dictionary Name");
+    auto up = [&](const char* key) { return text::upper(getSettingValue(t, key)); };
+    app.settings.library = libraryOfName(getSettingValue(t, "Library"));
+    app.settings.direction = directionOfName(getSettingValue(t, "Direction"));
+    app.store.dictionaryName = getSettingValue(t, "Dictionary Name");
     // A name is a file in the Dictionaries folder or a full path the user chose; a relative
     // name that climbs out of the folder was not written by this program.
     const fs::path named(app.store.dictionaryName);
@@ -101,7 +101,7 @@ void ApplySettings(App& app, const fs::path& path) {
     const std::string info = up("Show Dictionary Info");
     app.settings.showDictionaryInfo = !(info == "FALSE" || info == "NO");
     auto number = [&](const char* key, int fallback, int lo, int hi) {
-        const std::string v = GetSettingValue(t, key);
+        const std::string v = getSettingValue(t, key);
         if (v.empty() || v.size() > 6 || v.find_first_not_of("0123456789") != std::string::npos)
             return fallback;
         return std::clamp(std::stoi(v), lo, hi);
@@ -114,7 +114,7 @@ namespace {
 
 // The dictionary as the settings file keeps it: its file name when it is in the Dictionaries
 // folder, otherwise its full path.
-std::string RememberedDictionaryName(const App& app) {
+std::string rememberedDictionaryName(const App& app) {
     const DictionaryStore& store = app.store;
     if (store.untitled || store.dictionaryPath.empty())
         return app.rememberedDictionary.empty() ? store.dictionaryName : app.rememberedDictionary;
@@ -128,8 +128,8 @@ std::string RememberedDictionaryName(const App& app) {
 }
 } // namespace
 
-void WriteSettingsFile(App& app, const fs::path& path) {
-    const std::string t = SettingsText(app.settings, RememberedDictionaryName(app)) + "\r\n";
+void writeSettingsFile(App& app, const fs::path& path) {
+    const std::string t = settingsText(app.settings, rememberedDictionaryName(app)) + "\r\n";
     std::error_code ec;
     if (!fs::is_directory(path.parent_path(), ec)) fs::create_directories(path.parent_path(), ec);
     app.files.write(path, t);

@@ -30,13 +30,13 @@ inline constexpr std::uintmax_t MaxSettingsBytes = 1u << 20;
 std::filesystem::path settingsPath(const std::filesystem::path& home);
 
 // The text written for the current values (without the final extra line end added on write).
-std::string SettingsText(const Settings& settings, const std::string& dictionaryName);
+std::string settingsText(const Settings& settings, const std::string& dictionaryName);
 // Value of the first case-blind occurrence of key, from the "=" after it to the line end,
 // trimmed; empty text when the key is absent.
-std::string GetSettingValue(const std::string& text, const std::string& key);
+std::string getSettingValue(const std::string& text, const std::string& key);
 // Defaults, then the file's values; a missing or empty file gives a notice.
-void ApplySettings(App& app, const std::filesystem::path& path);
+void applySettings(App& app, const std::filesystem::path& path);
 // Writes the settings file, creating the System folder when it is missing.
-void WriteSettingsFile(App& app, const std::filesystem::path& path);
+void writeSettingsFile(App& app, const std::filesystem::path& path);
 
 } // namespace nebkaro

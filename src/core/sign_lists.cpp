@@ -13,13 +13,13 @@ namespace nebkaro {
 
 int SignLists::findSign(const std::string& code) const {
     for (int i = 1; i <= signCount; ++i)
-        if (SignCodes[static_cast<std::size_t>(i)] == code) return i;
+        if (signCodes[static_cast<std::size_t>(i)] == code) return i;
     return 0;
 }
 
 int SignLists::findPhonetic(int column, const std::string& value) const {
     for (int k = 0; k <= phoneticLast; ++k)
-        if (Phonetic[static_cast<std::size_t>(k)][static_cast<std::size_t>(column)] == value)
+        if (phonetic[static_cast<std::size_t>(k)][static_cast<std::size_t>(column)] == value)
             return k;
     return -1;
 }
@@ -31,7 +31,7 @@ fs::path signListPath(const fs::path& home, Library library) {
 }
 } // namespace
 
-void ParseSignList(SignLists& lists, const std::string& text) {
+void parseSignList(SignLists& lists, const std::string& text) {
     FieldReader in(text);
     std::vector<std::string> codes(SignLists::MaxSigns + 1);
     int preamble = lists.preambleCount;
@@ -45,7 +45,7 @@ void ParseSignList(SignLists& lists, const std::string& text) {
     int count = i - 1;
     std::array<std::array<int, 3>, 28> table{};
     for (int k = 0; k < 28; ++k)
-        table[static_cast<std::size_t>(k)][0] = lists.CategoryTable[static_cast<std::size_t>(k)][0];
+        table[static_cast<std::size_t>(k)][0] = lists.categoryTable[static_cast<std::size_t>(k)][0];
     for (int k = preamble + 1; k <= count; ++k) {
         char32_t c = text::upperChar(text::firstChar(codes[static_cast<std::size_t>(k)]));
         if (c < 63 || c > 90) throw RunError(SubscriptOutOfRange);
@@ -57,23 +57,23 @@ void ParseSignList(SignLists& lists, const std::string& text) {
     for (int k = 2; k <= 26; ++k)
         table[static_cast<std::size_t>(k) + 1][2] =
             table[static_cast<std::size_t>(k)][1] + table[static_cast<std::size_t>(k)][2];
-    lists.SignCodes = std::move(codes);
+    lists.signCodes = std::move(codes);
     lists.signCount = count;
     lists.preambleCount = preamble;
-    lists.CategoryTable = table;
+    lists.categoryTable = table;
 }
 
-void ParseTrans2Code(SignLists& lists, const std::string& text) {
+void parseTrans2Code(SignLists& lists, const std::string& text) {
     FieldReader in(text);
-    auto table = lists.Trans2Code;
+    auto table = lists.trans2Code;
     for (int i = 31; i <= 255; ++i) {
         table[static_cast<std::size_t>(i)][0] = in.read();
         table[static_cast<std::size_t>(i)][1] = in.read();
     }
-    lists.Trans2Code = table;
+    lists.trans2Code = table;
 }
 
-void ParsePhonetic(SignLists& lists, const std::string& text) {
+void parsePhonetic(SignLists& lists, const std::string& text) {
     FieldReader in(text);
     std::vector<std::array<std::string, 2>> rows(SignLists::MaxPhoneticRows);
     int i = 0;
@@ -83,7 +83,7 @@ void ParsePhonetic(SignLists& lists, const std::string& text) {
         rows[static_cast<std::size_t>(i)][1] = in.read();
         ++i;
     }
-    lists.Phonetic = std::move(rows);
+    lists.phonetic = std::move(rows);
     lists.phoneticLast = i - 1;
 }
 
@@ -103,16 +103,16 @@ template <typename Parse> void loadListFile(SignLists& lists, const fs::path& fi
 }
 } // namespace
 
-void LoadSignList(SignLists& lists, const fs::path& home, Library library) {
-    loadListFile(lists, signListPath(home, library), ParseSignList);
+void loadSignList(SignLists& lists, const fs::path& home, Library library) {
+    loadListFile(lists, signListPath(home, library), parseSignList);
 }
 
-void LoadTrans2Code(SignLists& lists, const fs::path& home) {
-    loadListFile(lists, home / "Lists" / "Trans2Code.csv", ParseTrans2Code);
+void loadTrans2Code(SignLists& lists, const fs::path& home) {
+    loadListFile(lists, home / "Lists" / "Trans2Code.csv", parseTrans2Code);
 }
 
-void LoadPhonetic(SignLists& lists, const fs::path& home) {
-    loadListFile(lists, home / "Lists" / "Phonetic.csv", ParsePhonetic);
+void loadPhonetic(SignLists& lists, const fs::path& home) {
+    loadListFile(lists, home / "Lists" / "Phonetic.csv", parsePhonetic);
 }
 
 namespace {
@@ -158,7 +158,7 @@ int comparePart(const std::string& x, const std::string& y) {
 }
 } // namespace
 
-bool GardinerGreater(std::string& a, std::string& b) {
+bool gardinerGreater(std::string& a, std::string& b) {
     if (firstCharText(a) != firstCharText(b)) return a > b;
     auto normalise = [](std::string& s) {
         std::string out;

@@ -17,11 +17,11 @@ bool programFileMissing(App& app, const ProgramFileError& e) {
 }
 } // namespace
 
-bool StartUp(App& app, const std::string& commandLine) {
-    ApplySettings(app, settingsPath(app.userFolder()));
+bool startProgram(App& app, const std::string& commandLine) {
+    applySettings(app, settingsPath(app.userFolder()));
     app.windows->setPrinterDefaults();
     try {
-        LoadSignList(app.lists, app.home, app.settings.library);
+        loadSignList(app.lists, app.home, app.settings.library);
     } catch (const ProgramFileError& e) {
         return programFileMissing(app, e);
     }
@@ -42,22 +42,22 @@ bool StartUp(App& app, const std::string& commandLine) {
     // Until a load succeeds, the store holds no file's words: saving it over the file that
     // failed would destroy that file.
     store.untitled = true;
-    const LoadOutcome outcome = LoadDictionary(app);
+    const LoadOutcome outcome = loadDictionary(app);
     if (app.endRequested) return false;
     if (outcome == LoadOutcome::Failed &&
         app.dialogs.message("Do you want to open another dictionary?", "Dictionary Not Loaded",
                             Buttons::YesNo, Icon::Question) == Answer::Yes) {
-        OpenDictionaryDialog(app);
+        openDictionaryDialog(app);
         if (app.endRequested) return false;
     }
     if (store.untitled) {
         // Save proposes the Dictionaries folder; the remembered name stays for the next start.
         store.dictionaryPath = store.dictionariesFolder;
-        app.windows->setCaption(CaptionText(app));
+        app.windows->setCaption(captionText(app));
     }
     try {
-        LoadTrans2Code(app.lists, app.home);
-        LoadPhonetic(app.lists, app.home);
+        loadTrans2Code(app.lists, app.home);
+        loadPhonetic(app.lists, app.home);
     } catch (const ProgramFileError& e) {
         return programFileMissing(app, e);
     }
@@ -68,28 +68,28 @@ bool StartUp(App& app, const std::string& commandLine) {
 namespace {
 void writeSettings(App& app) {
     try {
-        WriteSettingsFile(app, settingsPath(app.userFolder()));
+        writeSettingsFile(app, settingsPath(app.userFolder()));
     } catch (const RunError& e) {
         app.dialogs.message(e.report(), "", Buttons::OK, Icon::Critical);
     }
 }
 } // namespace
 
-bool QuitCommand(App& app) {
+bool quitCommand(App& app) {
     const DictionaryStore& store = app.store;
     if (store.isChanged || app.wordEdited(app)) {
         const Answer a = app.dialogs.message("Do you want to save before quitting?", "Quitting",
                                              Buttons::YesNoCancel, Icon::Exclamation);
         if (a == Answer::Cancel) return false;
         // A save that failed keeps the program open: nothing is lost on the way out.
-        if (a == Answer::Yes && !SaveDictionary(app)) return false;
+        if (a == Answer::Yes && !saveDictionary(app)) return false;
     }
     writeSettings(app);
     app.requestEnd(0);
     return true;
 }
 
-bool CloseMainWindow(App& app) {
+bool closeMainWindow(App& app) {
     const DictionaryStore& store = app.store;
     if (store.isChanged || app.wordEdited(app)) {
         // Cancel (and Escape) keeps the window open: closing by the frame is no reason to
@@ -99,7 +99,7 @@ bool CloseMainWindow(App& app) {
         if (a == Answer::Cancel) return false;
         if (a == Answer::Yes) {
             app.storeWord(app);
-            if (!SaveDictionary(app)) return false;
+            if (!saveDictionary(app)) return false;
         }
     }
     writeSettings(app);

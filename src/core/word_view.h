@@ -44,17 +44,17 @@ struct WordPicture {
 // The main window's design geometry, in twips; the window only reflects it.
 struct MainGeometry {
     static constexpr int MinWidth = 6960;
-    Rect DispAreaShp{250, 600, 6460, 2400};
+    Rect displayArea{250, 600, 6460, 2400};
     int progressContainerWidth = 6460;
 };
 
 struct WordView {
-    std::string GardinerTxt;
-    std::string TransLitTxt;
-    std::string MeaningTxt;
-    std::string CommentTxt;
-    std::string RichGardinerlbl;
-    std::string txtNumber;
+    std::string gardiner;
+    std::string transliteration;
+    std::string meaning;
+    std::string comment;
+    std::string richGardiner;
+    std::string wordNumber;
     std::array<GlyphImage, GlyphTable::Slots> mainGlyphPic{};
 
     MainGeometry geometry;
@@ -65,7 +65,7 @@ struct WordView {
     int rightEdge = 0;
     double bottomEdge = 0;
 
-    WordPicture TemPic;
+    WordPicture picture;
 
     // One Boolean for all four text boxes: a box's text changed since it last took focus.
     bool textChanged = false;
@@ -80,7 +80,7 @@ struct WordView {
     int previousKey = 0;
     std::array<bool, 5> hidden{};
     bool showBorders = false;
-    // TransLitTxt's text when it last took the focus.
+    // transliteration's text when it last took the focus.
     std::string transLitCopy;
 };
 

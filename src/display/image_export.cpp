@@ -7,18 +7,18 @@
 
 namespace nebkaro {
 
-std::string ProposedImageName(const std::string& gardiner) {
+std::string proposedImageName(const std::string& gardiner) {
     std::string name = gardiner;
     std::replace(name.begin(), name.end(), ':', '-');
     std::replace(name.begin(), name.end(), '*', '-');
     return name;
 }
 
-std::filesystem::path ProposedImagePath(const App& app) {
-    return app.userFolder() / "Images" / ProposedImageName(app.view.GardinerTxt);
+std::filesystem::path proposedImagePath(const App& app) {
+    return app.userFolder() / "Images" / proposedImageName(app.view.gardiner);
 }
 
-ImageFormat ImageFormatFor(const std::filesystem::path& file) {
+ImageFormat imageFormatFor(const std::filesystem::path& file) {
     std::string ext = file.extension().string();
     std::transform(ext.begin(), ext.end(), ext.begin(),
                    [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
@@ -29,9 +29,9 @@ ImageFormat ImageFormatFor(const std::filesystem::path& file) {
 
 void saveWordImage(App& app,
                    const std::function<bool(const std::filesystem::path&, ImageFormat)>& write) {
-    const auto file = app.dialogs.saveFile(ImageSaveFilter, ProposedImagePath(app));
+    const auto file = app.dialogs.saveFile(ImageSaveFilter, proposedImagePath(app));
     if (!file || file->empty()) return;
-    app.windows->showStatus((write(*file, ImageFormatFor(*file))
+    app.windows->showStatus((write(*file, imageFormatFor(*file))
                                  ? "Picture saved: "
                                  : "The picture could not be saved: ") +
                             file->string());

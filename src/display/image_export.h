@@ -14,13 +14,13 @@ inline constexpr const char* ImageSaveFilter =
     "Pictures (*.bmp)|*.bmp|PNG Pictures (*.png)|*.png|SVG Drawings (*.svg)|*.svg";
 
 // The Gardiner notation with every ":" and "*" turned into "-", which a file name can hold.
-std::string ProposedImageName(const std::string& gardiner);
+std::string proposedImageName(const std::string& gardiner);
 // <home>/Images/<proposed name>: the save dialog's start folder and name.
-std::filesystem::path ProposedImagePath(const App& app);
+std::filesystem::path proposedImagePath(const App& app);
 
 enum class ImageFormat { Bmp, Png, Svg };
 // By the chosen file's extension, whatever its case; anything else is a bitmap.
-ImageFormat ImageFormatFor(const std::filesystem::path& file);
+ImageFormat imageFormatFor(const std::filesystem::path& file);
 
 // Save Image: asks where, writes the picture with `write` (false when the file cannot be
 // written) and says in the status bar how it went. A picture that cannot be written is not an

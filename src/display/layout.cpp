@@ -20,7 +20,7 @@ long instr(long start, const std::string& s, const char* needle) {
 }
 } // namespace
 
-void ParseLayoutString(const std::string& s, GlyphTable& table) {
+void parseLayoutString(const std::string& s, GlyphTable& table) {
     table.clear();
     if (s.size() > 32767) throw RunError(Overflow);
     const long len = static_cast<long>(s.size());
@@ -44,9 +44,9 @@ void ParseLayoutString(const std::string& s, GlyphTable& table) {
     }
 }
 
-void ParseLayout(App& app) {
+void parseLayout(App& app) {
     if (app.store.lastIndex < 0) return;
-    ParseLayoutString(app.store.field(app.store.currentIndex, FieldLayout), app.glyphs);
+    parseLayoutString(app.store.field(app.store.currentIndex, FieldLayout), app.glyphs);
 }
 
 namespace {
@@ -60,13 +60,13 @@ template <typename Number> std::string writeLayout(const GlyphTable& table, Numb
 }
 } // namespace
 
-std::string ComposerLayoutString(const GlyphTable& table) {
+std::string composerLayoutString(const GlyphTable& table) {
     std::string out = writeLayout(table, [](double v) { return text::plainNumber(v); });
     if (out.size() >= 2) out.resize(out.size() - 2);
     return out;
 }
 
-std::string MirrorLayoutString(const GlyphTable& table) {
+std::string mirrorLayoutString(const GlyphTable& table) {
     std::string out = writeLayout(table, [](double v) { return text::numberText(v); });
     // The cut of the last two characters is not guarded: a word without signs fails here.
     if (out.size() < 2) throw RunError(InvalidArgument);

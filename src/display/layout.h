@@ -13,15 +13,15 @@ struct App;
 // missing where one is expected, SubscriptOutOfRange for a 22nd entry, Overflow for a string
 // longer than 32767 characters, TypeMismatch for a position that is not a number. The table
 // is left as far as it was filled.
-void ParseLayoutString(const std::string& s, GlyphTable& table);
+void parseLayoutString(const std::string& s, GlyphTable& table);
 // The current word's layout into app.glyphs; nothing when lastIndex is negative.
-void ParseLayout(App& app);
+void parseLayout(App& app);
 
 // The composer's writer: numbers without blanks, "A1(0,0) - G17(300,0) ". Empty text for no
 // used slot.
-std::string ComposerLayoutString(const GlyphTable& table);
+std::string composerLayoutString(const GlyphTable& table);
 // The direction mirroring's writer: numbers as number-to-text, "A1( 0, 0) - G17( 300, 0) ".
 // A table without signs is an InvalidArgument error (flipping a word without signs fails).
-std::string MirrorLayoutString(const GlyphTable& table);
+std::string mirrorLayoutString(const GlyphTable& table);
 
 } // namespace nebkaro

@@ -4,7 +4,7 @@
 
 namespace nebkaro {
 
-MainLayout MainLayoutFor(int windowWidth) {
+MainLayout mainLayoutFor(int windowWidth) {
     const int w = std::max(windowWidth, MainGeometry::MinWidth);
     MainLayout l;
     l.dispAreaWidth = w - 500;
@@ -14,10 +14,10 @@ MainLayout MainLayoutFor(int windowWidth) {
     return l;
 }
 
-void ResizeMainWindow(WordView& view, int windowWidth) {
+void resizeMainWindow(WordView& view, int windowWidth) {
     view.windowWidth = std::max(windowWidth, MainGeometry::MinWidth);
-    const MainLayout l = MainLayoutFor(view.windowWidth);
-    view.geometry.DispAreaShp.width = l.dispAreaWidth;
+    const MainLayout l = mainLayoutFor(view.windowWidth);
+    view.geometry.displayArea.width = l.dispAreaWidth;
     view.geometry.progressContainerWidth = l.dispAreaWidth;
 }
 

@@ -7,13 +7,13 @@ namespace nebkaro {
 
 struct MainLayout {
     int dispAreaWidth = 0;
-    int textWidth = 0;       // MeaningTxt, GardinerTxt, CommentTxt, RichGardinerlbl
-    int translitWidth = 0;   // TransLitTxt
-    int guessLeftOffset = 0; // cmdTransGuess left, relative to TransLitTxt's left
+    int textWidth = 0;       // meaning, gardiner, comment, richGardiner
+    int translitWidth = 0;   // transliteration
+    int guessLeftOffset = 0; // cmdTransGuess left, relative to transliteration's left
 };
 
-MainLayout MainLayoutFor(int windowWidth);
+MainLayout mainLayoutFor(int windowWidth);
 // Sets the window width (at least 6960) and the display area's width that follows it.
-void ResizeMainWindow(WordView& view, int windowWidth);
+void resizeMainWindow(WordView& view, int windowWidth);
 
 } // namespace nebkaro

@@ -10,14 +10,14 @@
 
 namespace nebkaro {
 
-int ProgressWidth(int containerWidth, int currentIndex, int lastIndex) {
+int progressWidth(int containerWidth, int currentIndex, int lastIndex) {
     if (lastIndex <= 0) return 0;
     const double w =
         static_cast<double>(text::toInt16(containerWidth - 400)) * currentIndex / lastIndex;
     return static_cast<int>(std::lround(std::max(0.0, w)));
 }
 
-void PlaceGlyphGroup(App& app) {
+void placeGlyphGroup(App& app) {
     WordView& v = app.view;
     const GlyphTable& g = app.glyphs;
     v.bottomEdge = 0;
@@ -29,11 +29,11 @@ void PlaceGlyphGroup(App& app) {
         const double bottom = g[i].y + text::toInt16(pic.height);
         if (bottom > v.bottomEdge) v.bottomEdge = bottom;
     }
-    const Rect& area = v.geometry.DispAreaShp;
-    if (v.rightEdge > v.windowWidth) ResizeMainWindow(v, v.rightEdge + area.left + 500);
-    if (v.rightEdge < 6460) ResizeMainWindow(v, MainGeometry::MinWidth);
-    const double cx = v.geometry.DispAreaShp.width / 2.0 + v.geometry.DispAreaShp.left;
-    const double cy = v.geometry.DispAreaShp.height / 2.0 + v.geometry.DispAreaShp.top;
+    const Rect& area = v.geometry.displayArea;
+    if (v.rightEdge > v.windowWidth) resizeMainWindow(v, v.rightEdge + area.left + 500);
+    if (v.rightEdge < 6460) resizeMainWindow(v, MainGeometry::MinWidth);
+    const double cx = v.geometry.displayArea.width / 2.0 + v.geometry.displayArea.left;
+    const double cy = v.geometry.displayArea.height / 2.0 + v.geometry.displayArea.top;
     const double dy = text::toInt16(cy - v.bottomEdge / 2);
     const double dx = cx - v.rightEdge / 2.0;
     for (int i = 0; i < GlyphTable::Slots; ++i) {
@@ -44,9 +44,9 @@ void PlaceGlyphGroup(App& app) {
     }
 }
 
-void DrawWordImage(App& app) {
+void drawWordImage(App& app) {
     WordView& v = app.view;
-    WordPicture& pic = v.TemPic;
+    WordPicture& pic = v.picture;
     pic.width = text::toInt16(v.rightEdge + 64.0);
     pic.height = text::toInt16(v.bottomEdge + 64);
     // The picture is rewritten in place: its signs' paths keep their buffers from word to word.
@@ -73,7 +73,7 @@ void setBox(WordView& v, std::string& box, const std::string& value) {
 }
 } // namespace
 
-void RenderWord(App& app) {
+void renderWord(App& app) {
     DictionaryStore& store = app.store;
     WordView& v = app.view;
     // Without a word (none in the dictionary, or an index outside the table) the view is
@@ -84,18 +84,18 @@ void RenderWord(App& app) {
     const WordRecord& word = inTable ? store.row(store.currentIndex) : none;
     // The texts come first: whatever the signs do, the boxes hold this word's own texts, so
     // that Store and Save write back only what belongs to it.
-    setBox(v, v.CommentTxt, word[FieldComment]);
-    setBox(v, v.MeaningTxt, word[FieldMeaning]);
-    setBox(v, v.TransLitTxt, word[FieldTranslit]);
-    setBox(v, v.GardinerTxt, word[FieldGardiner]);
-    v.RichGardinerlbl = word[FieldLayout];
-    v.txtNumber = store.currentIndex >= 0 ? std::to_string(store.currentIndex) : std::string();
+    setBox(v, v.comment, word[FieldComment]);
+    setBox(v, v.meaning, word[FieldMeaning]);
+    setBox(v, v.transliteration, word[FieldTranslit]);
+    setBox(v, v.gardiner, word[FieldGardiner]);
+    v.richGardiner = word[FieldLayout];
+    v.wordNumber = store.currentIndex >= 0 ? std::to_string(store.currentIndex) : std::string();
     v.progressWidth =
-        ProgressWidth(v.geometry.progressContainerWidth, store.currentIndex, store.lastIndex);
+        progressWidth(v.geometry.progressContainerWidth, store.currentIndex, store.lastIndex);
     v.missingPictures.clear();
     v.drawProblem.clear();
     try {
-        ParseLayoutString(word[FieldLayout], app.glyphs);
+        parseLayoutString(word[FieldLayout], app.glyphs);
         const Library library = libraryOfLetter(word[FieldLibrary]);
         const Direction direction = directionOfLetter(word[FieldDirection]);
         for (int i = 0; i < GlyphTable::Slots; ++i) {
@@ -109,16 +109,16 @@ void RenderWord(App& app) {
                 img.visible = false;
             }
         }
-        PlaceGlyphGroup(app);
-        DrawWordImage(app);
+        placeGlyphGroup(app);
+        drawWordImage(app);
     } catch (const RunError& e) {
         // A layout that cannot be drawn leaves an empty picture; the word stays on show with
         // its texts and its layout as stored, and the status bar says why.
         app.glyphs.clear();
         for (GlyphImage& img : v.mainGlyphPic) img.visible = false;
         v.missingPictures.clear();
-        PlaceGlyphGroup(app);
-        DrawWordImage(app);
+        placeGlyphGroup(app);
+        drawWordImage(app);
         v.drawProblem = "The signs of word " + std::to_string(store.currentIndex) +
                         " cannot be drawn (" + e.report() + ")";
     }
@@ -129,7 +129,7 @@ void RenderWord(App& app) {
     app.windows->wordViewChanged();
 }
 
-void SetDirection(App& app, FlipMode mode) {
+void setDirection(App& app, FlipMode mode) {
     DictionaryStore& store = app.store;
     const std::string& field = store.field(store.currentIndex, FieldDirection);
     if ((mode == FlipMode::Left && field == directionLetter(Direction::Left)) ||
@@ -137,7 +137,7 @@ void SetDirection(App& app, FlipMode mode) {
         return;
     const Direction current = directionOfLetter(field);
     // A layout that cannot be read or mirrored fails before the word is touched.
-    ParseLayout(app);
+    parseLayout(app);
     UndoStep step(app.history, store, "Flip word " + std::to_string(store.currentIndex),
                   store.currentIndex, store.currentIndex + 1);
     GlyphTable& g = app.glyphs;
@@ -159,9 +159,9 @@ void SetDirection(App& app, FlipMode mode) {
     }
     if (m < 0)
         for (int i = 0; i < n; ++i) g[i].x -= m;
-    std::string mirrored = MirrorLayoutString(g);
+    std::string mirrored = mirrorLayoutString(g);
     store.setField(store.currentIndex, FieldDirection, directionLetter(opposite(current)));
-    app.view.RichGardinerlbl = std::move(mirrored);
+    app.view.richGardiner = std::move(mirrored);
     app.storeWord(app);
 }
 

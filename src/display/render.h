@@ -11,22 +11,22 @@ struct App;
 struct WordView;
 
 // Draws the current word (nothing when currentIndex is negative) and fills the word view.
-void RenderWord(App& app);
+void renderWord(App& app);
 
 // Computes rightEdge and bottomEdge of the used slots of app.glyphs from the sizes of the
 // pictures now in app.view.mainGlyphPic, applies the window-width rules and places every used
-// image centred in DispAreaShp. Used by RenderWord and by New/Edit for a composed word.
-void PlaceGlyphGroup(App& app);
+// image centred in displayArea. Used by renderWord and by New/Edit for a composed word.
+void placeGlyphGroup(App& app);
 
 // The progress bar's width for the current word: (container - 400) * current / last; 0 when
 // lastIndex is 0 or below (one word or none: the bar is empty).
-int ProgressWidth(int containerWidth, int currentIndex, int lastIndex);
+int progressWidth(int containerWidth, int currentIndex, int lastIndex);
 
 // The off-screen picture of the word: 32-twip margin, signs in slot order.
-void DrawWordImage(App& app);
+void drawWordImage(App& app);
 
 // Turns the current word as mode asks (nothing when it faces that way already). Mirrors the X
-// positions, writes the layout (mirroring form) into RichGardinerlbl and runs Store.
-void SetDirection(App& app, FlipMode mode);
+// positions, writes the layout (mirroring form) into richGardiner and runs Store.
+void setDirection(App& app, FlipMode mode);
 
 } // namespace nebkaro

@@ -280,7 +280,7 @@ void paintMissing(QPainter& painter, const QRectF& box) {
 
 } // namespace
 
-QPainterPath SignOutline(const SignPicture& picture) {
+QPainterPath signOutline(const SignPicture& picture) {
     if (!picture.ok || picture.width <= 0 || picture.height <= 0) return {};
     const std::filesystem::path& file = picture.file;
     const std::filesystem::path directionFolder = file.parent_path().parent_path();
@@ -318,18 +318,18 @@ QPainterPath SignOutline(const SignPicture& picture) {
     return ink.translated((w - inkBox.width()) / 2, (h - inkBox.height()) / 2);
 }
 
-bool PaintSignOutline(QPainter& painter, const SignPicture& picture, const QRectF& box) {
-    const QPainterPath outline = SignOutline(picture);
+bool paintSignOutline(QPainter& painter, const SignPicture& picture, const QRectF& box) {
+    const QPainterPath outline = signOutline(picture);
     if (outline.isEmpty()) return false;
     paintOutline(painter, outline, box, toPixels(picture.width), toPixels(picture.height));
     return true;
 }
 
-double SignInkStroke() {
+double signInkStroke() {
     return InkStroke;
 }
 
-QString SvgPathData(const QPainterPath& outline) {
+QString svgPathData(const QPainterPath& outline) {
     QString d;
     auto num = [](double v) { return QString::number(v, 'f', 2); };
     for (int i = 0; i < outline.elementCount(); ++i) {
@@ -349,13 +349,13 @@ QString SvgPathData(const QPainterPath& outline) {
     return d;
 }
 
-void PaintSign(QPainter& painter, const SignPicture& picture, const QRectF& box) {
+void paintSign(QPainter& painter, const SignPicture& picture, const QRectF& box) {
     const double w = toPixels(picture.width), h = toPixels(picture.height);
     const QTransform& t = painter.deviceTransform();
     const double scale = std::max(std::hypot(t.m11(), t.m12()) * box.width() / std::max(w, 1.0),
                                   std::hypot(t.m21(), t.m22()) * box.height() / std::max(h, 1.0));
     if (isPaper(painter) || scale > 1.01) {
-        const QPainterPath outline = SignOutline(picture);
+        const QPainterPath outline = signOutline(picture);
         if (!outline.isEmpty()) {
             paintOutline(painter, outline, box, w, h);
             return;
@@ -373,7 +373,7 @@ void PaintSign(QPainter& painter, const SignPicture& picture, const QRectF& box)
     painter.restore();
 }
 
-QImage SignImage(const SignPicture& picture, double scale) {
+QImage signImage(const SignPicture& picture, double scale) {
     const double w = toPixels(picture.width), h = toPixels(picture.height);
     const QSize size(std::max(1, static_cast<int>(std::lround(w * scale))),
                      std::max(1, static_cast<int>(std::lround(h * scale))));
@@ -387,7 +387,7 @@ QImage SignImage(const SignPicture& picture, double scale) {
     QImage image(size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
-    PaintSign(painter, picture, QRectF(QPointF(0, 0), QSizeF(size)));
+    paintSign(painter, picture, QRectF(QPointF(0, 0), QSizeF(size)));
     return image;
 }
 

@@ -23,25 +23,25 @@ inline constexpr double PicturePixelsPerEm = 40.0;
 // The outline of the picture's sign in the picture's own pixels (its natural box, top left
 // at 0,0), facing as the picture does; empty when the sign has none. The font and the table
 // are found from the picture's file: <program folder>/<library>/<direction>/<letter>/<code>.GIF.
-QPainterPath SignOutline(const SignPicture& picture);
+QPainterPath signOutline(const SignPicture& picture);
 
-// Paints the sign's outline into box (see PaintSign), over white; false, painting nothing,
+// Paints the sign's outline into box (see paintSign), over white; false, painting nothing,
 // when the sign has no outline.
-bool PaintSignOutline(QPainter& painter, const SignPicture& picture, const QRectF& box);
+bool paintSignOutline(QPainter& painter, const SignPicture& picture, const QRectF& box);
 
 // The outline as the "d" of an SVG path, in the picture's pixels.
-QString SvgPathData(const QPainterPath& outline);
+QString svgPathData(const QPainterPath& outline);
 // The stroke drawn around an outline, in the picture's pixels.
-double SignInkStroke();
+double signInkStroke();
 
 // Paints the sign into box, the picture's natural box as the painter places it: from the
 // outline when the sign has one and it is drawn larger than the picture or onto paper or
 // into a drawing (PDF, SVG, printer); otherwise from the picture, smoothly scaled; a picture
 // that cannot be read is an empty framed square.
-void PaintSign(QPainter& painter, const SignPicture& picture, const QRectF& box);
+void paintSign(QPainter& painter, const SignPicture& picture, const QRectF& box);
 
 // The sign `scale` times its natural size, in device pixels, transparent around the ink
 // (white where a picture is drawn as it is). At scale 1 it is the picture itself.
-QImage SignImage(const SignPicture& picture, double scale);
+QImage signImage(const SignPicture& picture, double scale);
 
 } // namespace nebkaro

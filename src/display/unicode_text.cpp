@@ -9,7 +9,7 @@
 
 namespace nebkaro {
 
-std::optional<char32_t> HieroglyphCodePoint(const std::string& code) {
+std::optional<char32_t> hieroglyphCodePoint(const std::string& code) {
     const auto it = std::lower_bound(UnicodeSigns.begin(), UnicodeSigns.end(), code,
                                      [](const UnicodeSign& s, const std::string& c) {
                                          return std::strcmp(s.code, c.c_str()) < 0;
@@ -80,7 +80,7 @@ std::vector<Group> groupSigns(std::vector<Box> boxes) {
 
 } // namespace
 
-UnicodeWord UnicodeText(const std::vector<PlacedSign>& signs, bool leftToRight) {
+UnicodeWord unicodeText(const std::vector<PlacedSign>& signs, bool leftToRight) {
     std::vector<Box> boxes;
     for (const PlacedSign& s : signs) {
         const double start = leftToRight ? s.x : -(s.x + s.width);
@@ -93,7 +93,7 @@ UnicodeWord UnicodeText(const std::vector<PlacedSign>& signs, bool leftToRight) 
         for (const Row& r : g) {
             std::vector<char32_t> row;
             for (const Box& b : r) {
-                if (const auto cp = HieroglyphCodePoint(b.sign->code))
+                if (const auto cp = hieroglyphCodePoint(b.sign->code))
                     row.push_back(*cp);
                 else if (std::find(out.missing.begin(), out.missing.end(), b.sign->code) ==
                          out.missing.end())
@@ -112,7 +112,7 @@ UnicodeWord UnicodeText(const std::vector<PlacedSign>& signs, bool leftToRight) 
     return out;
 }
 
-std::vector<PlacedSign> PlacedSigns(const GlyphTable& glyphs,
+std::vector<PlacedSign> placedSigns(const GlyphTable& glyphs,
                                     const std::array<GlyphImage, GlyphTable::Slots>& images) {
     std::vector<PlacedSign> out;
     for (int i = 0; i < GlyphTable::Slots; ++i) {
@@ -125,7 +125,7 @@ std::vector<PlacedSign> PlacedSigns(const GlyphTable& glyphs,
     return out;
 }
 
-bool WordOnShowFacesLeft(const App& app) {
+bool wordOnShowFacesLeft(const App& app) {
     const DictionaryStore& store = app.store;
     // A composed word not yet stored faces the way new words are stored.
     bool left = app.settings.direction == Direction::Left;
@@ -136,12 +136,12 @@ bool WordOnShowFacesLeft(const App& app) {
     return left;
 }
 
-UnicodeWord UnicodeWordText(const App& app) {
-    return UnicodeText(PlacedSigns(app.glyphs, app.view.mainGlyphPic), WordOnShowFacesLeft(app));
+UnicodeWord unicodeWordText(const App& app) {
+    return unicodeText(placedSigns(app.glyphs, app.view.mainGlyphPic), wordOnShowFacesLeft(app));
 }
 
 void copyWordAsUnicode(App& app) {
-    const UnicodeWord w = UnicodeWordText(app);
+    const UnicodeWord w = unicodeWordText(app);
     if (w.text.empty() && w.missing.empty()) {
         app.dialogs.message("The word on show has no signs to copy.", "Copy as Unicode",
                             Buttons::OK, Icon::Exclamation);

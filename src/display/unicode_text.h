@@ -18,7 +18,7 @@ inline constexpr char32_t VerticalJoiner = 0x13430;
 inline constexpr char32_t HorizontalJoiner = 0x13431;
 
 // The code point of a sign of the Unicode block, by its Gardiner code (exact spelling).
-std::optional<char32_t> HieroglyphCodePoint(const std::string& code);
+std::optional<char32_t> hieroglyphCodePoint(const std::string& code);
 
 struct UnicodeWord {
     std::u32string text;
@@ -37,15 +37,15 @@ struct PlacedSign {
 
 // leftToRight: signs facing left are read from the left (direction "L"); signs facing right
 // from the right.
-UnicodeWord UnicodeText(const std::vector<PlacedSign>& signs, bool leftToRight);
+UnicodeWord unicodeText(const std::vector<PlacedSign>& signs, bool leftToRight);
 // The signs of the GlyphTable with the sizes of the pictures now shown for them.
-std::vector<PlacedSign> PlacedSigns(const GlyphTable& glyphs,
+std::vector<PlacedSign> placedSigns(const GlyphTable& glyphs,
                                     const std::array<GlyphImage, GlyphTable::Slots>& images);
 // Whether the word on show faces left (a composed word not yet stored faces the way new
 // words are stored).
-bool WordOnShowFacesLeft(const App& app);
+bool wordOnShowFacesLeft(const App& app);
 // The word on show (the current word, or a composed one not yet stored).
-UnicodeWord UnicodeWordText(const App& app);
+UnicodeWord unicodeWordText(const App& app);
 // Copy as Unicode: the word on show goes to the clipboard as Unicode hieroglyphs. Signs outside
 // the block are left out and named in one message; a word with none in it copies nothing.
 void copyWordAsUnicode(App& app);

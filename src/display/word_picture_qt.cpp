@@ -26,16 +26,16 @@ int twipsToPixels(double twips) {
     return static_cast<int>(std::lround(toPixels(twips)));
 }
 
-void PaintWordPicture(QPainter& painter, const WordPicture& picture) {
+void paintWordPicture(QPainter& painter, const WordPicture& picture) {
     for (const PlacedPicture& p : picture.pictures) {
         // Signs stand on whole pixels at 100 %, as the word view places them.
         const QPointF at(twipsToPixels(p.x), twipsToPixels(p.y));
-        PaintSign(painter, p.picture,
+        paintSign(painter, p.picture,
                   QRectF(at, QSizeF(toPixels(p.picture.width), toPixels(p.picture.height))));
     }
 }
 
-QImage WordPictureImage(const WordPicture& picture, double scale) {
+QImage wordPictureImage(const WordPicture& picture, double scale) {
     scale = std::clamp(scale, 1.0, MaxPictureScale);
     const QSize base = pixelSize(picture);
     QImage image(std::max(1, static_cast<int>(std::lround(base.width() * scale))),
@@ -44,20 +44,20 @@ QImage WordPictureImage(const WordPicture& picture, double scale) {
     image.fill(Qt::white);
     QPainter painter(&image);
     painter.scale(scale, scale);
-    PaintWordPicture(painter, picture);
+    paintWordPicture(painter, picture);
     painter.end();
     return image;
 }
 
-QByteArray WordPicturePng(const WordPicture& picture, double scale) {
+QByteArray wordPicturePng(const WordPicture& picture, double scale) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    WordPictureImage(picture, scale).save(&buffer, "PNG");
+    wordPictureImage(picture, scale).save(&buffer, "PNG");
     return bytes;
 }
 
-QByteArray WordPictureSvg(const WordPicture& picture, double scale) {
+QByteArray wordPictureSvg(const WordPicture& picture, double scale) {
     // Drawn from the same placed pictures, in pixels: signs with an outline as paths, others
     // embedded as their pictures. The scale only sets the drawing's size.
     scale = std::clamp(scale, 1.0, MaxPictureScale);
@@ -75,7 +75,7 @@ QByteArray WordPictureSvg(const WordPicture& picture, double scale) {
                          .toUtf8();
     for (const PlacedPicture& p : picture.pictures) {
         const int x = twipsToPixels(p.x), y = twipsToPixels(p.y);
-        const QPainterPath outline = SignOutline(p.picture);
+        const QPainterPath outline = signOutline(p.picture);
         if (!outline.isEmpty()) {
             svg += QStringLiteral("<g transform=\"translate(%1 %2)\"><rect width=\"%3\" "
                                   "height=\"%4\" fill=\"#ffffff\"/><path d=\"%5\" fill=\"#000000\" "
@@ -85,8 +85,8 @@ QByteArray WordPictureSvg(const WordPicture& picture, double scale) {
                        .arg(y)
                        .arg(toPixels(p.picture.width))
                        .arg(toPixels(p.picture.height))
-                       .arg(SvgPathData(outline))
-                       .arg(SignInkStroke())
+                       .arg(svgPathData(outline))
+                       .arg(signInkStroke())
                        .toUtf8();
             continue;
         }
@@ -120,22 +120,22 @@ QByteArray WordPictureSvg(const WordPicture& picture, double scale) {
     return svg;
 }
 
-bool SaveWordPicture(const WordPicture& picture, const QString& file, ImageFormat format,
+bool saveWordPicture(const WordPicture& picture, const QString& file, ImageFormat format,
                      double scale) {
     QSaveFile out(file);
     if (!out.open(QIODevice::WriteOnly)) return false;
     bool written = false;
     switch (format) {
     case ImageFormat::Svg: {
-        const QByteArray svg = WordPictureSvg(picture, scale);
+        const QByteArray svg = wordPictureSvg(picture, scale);
         written = out.write(svg) == svg.size();
         break;
     }
     case ImageFormat::Png:
-        written = WordPictureImage(picture, scale).save(&out, "PNG");
+        written = wordPictureImage(picture, scale).save(&out, "PNG");
         break;
     case ImageFormat::Bmp:
-        written = WordPictureImage(picture, scale).save(&out, "BMP");
+        written = wordPictureImage(picture, scale).save(&out, "BMP");
         break;
     }
     if (!written) {

@@ -19,19 +19,19 @@ int twipsToPixels(double twips);
 // the picture's top left at the painter's origin; a painter that scales up draws them from
 // their outlines (sign_outlines_qt.h). A picture that cannot be read is an empty framed square
 // of its slot's size.
-void PaintWordPicture(QPainter& painter, const WordPicture& picture);
+void paintWordPicture(QPainter& painter, const WordPicture& picture);
 
 // The largest scale a word picture is exported at.
 inline constexpr double MaxPictureScale = 8.0;
 
 // White background, the word with its margin, scale (1 to 8) times its natural size; the
 // layout is the same at every scale.
-QImage WordPictureImage(const WordPicture& picture, double scale = 1.0);
-QByteArray WordPicturePng(const WordPicture& picture, double scale = 1.0);
+QImage wordPictureImage(const WordPicture& picture, double scale = 1.0);
+QByteArray wordPicturePng(const WordPicture& picture, double scale = 1.0);
 // In the picture's pixels, scale times as large on the page; signs are vector paths.
-QByteArray WordPictureSvg(const WordPicture& picture, double scale = 1.0);
+QByteArray wordPictureSvg(const WordPicture& picture, double scale = 1.0);
 // False when the file cannot be written.
-bool SaveWordPicture(const WordPicture& picture, const QString& file, ImageFormat format,
+bool saveWordPicture(const WordPicture& picture, const QString& file, ImageFormat format,
                      double scale = 1.0);
 
 } // namespace nebkaro

@@ -12,37 +12,37 @@ namespace nebkaro {
 std::string& textOf(WordView& view, TextBox box) {
     switch (box) {
     case TextBox::Gardiner:
-        return view.GardinerTxt;
+        return view.gardiner;
     case TextBox::TransLit:
-        return view.TransLitTxt;
+        return view.transliteration;
     case TextBox::Meaning:
-        return view.MeaningTxt;
+        return view.meaning;
     case TextBox::Comment:
         break;
     }
-    return view.CommentTxt;
+    return view.comment;
 }
 
-void TextBoxChanged(App& app, TextBox box, const std::string& text) {
+void textBoxChanged(App& app, TextBox box, const std::string& text) {
     // Transliterations are stored in plain letters; scholarly ones typed or pasted are read.
-    textOf(app.view, box) = box == TextBox::TransLit ? PlainFromScholarly(text) : text;
+    textOf(app.view, box) = box == TextBox::TransLit ? plainFromScholarly(text) : text;
     app.view.textChanged = true;
 }
 
-void TextBoxGotFocus(App& app, TextBox box) {
+void textBoxGotFocus(App& app, TextBox box) {
     if (box == TextBox::TransLit) {
         app.typewriterTarget = TypewriterTarget::MainTransLit;
-        app.view.transLitCopy = app.view.TransLitTxt;
+        app.view.transLitCopy = app.view.transliteration;
         return;
     }
     app.view.textChanged = false;
 }
 
-void TextBoxLostFocus(App& app, TextBox) {
+void textBoxLostFocus(App& app, TextBox) {
     if (app.view.textChanged) app.store.editPending = true;
 }
 
-std::optional<HideBox> WindowKeyDown(WordView& view, int keyCode) {
+std::optional<HideBox> windowKeyDown(WordView& view, int keyCode) {
     const int before = view.previousKey;
     view.previousKey = keyCode;
     if (before != KeyControl) return std::nullopt;
@@ -58,20 +58,20 @@ std::optional<HideBox> WindowKeyDown(WordView& view, int keyCode) {
     return box;
 }
 
-bool OpensFieldMenu(const WordView& view, int button, int x, int y) {
-    return button == RightButton && view.geometry.DispAreaShp.contains(x, y);
+bool opensFieldMenu(const WordView& view, int button, int x, int y) {
+    return button == RightButton && view.geometry.displayArea.contains(x, y);
 }
 
-void ToggleShowBorders(WordView& view) {
+void toggleShowBorders(WordView& view) {
     view.showBorders = !view.showBorders;
 }
 
-void ResizeWordView(WordView& view, int windowWidth) {
-    const int before = view.geometry.DispAreaShp.width;
-    ResizeMainWindow(view, windowWidth);
+void resizeWordView(WordView& view, int windowWidth) {
+    const int before = view.geometry.displayArea.width;
+    resizeMainWindow(view, windowWidth);
     // The renderer centred the group on the old display area; the same offset from the new
     // centre keeps it centred.
-    const int shift = static_cast<int>(std::lround(view.geometry.DispAreaShp.width / 2.0) -
+    const int shift = static_cast<int>(std::lround(view.geometry.displayArea.width / 2.0) -
                                        std::lround(before / 2.0));
     if (shift == 0) return;
     for (GlyphImage& img : view.mainGlyphPic)

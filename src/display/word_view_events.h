@@ -18,12 +18,12 @@ std::string& textOf(WordView& view, TextBox box);
 // The user changed a box's text (typing, pasting, the typewriter). The transliteration box
 // keeps plain letters: scholarly ones (nṯr) become them (nTr), and the window shows the box's
 // text again when it differs from what was typed.
-void TextBoxChanged(App& app, TextBox box, const std::string& text);
-// GardinerTxt, MeaningTxt and CommentTxt forget earlier changes when they take the focus;
-// TransLitTxt becomes the typewriter's target instead and keeps textChanged as it is.
-void TextBoxGotFocus(App& app, TextBox box);
+void textBoxChanged(App& app, TextBox box, const std::string& text);
+// gardiner, meaning and comment forget earlier changes when they take the focus;
+// transliteration becomes the typewriter's target instead and keeps textChanged as it is.
+void textBoxGotFocus(App& app, TextBox box);
 // Leaving a box after its text changed makes the word count as being edited.
-void TextBoxLostFocus(App& app, TextBox box);
+void textBoxLostFocus(App& app, TextBox box);
 
 // Key codes as the window sees them: Shift 16, Ctrl 17, Alt 18, letters their capital's code.
 inline constexpr int KeyShift = 16;
@@ -34,19 +34,19 @@ inline constexpr int KeyM = 77;
 // A key went down anywhere in the window. Ctrl followed by G toggles ChkHideGardiner, Ctrl
 // followed by M toggles ChkHideMeaning; only the order of the key codes counts, not whether
 // the keys overlap. Returns the box toggled.
-std::optional<HideBox> WindowKeyDown(WordView& view, int keyCode);
+std::optional<HideBox> windowKeyDown(WordView& view, int keyCode);
 
 // Mouse buttons as the window reports them.
 inline constexpr int RightButton = 2;
 // True when a press of this button at (x, y) twips opens the pop-up menu of the display area:
-// the right button, inside DispAreaShp or on its edge.
-bool OpensFieldMenu(const WordView& view, int button, int x, int y);
+// the right button, inside displayArea or on its edge.
+bool opensFieldMenu(const WordView& view, int button, int x, int y);
 
 // Show Borders: inverts the mark; every sign image then has a thin border or none.
-void ToggleShowBorders(WordView& view);
+void toggleShowBorders(WordView& view);
 
 // The window's width changed: the display area follows it (never narrower than 6960 twips)
 // and the word on show stays centred in it.
-void ResizeWordView(WordView& view, int windowWidth);
+void resizeWordView(WordView& view, int windowWidth);
 
 } // namespace nebkaro

@@ -7,25 +7,25 @@
 
 namespace nebkaro {
 
-int ClampZoom(int percent) {
+int clampZoom(int percent) {
     return std::clamp(percent, MinZoom, MaxZoom);
 }
 
-int ZoomedIn(int percent) {
+int zoomedIn(int percent) {
     for (int step : ZoomSteps)
         if (step > percent) return step;
     return MaxZoom;
 }
 
-int ZoomedOut(int percent) {
+int zoomedOut(int percent) {
     int out = MinZoom;
     for (int step : ZoomSteps)
         if (step < percent) out = step;
     return out;
 }
 
-Rect ZoomedBox(const Rect& box, const Rect& area, int percent) {
-    const double k = ClampZoom(percent) / 100.0;
+Rect zoomedBox(const Rect& box, const Rect& area, int percent) {
+    const double k = clampZoom(percent) / 100.0;
     const double cx = area.left + area.width / 2.0, cy = area.top + area.height / 2.0;
     auto at = [k](double v, double c) { return static_cast<int>(std::lround(c + (v - c) * k)); };
     Rect out;
@@ -36,15 +36,15 @@ Rect ZoomedBox(const Rect& box, const Rect& area, int percent) {
     return out;
 }
 
-void ZoomIn(App& app) {
-    app.settings.wordZoom = ZoomedIn(app.settings.wordZoom);
+void zoomIn(App& app) {
+    app.settings.wordZoom = zoomedIn(app.settings.wordZoom);
 }
 
-void ZoomOut(App& app) {
-    app.settings.wordZoom = ZoomedOut(app.settings.wordZoom);
+void zoomOut(App& app) {
+    app.settings.wordZoom = zoomedOut(app.settings.wordZoom);
 }
 
-void ZoomReset(App& app) {
+void zoomReset(App& app) {
     app.settings.wordZoom = MinZoom;
 }
 

@@ -13,18 +13,18 @@ inline constexpr int MaxZoom = 400;
 inline constexpr int ZoomSteps[] = {100, 125, 150, 200, 250, 300, 400};
 
 // The next step up (down) from percent, kept within 100..400.
-int ZoomedIn(int percent);
-int ZoomedOut(int percent);
-int ClampZoom(int percent);
+int zoomedIn(int percent);
+int zoomedOut(int percent);
+int clampZoom(int percent);
 
 // A box (twips) of the area as it is drawn at this zoom: scaled about the area's centre.
-Rect ZoomedBox(const Rect& box, const Rect& area, int percent);
+Rect zoomedBox(const Rect& box, const Rect& area, int percent);
 
 // The word view's zoom commands: one step in or out, back to 100 %. The zoom is a setting
 // and is kept in the settings file.
-void ZoomIn(App& app);
-void ZoomOut(App& app);
-void ZoomReset(App& app);
+void zoomIn(App& app);
+void zoomOut(App& app);
+void zoomReset(App& app);
 
 // The scale (1 to 8) Copy Glyph Image and Save Image draw the word at.
 inline constexpr int MaxPictureScaleSetting = 8;

@@ -8,7 +8,7 @@ namespace nebkaro {
 
 using C = CommandId;
 
-std::vector<ToolButton> ToolBar(const CommandRegistry& commands) {
+std::vector<ToolButton> toolBarButtons(const CommandRegistry& commands) {
     std::vector<ToolButton> buttons;
     for (const Command* c : commands.all())
         if (c->tool)
@@ -129,18 +129,18 @@ std::vector<MenuItem> buildMenuBar() {
 
 } // namespace
 
-const std::vector<MenuItem>& MenuBar() {
+const std::vector<MenuItem>& menuBarItems() {
     static const std::vector<MenuItem> bar = buildMenuBar();
     return bar;
 }
 
-std::string CurrentCaption(const App& app, CommandId id, const std::string& caption) {
+std::string currentCaption(const App& app, CommandId id, const std::string& caption) {
     if (id == C::Undo && app.history.canUndo()) return "&Undo " + app.history.undoName();
     if (id == C::Redo && app.history.canRedo()) return "&Redo " + app.history.redoName();
     return caption;
 }
 
-const MenuItem& PopupMenu() {
+const MenuItem& popupMenuItems() {
     static const MenuItem popup =
         menu("mnuFieldEdit", "FieldEdit",
              {
@@ -155,7 +155,7 @@ const MenuItem& PopupMenu() {
     return popup;
 }
 
-const std::vector<ViewButton>& WordViewButtons() {
+const std::vector<ViewButton>& wordViewButtons() {
     static const std::vector<ViewButton> buttons = {
         {"NewCmd", "New", "Create New Word", C::NewWord},
         {"cmdEdit", "Edit", "Edit current word", C::EditWord},
@@ -186,7 +186,7 @@ const std::vector<ViewButton>& WordViewButtons() {
     return buttons;
 }
 
-std::vector<Shortcut> Shortcuts(const CommandRegistry& commands) {
+std::vector<Shortcut> allShortcuts(const CommandRegistry& commands) {
     std::vector<Shortcut> out;
     for (const Command* c : commands.all())
         for (const Key& k : c->keys) out.push_back({k.keys, c->id, k.scope});

@@ -1,7 +1,7 @@
 #pragma once
 // Where the commands are offered: the tool bar, the menu bar, the pop-up menu of the display
 // area, the buttons beside the word and the keys. The window builds its controls from these
-// and runs each through RunCommand; the code, help and keys of a command are its row in the
+// and runs each through executeCommand; the code, help and keys of a command are its row in the
 // registry.
 #include "core/command_registry.h"
 
@@ -22,7 +22,7 @@ struct ToolButton {
     // A freedesktop icon name for the button's picture.
     std::string_view icon;
 };
-std::vector<ToolButton> ToolBar(const CommandRegistry& commands);
+std::vector<ToolButton> toolBarButtons(const CommandRegistry& commands);
 
 // An item of the menu bar or the pop-up menu. A submenu has children and no command.
 struct MenuItem {
@@ -34,12 +34,12 @@ struct MenuItem {
     bool checkable = false;
     std::string toolTip; // none when empty
 };
-const std::vector<MenuItem>& MenuBar();
+const std::vector<MenuItem>& menuBarItems();
 // The caption a menu item shows now: Undo and Redo name the step they take ("&Undo Delete
 // word 12"); every other item its own caption.
-std::string CurrentCaption(const App& app, CommandId id, const std::string& caption);
+std::string currentCaption(const App& app, CommandId id, const std::string& caption);
 // mnuFieldEdit: the pop-up menu of the display area (not shown in the bar).
-const MenuItem& PopupMenu();
+const MenuItem& popupMenuItems();
 
 // The buttons of the word view.
 struct ViewButton {
@@ -48,7 +48,7 @@ struct ViewButton {
     std::string_view toolTip;
     CommandId command;
 };
-const std::vector<ViewButton>& WordViewButtons();
+const std::vector<ViewButton>& wordViewButtons();
 
 // Every key of every command, in the order of the commands.
 struct Shortcut {
@@ -56,6 +56,6 @@ struct Shortcut {
     CommandId command;
     ShortcutScope scope;
 };
-std::vector<Shortcut> Shortcuts(const CommandRegistry& commands);
+std::vector<Shortcut> allShortcuts(const CommandRegistry& commands);
 
 } // namespace nebkaro

@@ -19,15 +19,15 @@ namespace {
 using C = CommandId;
 using S = ShortcutScope;
 
-// A change of direction needs a word to turn; the word is stored by SetDirection.
+// A change of direction needs a word to turn; the word is stored by setDirection.
 void turnWord(App& app, FlipMode mode, bool markEdited) {
     // The word turned is the stored word on show, not a new word that waits to be stored.
-    if (app.store.newWordPending) OfferToStoreWord(app);
-    if (!WordOnShow(app)) {
-        ReportNoWordOnShow(app);
+    if (app.store.newWordPending) offerToStoreWord(app);
+    if (!wordOnShow(app)) {
+        reportNoWordOnShow(app);
         return;
     }
-    SetDirection(app, mode);
+    setDirection(app, mode);
     // Only Word > Flip > Left counts the word as being edited afterwards.
     if (markEdited) app.store.editPending = true;
     app.renderWord(app);
@@ -36,20 +36,20 @@ void turnWord(App& app, FlipMode mode, bool markEdited) {
 // The transliteration box as other programs and printed grammars write it: nTr aA gives
 // nṯr ꜥꜣ.
 void copyTranslitUnicode(App& app) {
-    if (app.view.TransLitTxt.empty()) {
+    if (app.view.transliteration.empty()) {
         app.dialogs.message("The word on show has no transliteration to copy.",
                             "Copy transliteration as Unicode", Buttons::OK, Icon::Exclamation);
         return;
     }
     app.clipboard.clear();
-    app.clipboard.setText(ScholarlyFromPlain(app.view.TransLitTxt));
+    app.clipboard.setText(scholarlyFromPlain(app.view.transliteration));
 }
 
 void merge(App& app) {
     // The word on show is left first, so that storing it is a step of its own.
     app.leaveWord(app);
     UndoStep step(app.history, app.store, "Merge", app.store.lastIndex + 1);
-    MergeCommand(app);
+    mergeCommand(app);
 }
 
 std::vector<Command> fileCommands() {
@@ -58,13 +58,13 @@ std::vector<Command> fileCommands() {
          .name = "NewDictionary",
          .help = "Start a new, empty dictionary",
          .tool = ToolSlot{0, "New Dictionary", "document-new", "NewDic"},
-         .run = NewDictionaryCommand},
+         .run = newDictionaryCommand},
         {.id = C::OpenDictionary,
          .name = "OpenDictionary",
          .help = "Open a dictionary file",
          .keys = {{"Ctrl+O"}},
          .tool = ToolSlot{1, "Open Dictionary", "document-open", "Open"},
-         .run = OpenCommand},
+         .run = openCommand},
         {.id = C::MergeDictionary,
          .name = "MergeDictionary",
          .help = "Add the words of another dictionary file to this one",
@@ -74,12 +74,12 @@ std::vector<Command> fileCommands() {
          .help = "Save the dictionary",
          .keys = {{"Ctrl+S"}},
          .tool = ToolSlot{2, "Save Dictionary", "document-save", "Save"},
-         .run = [](App& a) { SaveDictionary(a); }},
+         .run = [](App& a) { saveDictionary(a); }},
         {.id = C::SaveDictionaryAs,
          .name = "SaveDictionaryAs",
          .help = "Save the dictionary under another name",
          .keys = {{"Ctrl+Shift+S"}},
-         .run = SaveAsCommand},
+         .run = saveAsCommand},
         // Printing is a window of its own; it provides these.
         {.id = C::PrintDictionary,
          .name = "PrintDictionary",
@@ -96,7 +96,7 @@ std::vector<Command> fileCommands() {
          .name = "Quit",
          .help = "End the program",
          .keys = {{"Ctrl+Q"}},
-         .run = [](App& a) { QuitCommand(a); }},
+         .run = [](App& a) { quitCommand(a); }},
     };
 }
 
@@ -106,31 +106,31 @@ std::vector<Command> navigationCommands() {
          .name = "First",
          .help = "Go to the first word",
          .keys = {{"Home", S::DisplayArea}},
-         .run = First},
+         .run = showFirstWord},
         {.id = C::Previous,
          .name = "Previous",
          .help = "Go to the previous word",
          .keys = {{"PgUp"}},
-         .run = Previous},
+         .run = showPreviousWord},
         {.id = C::Next,
          .name = "Next",
          .help = "Go to the next word",
          .keys = {{"PgDown"}},
-         .run = Next},
+         .run = showNextWord},
         {.id = C::Last,
          .name = "Last",
          .help = "Go to the last word",
          .keys = {{"End", S::DisplayArea}},
-         .run = Last},
+         .run = showLastWord},
         {.id = C::Go,
          .name = "Go",
          .help = "Go to the word whose number is typed beside the button",
-         .run = [](App& a) { Go(a, a.view.txtNumber); }},
+         .run = [](App& a) { goToWord(a, a.view.wordNumber); }},
         {.id = C::RandomWord,
          .name = "RandomWord",
          .help = "Show a word chosen at random",
          .tool = ToolSlot{11, "Random Word", "go-jump", "Random"},
-         .run = Random},
+         .run = showRandomWord},
     };
 }
 
@@ -141,46 +141,46 @@ std::vector<Command> wordCommands() {
          .help = "Compose a new word after the last one",
          .keys = {{"Ctrl+N"}},
          .tool = ToolSlot{4, "New Word", "list-add", "New"},
-         .run = [](App& a) { New(a); }},
+         .run = [](App& a) { newWord(a); }},
         {.id = C::InsertWord,
          .name = "InsertWord",
          .help = "Compose a new word before the word on show",
-         .run = Insert},
+         .run = insertWord},
         {.id = C::EditWord,
          .name = "EditWord",
          .help = "Change the signs of the word on show in the composer",
          .tool = ToolSlot{5, "Edit Word", "accessories-text-editor", "Edit"},
-         .run = Edit},
+         .run = editWord},
         {.id = C::StoreWord,
          .name = "StoreWord",
          .help = "Keep the edited texts of the word in the dictionary",
-         .run = StoreCommand},
+         .run = storeCommand},
         {.id = C::DeleteWord,
          .name = "DeleteWord",
          .help = "Delete the word on show",
          .keys = {{"Del", S::DisplayArea}},
          .tool = ToolSlot{7, "Delete Word", "edit-delete", "Delete"},
-         .run = Delete},
+         .run = deleteWord},
         {.id = C::DuplicateWord,
          .name = "DuplicateWord",
          .help = "Add a copy of the word on show",
          .tool = ToolSlot{6, "Duplicate Word", "edit-copy", "Duplicate"},
-         .run = Duplicate},
+         .run = duplicateWord},
         {.id = C::CutWord,
          .name = "CutWord",
          .help = "Copy the word on show and delete it",
          .keys = {{"Ctrl+X", S::DisplayArea}},
-         .run = Cut},
+         .run = cutWord},
         {.id = C::CopyWord,
          .name = "CopyWord",
          .help = "Copy the word on show",
          .keys = {{"Ctrl+C", S::DisplayArea}},
-         .run = Copy},
+         .run = copyWord},
         {.id = C::PasteWord,
          .name = "PasteWord",
          .help = "Insert the copied word before the word on show",
          .keys = {{"Ctrl+V", S::DisplayArea}},
-         .run = Paste},
+         .run = pasteWord},
     };
 }
 
@@ -206,7 +206,7 @@ std::vector<Command> directionCommands() {
         {.id = C::ShowBorders,
          .name = "ShowBorders",
          .help = "Frame every sign of the word",
-         .run = [](App& a) { ToggleShowBorders(a.view); }},
+         .run = [](App& a) { toggleShowBorders(a.view); }},
     };
 }
 
@@ -255,29 +255,29 @@ std::vector<Command> windowCommands() {
          .name = "Undo",
          .help = "Take back the last change to the dictionary",
          .keys = {{"Ctrl+Z"}},
-         .run = UndoCommand,
+         .run = undoCommand,
          .enabled = canUndo},
         {.id = C::Redo,
          .name = "Redo",
          .help = "Make again the change last taken back",
          .keys = {{"Ctrl+Shift+Z"}},
-         .run = RedoCommand,
+         .run = redoCommand,
          .enabled = canRedo},
         {.id = C::ZoomIn,
          .name = "ZoomIn",
          .help = "Draw the word larger",
          .keys = {{"Ctrl++"}, {"Ctrl+="}},
-         .run = ZoomIn},
+         .run = zoomIn},
         {.id = C::ZoomOut,
          .name = "ZoomOut",
          .help = "Draw the word smaller",
          .keys = {{"Ctrl+-"}},
-         .run = ZoomOut},
+         .run = zoomOut},
         {.id = C::ZoomReset,
          .name = "ZoomReset",
          .help = "Draw the word at its actual size",
          .keys = {{"Ctrl+0"}},
-         .run = ZoomReset},
+         .run = zoomReset},
     };
 }
 

@@ -48,17 +48,17 @@ void replaceBlock(std::string& page, std::string_view name, const std::string& b
 
 } // namespace
 
-std::string CommandListHtml(const CommandRegistry& commands) {
+std::string commandListHtml(const CommandRegistry& commands) {
     std::string html = "<table class=\"commands\">\n"
                        "<tr><th>Command</th><th>Menu</th><th>Button</th><th>Tool bar</th>"
                        "<th>Keys</th></tr>\n";
     for (const Command* c : commands.all()) {
         if (c->help.empty()) continue;
         std::vector<std::string> menus, buttons, tools, keys;
-        for (const MenuItem& top : MenuBar()) menuPaths(top, "", c->id, menus);
-        for (const MenuItem& item : PopupMenu().children)
+        for (const MenuItem& top : menuBarItems()) menuPaths(top, "", c->id, menus);
+        for (const MenuItem& item : popupMenuItems().children)
             if (item.command == c->id) menus.push_back("Right click on the word > " + item.caption);
-        for (const ViewButton& b : WordViewButtons())
+        for (const ViewButton& b : wordViewButtons())
             if (b.command == c->id) buttons.emplace_back(b.caption);
         if (c->tool) tools.emplace_back(c->tool->toolTip);
         for (const Key& k : c->keys)
@@ -72,13 +72,13 @@ std::string CommandListHtml(const CommandRegistry& commands) {
     return html + "</table>\n";
 }
 
-std::string LetterCodeHtml() {
+std::string letterCodeHtml() {
     std::string html = "<table class=\"letters\">\n"
                        "<tr><th>Type</th><th>to write</th></tr>\n";
     // Every plain letter the font draws as another letter.
     for (char c = 'A'; c <= 'z'; ++c) {
         if (!std::isalpha(static_cast<unsigned char>(c))) continue;
-        const std::string scholarly = ScholarlyFromPlain(std::string(1, c));
+        const std::string scholarly = scholarlyFromPlain(std::string(1, c));
         if (scholarly == std::string(1, c)) continue;
         html += std::string("<tr><td><code>") + c + "</code></td><td class=\"scholarly\">" +
                 text::escapeHtml(scholarly) + "</td></tr>\n";
@@ -86,10 +86,10 @@ std::string LetterCodeHtml() {
     return html + "</table>\n";
 }
 
-std::string HelpPage(const CommandRegistry& commands, std::string_view page) {
+std::string helpPage(const CommandRegistry& commands, std::string_view page) {
     std::string out(page);
-    replaceBlock(out, "commands", CommandListHtml(commands));
-    replaceBlock(out, "letters", LetterCodeHtml());
+    replaceBlock(out, "commands", commandListHtml(commands));
+    replaceBlock(out, "letters", letterCodeHtml());
     return out;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 // The help page's generated parts: every command with its menu items, buttons and keys, and
-// the plain letters that the Transliteration font draws as scholarly letters. HelpPage takes
+// the plain letters that the Transliteration font draws as scholarly letters. helpPage takes
 // the shipped page and puts them afresh between its markers "<!-- commands -->" ...
 // "<!-- /commands -->" and "<!-- letters -->" ... "<!-- /letters -->"; a page without the
 // markers gets them appended.
@@ -11,8 +11,8 @@
 
 namespace nebkaro {
 
-std::string CommandListHtml(const CommandRegistry& commands);
-std::string LetterCodeHtml();
-std::string HelpPage(const CommandRegistry& commands, std::string_view page);
+std::string commandListHtml(const CommandRegistry& commands);
+std::string letterCodeHtml();
+std::string helpPage(const CommandRegistry& commands, std::string_view page);
 
 } // namespace nebkaro

@@ -12,35 +12,35 @@
 
 namespace nebkaro {
 
-void First(App& app) {
-    OfferToStoreWord(app);
+void showFirstWord(App& app) {
+    offerToStoreWord(app);
     app.store.currentIndex = 0;
     app.renderWord(app);
 }
 
-void Last(App& app) {
-    OfferToStoreWord(app);
+void showLastWord(App& app) {
+    offerToStoreWord(app);
     app.store.currentIndex = app.store.lastIndex;
     app.renderWord(app);
 }
 
-void Next(App& app) {
-    OfferToStoreWord(app);
+void showNextWord(App& app) {
+    offerToStoreWord(app);
     DictionaryStore& store = app.store;
     store.currentIndex += 1;
     if (store.currentIndex > store.lastIndex) store.currentIndex = store.lastIndex;
     app.renderWord(app);
 }
 
-void Previous(App& app) {
-    OfferToStoreWord(app);
+void showPreviousWord(App& app) {
+    offerToStoreWord(app);
     DictionaryStore& store = app.store;
     store.currentIndex -= 1;
     if (store.currentIndex < 0) store.currentIndex = 0;
     app.renderWord(app);
 }
 
-bool Go(App& app, const std::string& text) {
+bool goToWord(App& app, const std::string& text) {
     const DictionaryStore& store = app.store;
     std::int32_t index = 0;
     bool number = true;
@@ -62,25 +62,25 @@ bool Go(App& app, const std::string& text) {
         app.dialogs.message(what + "\r\n" + range, "Go", Buttons::OK, Icon::Exclamation);
         return false;
     }
-    OfferToStoreWord(app);
+    offerToStoreWord(app);
     app.store.currentIndex = index;
     app.renderWord(app);
     return true;
 }
 
-double RandomDraw(std::uint64_t seed) {
+double randomDraw(std::uint64_t seed) {
     std::mt19937_64 generator(seed);
     // The top 53 bits as a fraction: exactly uniform in [0, 1), never 1.
     return static_cast<double>(generator() >> 11) * 0x1.0p-53;
 }
 
-int RandomIndex(int lastIndex, double r) {
+int randomIndex(int lastIndex, double r) {
     int index = static_cast<int>(std::trunc(static_cast<double>(lastIndex) * r));
     if (index > lastIndex) index = lastIndex;
     return index;
 }
 
-std::uint64_t TimeOfDaySeed() {
+std::uint64_t timeOfDaySeed() {
     const auto now = std::chrono::system_clock::now();
     const std::time_t t = std::chrono::system_clock::to_time_t(now);
     std::tm local{};
@@ -95,11 +95,11 @@ std::uint64_t TimeOfDaySeed() {
            static_cast<std::uint64_t>(ms);
 }
 
-void Random(App& app) {
-    OfferToStoreWord(app);
-    const std::uint64_t seed = app.randomSeed ? app.randomSeed() : TimeOfDaySeed();
+void showRandomWord(App& app) {
+    offerToStoreWord(app);
+    const std::uint64_t seed = app.randomSeed ? app.randomSeed() : timeOfDaySeed();
     DictionaryStore& store = app.store;
-    store.currentIndex = RandomIndex(store.lastIndex, RandomDraw(seed));
+    store.currentIndex = randomIndex(store.lastIndex, randomDraw(seed));
     app.renderWord(app);
 }
 

@@ -10,21 +10,21 @@ namespace nebkaro {
 
 struct App;
 
-void First(App& app);
-void Last(App& app);
-void Next(App& app);
-void Previous(App& app);
+void showFirstWord(App& app);
+void showLastWord(App& app);
+void showNextWord(App& app);
+void showPreviousWord(App& app);
 // currentIndex := text as a 32-bit number. Text that is not a number, or a number outside
 // 0..lastIndex, is reported and changes nothing; false then.
-bool Go(App& app, const std::string& text);
-void Random(App& app);
+bool goToWord(App& app, const std::string& text);
+void showRandomWord(App& app);
 
 // A draw in [0, 1) from a generator seeded with seed: the same seed, the same draw.
-double RandomDraw(std::uint64_t seed);
+double randomDraw(std::uint64_t seed);
 // The word Random shows for a draw r: the integer part of lastIndex * r, at most lastIndex.
 // With two words or more it never reaches the last one.
-int RandomIndex(int lastIndex, double r);
+int randomIndex(int lastIndex, double r);
 // Milliseconds since local midnight: the seed Random uses when app.randomSeed is unset.
-std::uint64_t TimeOfDaySeed();
+std::uint64_t timeOfDaySeed();
 
 } // namespace nebkaro

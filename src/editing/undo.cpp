@@ -18,11 +18,11 @@ void takeStep(App& app, bool back) {
 
 } // namespace
 
-void UndoCommand(App& app) {
+void undoCommand(App& app) {
     takeStep(app, true);
 }
 
-void RedoCommand(App& app) {
+void redoCommand(App& app) {
     takeStep(app, false);
 }
 

@@ -10,7 +10,7 @@ struct App;
 // stored, they are the last step, and Undo stops there so that the step it named is not taken
 // back unseen. The word on show afterwards is the one on show before the step (after it, for
 // Redo).
-void UndoCommand(App& app);
-void RedoCommand(App& app);
+void undoCommand(App& app);
+void redoCommand(App& app);
 
 } // namespace nebkaro

@@ -10,7 +10,7 @@
 
 namespace nebkaro {
 
-std::string ClipboardItem(const WordRecord& word) {
+std::string clipboardItem(const WordRecord& word) {
     std::string item;
     for (int f = 0; f < FieldCount; ++f) {
         if (f > 0) item += '|';
@@ -19,7 +19,7 @@ std::string ClipboardItem(const WordRecord& word) {
     return item;
 }
 
-void InsertRow(App& app) {
+void insertRow(App& app) {
     DictionaryStore& store = app.store;
     if (store.lastIndex >= DictionaryStore::MaxWordIndex) throw StoreFull();
     // The row opens after the word on show; from beyond the dictionary, after its last word.
@@ -33,7 +33,7 @@ void InsertRow(App& app) {
     store.currentIndex = after + 1;
 }
 
-void Copy(App& app) {
+void copyWord(App& app) {
     // Whatever happens here, a Cut ends with this Copy.
     struct EndCut {
         bool& pending;
@@ -42,28 +42,28 @@ void Copy(App& app) {
     const bool cutting = app.cutPending;
     EndCut endCut{app.cutPending};
     // What is copied is the word as stored: edits on show are stored first or given up.
-    OfferToStoreWord(app);
-    if (!WordOnShow(app)) {
-        ReportNoWordOnShow(app);
+    offerToStoreWord(app);
+    if (!wordOnShow(app)) {
+        reportNoWordOnShow(app);
         return;
     }
     app.cutIndex = app.store.currentIndex;
     app.clipboard.clear();
-    app.clipboard.setText(ClipboardItem(app.store.row(app.cutIndex)));
+    app.clipboard.setText(clipboardItem(app.store.row(app.cutIndex)));
     if (cutting) {
         UndoStep step(app.history, app.store, "Cut word " + std::to_string(app.cutIndex),
                       app.cutIndex);
-        Delete(app);
+        deleteWord(app);
     }
 }
 
-void Cut(App& app) {
+void cutWord(App& app) {
     app.cutPending = true;
     app.cutIndex = app.store.currentIndex;
-    Copy(app);
+    copyWord(app);
 }
 
-void Paste(App& app) {
+void pasteWord(App& app) {
     std::string item = app.clipboard.text();
     // Text copied from an editor or a spreadsheet usually ends with a line break; it is not
     // part of the comment.
@@ -72,15 +72,15 @@ void Paste(App& app) {
         app.dialogs.message("Nothing to Paste", "", Buttons::OK, Icon::Exclamation);
         return;
     }
-    OfferToStoreWord(app);
+    offerToStoreWord(app);
     DictionaryStore& store = app.store;
     const std::vector<std::string> parts = text::split(item, '|');
     const bool valid = isDirectionLetter(parts[0]);
     const bool complete = parts.size() >= static_cast<std::size_t>(FieldCount);
     const int pasted =
-        DictionaryHasNoWords(store) ? 0 : std::clamp(store.currentIndex, -1, store.lastIndex) + 1;
+        dictionaryHasNoWords(store) ? 0 : std::clamp(store.currentIndex, -1, store.lastIndex) + 1;
     UndoStep step(app.history, store, "Paste word " + std::to_string(pasted), pasted);
-    if (DictionaryHasNoWords(store)) {
+    if (dictionaryHasNoWords(store)) {
         // An empty dictionary has no word to copy after: a word pasted into it is its first
         // word, and an invalid one changes nothing.
         if (!valid) {
@@ -91,7 +91,7 @@ void Paste(App& app) {
         store.lastIndex = 0;
         store.currentIndex = 0;
     } else {
-        InsertRow(app);
+        insertRow(app);
         if (!valid || !complete) {
             // Checked only after the row was opened: the inserted copy stays, and it is the
             // word on show that the next command acts on.
@@ -108,8 +108,8 @@ void Paste(App& app) {
     app.renderWord(app);
 }
 
-void Insert(App& app) {
-    New(app, true);
+void insertWord(App& app) {
+    newWord(app, true);
 }
 
 } // namespace nebkaro

@@ -45,10 +45,10 @@ void showComposedWord(App& app, Library library, Direction direction) {
             image = GlyphImage{};
         }
     }
-    PlaceGlyphGroup(app);
-    DrawWordImage(app);
-    setBox(view, view.GardinerTxt, app.composedGardiner);
-    view.RichGardinerlbl = app.layoutText;
+    placeGlyphGroup(app);
+    drawWordImage(app);
+    setBox(view, view.gardiner, app.composedGardiner);
+    view.richGardiner = app.layoutText;
 }
 
 // The library an edited word will be drawn from once stored: its own, or Extended once that
@@ -59,72 +59,72 @@ Library storedLibrary(const App& app, const std::string& libraryField) {
 
 } // namespace
 
-void InstallEditing(App& app) {
-    app.storeWord = [](App& a) { Store(a); };
-    app.renderWord = [](App& a) { RenderWord(a); };
-    app.wordEdited = [](const App& a) { return WordHasUnsavedEdits(a); };
-    app.leaveWord = [](App& a) { OfferToStoreWord(a); };
+void installEditing(App& app) {
+    app.storeWord = [](App& a) { storeCurrentWord(a); };
+    app.renderWord = [](App& a) { renderWord(a); };
+    app.wordEdited = [](const App& a) { return wordHasUnsavedEdits(a); };
+    app.leaveWord = [](App& a) { offerToStoreWord(a); };
     registerEditingCommands(app.commands);
 }
 
-bool DictionaryHasNoWords(const DictionaryStore& store) {
+bool dictionaryHasNoWords(const DictionaryStore& store) {
     return store.lastIndex < 0 || (store.isEmpty() && store.field(0, FieldDirection).empty());
 }
 
-bool WordOnShow(const App& app) {
+bool wordOnShow(const App& app) {
     const DictionaryStore& store = app.store;
     return store.currentIndex >= 0 && store.currentIndex <= store.lastIndex &&
-           !DictionaryHasNoWords(store);
+           !dictionaryHasNoWords(store);
 }
 
-bool WordHasUnsavedEdits(const App& app) {
+bool wordHasUnsavedEdits(const App& app) {
     const DictionaryStore& store = app.store;
     if (store.newWordPending) return true;
     const WordView& v = app.view;
     // Boxes typed into on an empty dictionary hold a word to keep as much as any other.
-    if (DictionaryHasNoWords(store))
-        return !(v.GardinerTxt.empty() && v.TransLitTxt.empty() && v.MeaningTxt.empty() &&
-                 v.CommentTxt.empty() && v.RichGardinerlbl.empty());
+    if (dictionaryHasNoWords(store))
+        return !(v.gardiner.empty() && v.transliteration.empty() && v.meaning.empty() &&
+                 v.comment.empty() && v.richGardiner.empty());
     if (store.currentIndex < 0 || store.currentIndex > store.lastIndex) return false;
     const WordRecord& word = store.row(store.currentIndex);
-    return v.RichGardinerlbl != word[FieldLayout] || v.GardinerTxt != word[FieldGardiner] ||
-           v.TransLitTxt != word[FieldTranslit] || v.MeaningTxt != word[FieldMeaning] ||
-           v.CommentTxt != word[FieldComment];
+    return v.richGardiner != word[FieldLayout] || v.gardiner != word[FieldGardiner] ||
+           v.transliteration != word[FieldTranslit] || v.meaning != word[FieldMeaning] ||
+           v.comment != word[FieldComment];
 }
 
-void OfferToStoreWord(App& app) {
-    if (WordHasUnsavedEdits(app)) {
+void offerToStoreWord(App& app) {
+    if (wordHasUnsavedEdits(app)) {
         if (app.dialogs.message(StoreWordQuestion, "", Buttons::YesNo, Icon::Question) ==
             Answer::Yes) {
-            Store(app);
+            storeCurrentWord(app);
         } else {
-            DropPendingWord(app);
+            dropPendingWord(app);
             app.store.composeAccepted = false;
             app.renderWord(app);
         }
     }
-    DropPendingWord(app);
+    dropPendingWord(app);
 }
 
-void ReportNoWordOnShow(App& app) {
+void reportNoWordOnShow(App& app) {
     app.dialogs.message("No word of the dictionary is on show.", "", Buttons::OK,
                         Icon::Exclamation);
 }
 
-void DropPendingWord(App& app) {
+void dropPendingWord(App& app) {
     app.store.newWordPending = false;
     app.store.editPending = false;
     // An Insert whose word was given up must not make the next new word replace a word.
     app.insertPending = false;
 }
 
-bool Store(App& app) {
+bool storeCurrentWord(App& app) {
     DictionaryStore& store = app.store;
     int row = store.currentIndex;
     // Texts typed into the view of an empty dictionary become its first word; an empty view
     // there is no word at all.
-    const bool firstWord = !store.newWordPending && DictionaryHasNoWords(store);
-    if (firstWord && !WordHasUnsavedEdits(app)) return false;
+    const bool firstWord = !store.newWordPending && dictionaryHasNoWords(store);
+    if (firstWord && !wordHasUnsavedEdits(app)) return false;
     // The one row written: a new word's row (row 0 of an empty dictionary, else one past the
     // last word), or the row on show.
     const bool newRow = (store.newWordPending || firstWord) &&
@@ -149,11 +149,11 @@ bool Store(App& app) {
     step.rename("Store word " + std::to_string(row));
     if (app.extendedChosen) store.setField(row, FieldLibrary, libraryLetter(Library::Extended));
     const WordView& view = app.view;
-    store.setField(row, FieldLayout, view.RichGardinerlbl);
-    store.setField(row, FieldGardiner, view.GardinerTxt);
-    store.setField(row, FieldTranslit, view.TransLitTxt);
-    store.setField(row, FieldMeaning, view.MeaningTxt);
-    store.setField(row, FieldComment, view.CommentTxt);
+    store.setField(row, FieldLayout, view.richGardiner);
+    store.setField(row, FieldGardiner, view.gardiner);
+    store.setField(row, FieldTranslit, view.transliteration);
+    store.setField(row, FieldMeaning, view.meaning);
+    store.setField(row, FieldComment, view.comment);
     store.newWordPending = false;
     store.editPending = false;
     app.insertPending = false;
@@ -162,22 +162,22 @@ bool Store(App& app) {
     return true;
 }
 
-void StoreCommand(App& app) {
-    if (!app.store.newWordPending && !WordOnShow(app) && !WordHasUnsavedEdits(app)) {
-        ReportNoWordOnShow(app);
+void storeCommand(App& app) {
+    if (!app.store.newWordPending && !wordOnShow(app) && !wordHasUnsavedEdits(app)) {
+        reportNoWordOnShow(app);
         return;
     }
-    if (!Store(app)) return;
+    if (!storeCurrentWord(app)) return;
     // A new word lengthens the dictionary and stands at its end: the bar shows where.
     WordView& view = app.view;
-    view.progressWidth = ProgressWidth(view.geometry.progressContainerWidth, app.store.currentIndex,
+    view.progressWidth = progressWidth(view.geometry.progressContainerWidth, app.store.currentIndex,
                                        app.store.lastIndex);
     app.windows->wordViewChanged();
 }
 
-void New(App& app, bool insert) {
+void newWord(App& app, bool insert) {
     DictionaryStore& store = app.store;
-    OfferToStoreWord(app);
+    offerToStoreWord(app);
     // Set after the question, so that storing the unfinished word cannot use it.
     if (insert) app.insertPending = true;
     store.newWordPending = true;
@@ -190,20 +190,20 @@ void New(App& app, bool insert) {
     const Library library = app.extendedChosen ? Library::Extended : app.settings.library;
     showComposedWord(app, library, app.settings.direction);
     WordView& view = app.view;
-    setBox(view, view.MeaningTxt, "");
-    setBox(view, view.CommentTxt, "");
-    setBox(view, view.TransLitTxt, "");
-    view.txtNumber = std::to_string(store.lastIndex + 1);
+    setBox(view, view.meaning, "");
+    setBox(view, view.comment, "");
+    setBox(view, view.transliteration, "");
+    view.wordNumber = std::to_string(store.lastIndex + 1);
     app.windows->wordViewChanged();
 }
 
-void Edit(App& app) {
+void editWord(App& app) {
     DictionaryStore& store = app.store;
     // A new word on show is left for the stored one; texts typed into the word on show stay
     // in its boxes while its signs are recomposed.
-    if (store.newWordPending) OfferToStoreWord(app);
-    if (!WordOnShow(app)) {
-        ReportNoWordOnShow(app);
+    if (store.newWordPending) offerToStoreWord(app);
+    if (!wordOnShow(app)) {
+        reportNoWordOnShow(app);
         return;
     }
     store.newWordPending = false;
@@ -216,12 +216,12 @@ void Edit(App& app) {
     app.windows->wordViewChanged();
 }
 
-void Delete(App& app) {
+void deleteWord(App& app) {
     DictionaryStore& store = app.store;
     // The word to delete must be the one on show, not a new word that waits to be stored.
-    if (store.newWordPending) OfferToStoreWord(app);
-    if (!WordOnShow(app)) {
-        ReportNoWordOnShow(app);
+    if (store.newWordPending) offerToStoreWord(app);
+    if (!wordOnShow(app)) {
+        reportNoWordOnShow(app);
         return;
     }
     if (!app.cutPending &&
@@ -245,17 +245,17 @@ void Delete(App& app) {
     store.isChanged = true;
 }
 
-void Duplicate(App& app) {
+void duplicateWord(App& app) {
     // The copy is of the word as stored: edits on show are stored first or given up.
-    OfferToStoreWord(app);
-    if (!WordOnShow(app)) {
-        ReportNoWordOnShow(app);
+    offerToStoreWord(app);
+    if (!wordOnShow(app)) {
+        reportNoWordOnShow(app);
         return;
     }
     DictionaryStore& store = app.store;
     UndoStep step(app.history, store, "Duplicate word " + std::to_string(store.currentIndex),
                   store.currentIndex);
-    InsertRow(app);
+    insertRow(app);
     store.setRow(store.currentIndex, store.row(store.currentIndex - 1));
     store.isChanged = true;
     app.renderWord(app);

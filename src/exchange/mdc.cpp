@@ -43,7 +43,7 @@ std::vector<std::vector<Box>> overlapRuns(std::vector<Box> boxes, Lo lo, Hi hi) 
 
 } // namespace
 
-std::string MdcOfSigns(const std::vector<PlacedSign>& signs, bool leftToRight) {
+std::string mdcOfSigns(const std::vector<PlacedSign>& signs, bool leftToRight) {
     std::vector<Box> boxes;
     for (const PlacedSign& s : signs) {
         if (s.code.empty()) continue;
@@ -75,9 +75,9 @@ std::string MdcOfSigns(const std::vector<PlacedSign>& signs, bool leftToRight) {
     return out;
 }
 
-std::vector<PlacedSign> PlacedSignsOfRecord(SignPictures& pictures, const WordRecord& word) {
+std::vector<PlacedSign> placedSignsOfRecord(SignPictures& pictures, const WordRecord& word) {
     GlyphTable table;
-    ParseLayoutString(word[FieldLayout], table);
+    parseLayoutString(word[FieldLayout], table);
     const Library library = libraryOfLetter(word[FieldLibrary]);
     const Direction direction = directionOfLetter(word[FieldDirection]);
     std::vector<PlacedSign> out;
@@ -90,13 +90,13 @@ std::vector<PlacedSign> PlacedSignsOfRecord(SignPictures& pictures, const WordRe
     return out;
 }
 
-std::string MdcOfRecord(SignPictures& pictures, const WordRecord& word) {
-    return MdcOfSigns(PlacedSignsOfRecord(pictures, word),
+std::string mdcOfRecord(SignPictures& pictures, const WordRecord& word) {
+    return mdcOfSigns(placedSignsOfRecord(pictures, word),
                       directionOfLetter(word[FieldDirection]) == Direction::Left);
 }
 
-std::string MdcOfWordOnShow(const App& app) {
-    return MdcOfSigns(PlacedSigns(app.glyphs, app.view.mainGlyphPic), WordOnShowFacesLeft(app));
+std::string mdcOfWordOnShow(const App& app) {
+    return mdcOfSigns(placedSigns(app.glyphs, app.view.mainGlyphPic), wordOnShowFacesLeft(app));
 }
 
 } // namespace nebkaro

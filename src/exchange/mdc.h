@@ -19,14 +19,14 @@ struct App;
 // reads back the same. A group of one row is written as single signs joined by "-" (side by
 // side in one row looks the same as one group after another). leftToRight: signs facing left
 // are read from the left.
-std::string MdcOfSigns(const std::vector<PlacedSign>& signs, bool leftToRight);
+std::string mdcOfSigns(const std::vector<PlacedSign>& signs, bool leftToRight);
 
 // The signs of a stored word with the sizes of their pictures. Throws RunError when the
 // layout string cannot be read.
-std::vector<PlacedSign> PlacedSignsOfRecord(SignPictures& pictures, const WordRecord& word);
-std::string MdcOfRecord(SignPictures& pictures, const WordRecord& word);
+std::vector<PlacedSign> placedSignsOfRecord(SignPictures& pictures, const WordRecord& word);
+std::string mdcOfRecord(SignPictures& pictures, const WordRecord& word);
 
 // The word on show, as Copy as MdC puts it on the clipboard.
-std::string MdcOfWordOnShow(const App& app);
+std::string mdcOfWordOnShow(const App& app);
 
 } // namespace nebkaro

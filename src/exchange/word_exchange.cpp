@@ -60,7 +60,7 @@ NotationReading readNotation(const SignLists& lists, const std::string& mdc) {
             return r;
         }
     }
-    const CodeLine line = TokenizeCodeLine(mdc);
+    const CodeLine line = tokenizeCodeLine(mdc);
     if (line.tokens.empty()) {
         r.problem = "there is no sign";
         return r;
@@ -78,7 +78,7 @@ NotationReading readNotation(const SignLists& lists, const std::string& mdc) {
             sign.code = token;
             sign.entry = lists.findSign(token);
         } else {
-            const TokenResolution t = ResolveToken(lists, token);
+            const TokenResolution t = resolveToken(lists, token);
             if (t.outcome == TokenResolution::Outcome::PhoneticNotFound) {
                 r.problem = token + " was not found";
                 return r;
@@ -104,7 +104,7 @@ std::string wordKey(const std::string& gardiner, const std::string& translit,
 // The dictionary's words as keys, so that an import adds no word twice.
 std::set<std::string> knownWords(const App& app) {
     std::set<std::string> known;
-    for (int w : AllWords(app)) {
+    for (int w : allWords(app)) {
         const WordRecord& r = app.store.row(w);
         known.insert(wordKey(r[FieldGardiner], r[FieldTranslit], r[FieldMeaning], r[FieldComment]));
     }
@@ -150,24 +150,24 @@ bool composeNewWord(App& app, const std::vector<Composer::NamedSign>& signs) {
     app.layoutText.clear();
     app.composedGardiner.clear();
     Composer composer(app);
-    composer.Load();
-    composer.ArrangeSigns(signs);
+    composer.open();
+    composer.arrangeSigns(signs);
     // One sign is a word too.
-    composer.LastGlyph = std::max(composer.LastGlyph, 1);
-    composer.OK();
+    composer.firstFreeSlot = std::max(composer.firstFreeSlot, 1);
+    composer.accept();
     return app.store.composeAccepted;
 }
 
 } // namespace
 
-std::vector<int> AllWords(const App& app) {
+std::vector<int> allWords(const App& app) {
     std::vector<int> words;
     if (app.store.isEmpty()) return words;
     for (int w = 0; w <= app.store.lastIndex; ++w) words.push_back(w);
     return words;
 }
 
-ExportText ExportTsv(App& app, const std::vector<int>& words) {
+ExportText exportTsv(App& app, const std::vector<int>& words) {
     ExportText out;
     out.text = "Hieroglyphs\tTransliteration\tGardiner\tMeaning\tComment\r\n";
     print::CachedSignPictures pictures(app.pictures);
@@ -176,7 +176,7 @@ ExportText ExportTsv(App& app, const std::vector<int>& words) {
         std::string glyphs;
         try {
             const UnicodeWord u =
-                UnicodeText(PlacedSignsOfRecord(pictures, word),
+                unicodeText(placedSignsOfRecord(pictures, word),
                             directionOfLetter(word[FieldDirection]) == Direction::Left);
             glyphs = text::toUtf8(u.text);
             if (!u.missing.empty())
@@ -184,21 +184,21 @@ ExportText ExportTsv(App& app, const std::vector<int>& words) {
         } catch (const RunError&) {
             out.problems.push_back(wordLabel(w) + ": its layout cannot be read");
         }
-        out.text += tsvField(glyphs) + '\t' + tsvField(ScholarlyFromPlain(word[FieldTranslit])) +
+        out.text += tsvField(glyphs) + '\t' + tsvField(scholarlyFromPlain(word[FieldTranslit])) +
                     '\t' + tsvField(word[FieldGardiner]) + '\t' + tsvField(word[FieldMeaning]) +
                     '\t' + tsvField(word[FieldComment]) + "\r\n";
     }
     return out;
 }
 
-ExportText ExportMdcLines(App& app, const std::vector<int>& words) {
+ExportText exportMdcLines(App& app, const std::vector<int>& words) {
     ExportText out;
     print::CachedSignPictures pictures(app.pictures);
     for (int w : words) {
         const WordRecord& word = app.store.row(w);
         std::string mdc;
         try {
-            mdc = MdcOfRecord(pictures, word);
+            mdc = mdcOfRecord(pictures, word);
         } catch (const RunError&) {
         }
         if (mdc.empty()) {
@@ -212,7 +212,7 @@ ExportText ExportMdcLines(App& app, const std::vector<int>& words) {
     return out;
 }
 
-ImportReport ImportMdcLines(App& app, const std::string& text) {
+ImportReport importMdcLines(App& app, const std::string& text) {
     ImportReport report;
     DictionaryStore& store = app.store;
     std::set<std::string> known = knownWords(app);
@@ -253,7 +253,7 @@ ImportReport ImportMdcLines(App& app, const std::string& text) {
             refuse(notation.problem);
             continue;
         }
-        const std::string translit = PlainFromScholarly(fields[1]);
+        const std::string translit = plainFromScholarly(fields[1]);
         const std::string comment = fields.size() == 4 ? fields[3] : "";
 
         if (!composeNewWord(app, notation.signs)) {
@@ -285,7 +285,7 @@ ImportReport ImportMdcLines(App& app, const std::string& text) {
     return report;
 }
 
-std::string ImportReportText(const ImportReport& report) {
+std::string importReportText(const ImportReport& report) {
     std::string out = report.added == 1 ? "1 word was added."
                                         : std::to_string(report.added) + " words were added.";
     if (!report.refused.empty()) {

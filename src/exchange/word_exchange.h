@@ -9,7 +9,7 @@ namespace nebkaro {
 struct App;
 
 // The words to write: every word of the dictionary, or a list (the Find All results).
-std::vector<int> AllWords(const App& app);
+std::vector<int> allWords(const App& app);
 
 struct ExportText {
     std::string text;
@@ -21,12 +21,12 @@ struct ExportText {
 // that stack and join them, the transliteration in scholarly letters, the Gardiner notation,
 // the meaning and the comment. A value holding a tab, a line break or a double quote is put
 // in double quotes, its quotes doubled, as spreadsheet programs read it.
-ExportText ExportTsv(App& app, const std::vector<int>& words);
+ExportText exportTsv(App& app, const std::vector<int>& words);
 
 // One line per word, "MdC TAB transliteration TAB meaning TAB comment", the transliteration
 // in the plain letters the notation uses; what Import reads. Tabs and line breaks inside a
 // value become blanks.
-ExportText ExportMdcLines(App& app, const std::vector<int>& words);
+ExportText exportMdcLines(App& app, const std::vector<int>& words);
 
 struct ImportReport {
     int added = 0;
@@ -42,9 +42,9 @@ struct ImportReport {
 // or when the dictionary already has the same word or is full. Blank lines are skipped.
 // Scholarly letters in the transliteration are stored as plain letters. The word on show
 // stays the word on show.
-ImportReport ImportMdcLines(App& app, const std::string& text);
+ImportReport importMdcLines(App& app, const std::string& text);
 
 // The report as the user reads it: how many words were added, then the refused lines.
-std::string ImportReportText(const ImportReport& report);
+std::string importReportText(const ImportReport& report);
 
 } // namespace nebkaro

@@ -28,7 +28,7 @@ namespace {
 
 WordPicture pictureOf(SignPictures& pictures, const WordRecord& word) {
     try {
-        return print::PictureOfRecord(pictures, word);
+        return print::pictureOfRecord(pictures, word);
     } catch (const RunError&) {
         // A layout that cannot be read shows as the bare margin rather than stopping the export.
         return {};
@@ -90,12 +90,12 @@ std::string wordSvg(const WordPicture& picture, SignDefinitions& defs) {
 
 } // namespace
 
-std::string DeckName(const std::string& dictionaryName) {
+std::string deckName(const std::string& dictionaryName) {
     const std::string stem = std::filesystem::path(dictionaryName).stem().string();
     return stem.empty() ? std::string("Nebkaro") : stem;
 }
 
-std::string ExportHtml(App& app, const std::vector<int>& words, const std::string& title) {
+std::string exportHtml(App& app, const std::vector<int>& words, const std::string& title) {
     print::CachedSignPictures pictures(app.pictures);
     SignDefinitions defs;
     std::string rows;
@@ -103,7 +103,7 @@ std::string ExportHtml(App& app, const std::vector<int>& words, const std::strin
         const WordRecord& word = app.store.row(w);
         rows += "<tr><td class=\"n\">" + std::to_string(w) + "</td><td class=\"pic\">" +
                 wordSvg(pictureOf(pictures, word), defs) + "</td><td class=\"tr\">" +
-                text::escapeHtml(ScholarlyFromPlain(word[FieldTranslit])) + "</td><td>" +
+                text::escapeHtml(scholarlyFromPlain(word[FieldTranslit])) + "</td><td>" +
                 text::escapeHtml(word[FieldMeaning]) + "</td><td class=\"gard\">" +
                 text::escapeHtml(word[FieldGardiner]) + "</td><td>" +
                 text::escapeHtml(word[FieldComment]) + "</td></tr>\n";
@@ -334,13 +334,13 @@ std::string noteGuid(const std::string& deckName, const WordRecord& word) {
 }
 
 QByteArray pictureAt2x(const WordPicture& picture) {
-    const QImage one = WordPictureImage(picture);
+    const QImage one = wordPictureImage(picture);
     QImage two(one.size() * 2, QImage::Format_RGB32);
     two.fill(Qt::white);
     QPainter painter(&two);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.scale(2, 2);
-    PaintWordPicture(painter, picture);
+    paintWordPicture(painter, picture);
     painter.end();
     QByteArray png;
     QBuffer buffer(&png);
@@ -396,7 +396,7 @@ private:
 
 } // namespace
 
-std::string ExportFlashCards(App& app, const std::vector<int>& words, const std::string& deckName,
+std::string exportFlashCards(App& app, const std::vector<int>& words, const std::string& deckName,
                              std::int64_t nowMs) {
     const qint64 seconds = nowMs / 1000;
     const qint64 deckId = nowMs;
@@ -442,7 +442,7 @@ std::string ExportFlashCards(App& app, const std::vector<int>& words, const std:
         zip.add(mediaKey, pictureAt2x(pictureOf(pictures, word)).toStdString());
         media.insert(QString::fromStdString(mediaKey), QString::fromStdString(mediaName));
 
-        const std::string translit = text::escapeHtml(ScholarlyFromPlain(word[FieldTranslit]));
+        const std::string translit = text::escapeHtml(scholarlyFromPlain(word[FieldTranslit]));
         const std::string fields = translit + '\x1f' + "<img src=\"" + mediaName + "\">" + '\x1f' +
                                    text::escapeHtml(word[FieldMeaning]) + '\x1f' +
                                    text::escapeHtml(word[FieldComment]) + '\x1f' +

@@ -14,7 +14,7 @@ struct App;
 // once and reused; browsers cannot yet lay out the Unicode format controls, so the page
 // has no Unicode hieroglyphs), its transliteration in scholarly letters, meaning, Gardiner
 // notation and comment.
-std::string ExportHtml(App& app, const std::vector<int>& words, const std::string& title);
+std::string exportHtml(App& app, const std::vector<int>& words, const std::string& title);
 
 // An Anki package (.apkg): a zip holding the SQLite collection ("collection.anki2"), the
 // media map ("media") and one PNG per word, named by its number in the map. One note per
@@ -22,10 +22,10 @@ std::string ExportHtml(App& app, const std::vector<int>& words, const std::strin
 // (picture to meaning, meaning to picture), in a deck named deckName. nowMs, milliseconds
 // since 1970, makes the identifiers; the same words and nowMs give the same notes and cards.
 // Throws RunError PathFileAccess when the collection or the zip cannot be made.
-std::string ExportFlashCards(App& app, const std::vector<int>& words, const std::string& deckName,
+std::string exportFlashCards(App& app, const std::vector<int>& words, const std::string& deckName,
                              std::int64_t nowMs);
 
 // The deck name for a dictionary file name: the name without its extension.
-std::string DeckName(const std::string& dictionaryName);
+std::string deckName(const std::string& dictionaryName);
 
 } // namespace nebkaro

@@ -248,7 +248,7 @@ struct PrintDocument::Impl {
         const double titleLine = QFontMetricsF(fonts.title).lineSpacing();
         headerLine = std::max(titleLine, QFontMetricsF(fonts.header).lineSpacing());
         footerLine = QFontMetricsF(fonts.header).lineSpacing();
-        frame = FramePage(options, static_cast<int>(std::ceil(headerLine)) + HeaderGap,
+        frame = framePage(options, static_cast<int>(std::ceil(headerLine)) + HeaderGap,
                           static_cast<int>(std::ceil(footerLine)) + HeaderGap);
         numberGutter = 0;
         if (options.fields.number) {
@@ -276,7 +276,7 @@ struct PrintDocument::Impl {
         if (!frame.usable() || !options.fields.any()) return;
         heights.reserve(words.size());
         for (const PrintWord& w : words) heights.push_back(layoutBlock(w).height);
-        pages = Paginate(heights, frame.columns, frame.columnHeight, gap);
+        pages = paginate(heights, frame.columns, frame.columnHeight, gap);
     }
 
     const QImage& original(const QString& file) const {
@@ -313,7 +313,7 @@ struct PrintDocument::Impl {
             const QRectF r(x + (placed.x - PictureMargin) * s, y + (placed.y - PictureMargin) * s,
                            placed.picture.width * s, placed.picture.height * s);
             // On paper a sign is its outline, sharp at the printer's resolution.
-            if (PaintSignOutline(p, placed.picture, r)) continue;
+            if (paintSignOutline(p, placed.picture, r)) continue;
             QImage img;
             if (placed.picture.ok) {
                 const QSize pixels(std::max(1, static_cast<int>(std::lround(r.width() * kx))),
@@ -363,7 +363,7 @@ struct PrintDocument::Impl {
             previous = index;
         }
         if (placements.empty()) return {};
-        return PageWordsText(words[static_cast<std::size_t>(placements.front().item)].index,
+        return pageWordsText(words[static_cast<std::size_t>(placements.front().item)].index,
                              previous);
     }
 
@@ -395,7 +395,7 @@ struct PrintDocument::Impl {
         p.setPen(Grey);
         const int total = showTotal ? firstNumber - 1 + static_cast<int>(pages.size()) : 0;
         p.drawText(QRectF(frame.left, frame.bottom - footerLine, width, footerLine),
-                   Qt::AlignHCenter | Qt::AlignVCenter, qs(PageFooter(firstNumber + page, total)));
+                   Qt::AlignHCenter | Qt::AlignVCenter, qs(pageFooter(firstNumber + page, total)));
 
         // The words, each clipped to its column so that one too big for it stays there.
         for (std::size_t i = 0; i < placements.size(); ++i) {

@@ -50,7 +50,7 @@ int printResolution(int quality) {
     return 150;
 }
 
-PageFrame FramePage(const PrintOptions& options, int headerBand, int footerBand) {
+PageFrame framePage(const PrintOptions& options, int headerBand, int footerBand) {
     const PaperSize paper = paperSize(options.paper);
     PageFrame f;
     f.pageWidth = options.landscape ? paper.height : paper.width;
@@ -67,7 +67,7 @@ PageFrame FramePage(const PrintOptions& options, int headerBand, int footerBand)
     return f;
 }
 
-std::vector<Page> Paginate(const std::vector<int>& heights, int columns, int columnHeight,
+std::vector<Page> paginate(const std::vector<int>& heights, int columns, int columnHeight,
                            int gap) {
     std::vector<Page> pages;
     columns = std::max(columns, 1);
@@ -94,7 +94,7 @@ std::vector<Page> Paginate(const std::vector<int>& heights, int columns, int col
     return pages;
 }
 
-std::vector<int> WordsInRange(const PrintRange& range, const DictionaryStore& store) {
+std::vector<int> wordsInRange(const PrintRange& range, const DictionaryStore& store) {
     std::vector<int> words;
     if (store.isEmpty()) return words;
     const int last = store.lastIndex;
@@ -118,7 +118,7 @@ std::vector<int> WordsInRange(const PrintRange& range, const DictionaryStore& st
     return words;
 }
 
-std::pair<int, int> PagesInRange(const PrintRange& range, int pageCount) {
+std::pair<int, int> pagesInRange(const PrintRange& range, int pageCount) {
     if (pageCount <= 0) return {0, -1};
     if (range.kind != RangeKind::Pages) return {0, pageCount - 1};
     const int first = std::clamp(std::min(range.from, range.to), 1, pageCount);
@@ -126,7 +126,7 @@ std::pair<int, int> PagesInRange(const PrintRange& range, int pageCount) {
     return {first - 1, last - 1};
 }
 
-std::string DocumentTitle(const DictionaryHeader& header, const std::string& dictionaryName) {
+std::string documentTitle(const DictionaryHeader& header, const std::string& dictionaryName) {
     const std::string name = text::trim(header[0]);
     if (!name.empty()) return name;
     const std::size_t dot = dictionaryName.rfind('.');
@@ -134,13 +134,13 @@ std::string DocumentTitle(const DictionaryHeader& header, const std::string& dic
     return dictionaryName.substr(0, dot);
 }
 
-std::string PageFooter(int pageNumber, int pageCount) {
+std::string pageFooter(int pageNumber, int pageCount) {
     std::string s = "Page " + std::to_string(pageNumber);
     if (pageCount > 0) s += " of " + std::to_string(pageCount);
     return s;
 }
 
-std::string PageWordsText(int firstNumber, int lastNumber) {
+std::string pageWordsText(int firstNumber, int lastNumber) {
     if (firstNumber < 0) return {};
     if (firstNumber == lastNumber) return "Word " + std::to_string(firstNumber);
     return "Words " + std::to_string(firstNumber) + "\u2013" + std::to_string(lastNumber);

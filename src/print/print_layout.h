@@ -102,7 +102,7 @@ constexpr int ColumnGutter = 360;
 
 // Paper, orientation, margins and columns of the options, with bands of the given heights
 // (text and the space that parts it from the words) kept for the header and the footer.
-PageFrame FramePage(const PrintOptions& options, int headerBand, int footerBand);
+PageFrame framePage(const PrintOptions& options, int headerBand, int footerBand);
 
 // A word placed on a page: which one (its position in the list laid out), the column, and
 // its top relative to the column's top.
@@ -118,25 +118,25 @@ using Page = std::vector<Placement>;
 // column takes words while they fit, with gap between two words; the next word starts the
 // next column, and after the last column a new page. A word is never split; one taller than
 // a column stands alone in its column. No words give no pages.
-std::vector<Page> Paginate(const std::vector<int>& heights, int columns, int columnHeight, int gap);
+std::vector<Page> paginate(const std::vector<int>& heights, int columns, int columnHeight, int gap);
 
 // The words a range lays out, as word indices in order: the current word, words from-to
 // (clamped to the dictionary, either order), or every word (whole dictionary and pages, whose
 // pages are picked after laying out). An empty dictionary has none.
-std::vector<int> WordsInRange(const PrintRange& range, const DictionaryStore& store);
+std::vector<int> wordsInRange(const PrintRange& range, const DictionaryStore& store);
 
 // The pages a range prints out of pageCount laid out, 0-based and inclusive; first > last
 // when there is none. Pages from-to are clamped and may be given in either order; every other
 // range prints every page.
-std::pair<int, int> PagesInRange(const PrintRange& range, int pageCount);
+std::pair<int, int> pagesInRange(const PrintRange& range, int pageCount);
 
 // The header's title: the dictionary's name as its information dialog holds it (header value
 // 0), or its file name without the extension.
-std::string DocumentTitle(const DictionaryHeader& header, const std::string& dictionaryName);
+std::string documentTitle(const DictionaryHeader& header, const std::string& dictionaryName);
 // "Page 3 of 12"; "Page 3" when pageCount is 0 (a sheet of the collected page).
-std::string PageFooter(int pageNumber, int pageCount);
+std::string pageFooter(int pageNumber, int pageCount);
 // The header's guide to the words on a page: "Word 7", "Words 3–17"; empty when firstNumber
 // is negative (no words).
-std::string PageWordsText(int firstNumber, int lastNumber);
+std::string pageWordsText(int firstNumber, int lastNumber);
 
 } // namespace nebkaro::print

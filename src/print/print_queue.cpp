@@ -4,18 +4,18 @@
 
 namespace nebkaro::print {
 
-std::string WaitingStatusText(int waiting) {
+std::string waitingStatusText(int waiting) {
     if (waiting <= 0) return {};
     if (waiting == 1) return "1 word waits to be printed (Form Feed prints the page)";
     return std::to_string(waiting) + " words wait to be printed (Form Feed prints the page)";
 }
 
-bool SheetFullWith(const std::vector<int>& heightsWithNew, int columns, int columnHeight, int gap) {
+bool sheetFullWith(const std::vector<int>& heightsWithNew, int columns, int columnHeight, int gap) {
     if (heightsWithNew.size() < 2) return false;
-    return Paginate(heightsWithNew, columns, columnHeight, gap).size() > 1;
+    return paginate(heightsWithNew, columns, columnHeight, gap).size() > 1;
 }
 
-std::string WaitingWordsQuestion(int waiting) {
+std::string waitingWordsQuestion(int waiting) {
     if (waiting == 1)
         return "1 word waits to be printed on the page being collected.\n"
                "Do you want to print it before quitting?";
@@ -23,9 +23,9 @@ std::string WaitingWordsQuestion(int waiting) {
                                      "Do you want to print them before quitting?";
 }
 
-WaitingWordsChoice AskAboutWaitingWords(Dialogs& dialogs, int waiting) {
+WaitingWordsChoice askAboutWaitingWords(Dialogs& dialogs, int waiting) {
     if (waiting <= 0) return WaitingWordsChoice::NothingWaiting;
-    switch (dialogs.message(WaitingWordsQuestion(waiting), "Quitting", Buttons::YesNoCancel,
+    switch (dialogs.message(waitingWordsQuestion(waiting), "Quitting", Buttons::YesNoCancel,
                             Icon::Question)) {
     case Answer::Yes:
         return WaitingWordsChoice::Print;

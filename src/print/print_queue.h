@@ -37,18 +37,18 @@ private:
 };
 
 // The status bar's line for the words waiting; empty when none waits.
-std::string WaitingStatusText(int waiting);
+std::string waitingStatusText(int waiting);
 
 // Whether the sheet must go out before a word is added: the waiting words and the new one
 // (heights in that order) would not fit on one page. An empty sheet never needs feeding, even
 // for a word too tall for it.
-bool SheetFullWith(const std::vector<int>& heightsWithNew, int columns, int columnHeight, int gap);
+bool sheetFullWith(const std::vector<int>& heightsWithNew, int columns, int columnHeight, int gap);
 
 enum class WaitingWordsChoice { NothingWaiting, Print, Discard, Cancel };
 
 // Quitting with words waiting on the page being collected: asks whether to print them first
 // (Yes, No, Cancel). No question when nothing waits.
-WaitingWordsChoice AskAboutWaitingWords(Dialogs& dialogs, int waiting);
-std::string WaitingWordsQuestion(int waiting);
+WaitingWordsChoice askAboutWaitingWords(Dialogs& dialogs, int waiting);
+std::string waitingWordsQuestion(int waiting);
 
 } // namespace nebkaro::print

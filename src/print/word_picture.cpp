@@ -14,9 +14,9 @@ namespace {
 constexpr int PictureMargin = 32;
 }
 
-WordPicture PictureOfRecord(SignPictures& pictures, const WordRecord& word) {
+WordPicture pictureOfRecord(SignPictures& pictures, const WordRecord& word) {
     GlyphTable table;
-    ParseLayoutString(word[FieldLayout], table);
+    parseLayoutString(word[FieldLayout], table);
     const Library library = libraryOfLetter(word[FieldLibrary]);
     const Direction direction = directionOfLetter(word[FieldDirection]);
     WordPicture pic;
@@ -45,8 +45,8 @@ WordPicture PictureOfRecord(SignPictures& pictures, const WordRecord& word) {
     return pic;
 }
 
-WordPicture PictureOfWord(App& app, int index) {
-    return PictureOfRecord(app.pictures, app.store.row(index));
+WordPicture pictureOfWord(App& app, int index) {
+    return pictureOfRecord(app.pictures, app.store.row(index));
 }
 
 SignPicture CachedSignPictures::picture(Library library, Direction direction,
@@ -58,23 +58,23 @@ SignPicture CachedSignPictures::picture(Library library, Direction direction,
     return it->second;
 }
 
-PrintWord MakePrintWord(SignPictures& pictures, int index, const WordRecord& word) {
+PrintWord makePrintWord(SignPictures& pictures, int index, const WordRecord& word) {
     PrintWord w;
     w.index = index;
     w.record = word;
     try {
-        w.picture = PictureOfRecord(pictures, word);
+        w.picture = pictureOfRecord(pictures, word);
     } catch (const RunError&) {
         w.picture = WordPicture{};
     }
     return w;
 }
 
-std::vector<PrintWord> CollectWords(App& app, const std::vector<int>& indices) {
+std::vector<PrintWord> collectWords(App& app, const std::vector<int>& indices) {
     CachedSignPictures pictures(app.pictures);
     std::vector<PrintWord> words;
     words.reserve(indices.size());
-    for (int i : indices) words.push_back(MakePrintWord(pictures, i, app.store.row(i)));
+    for (int i : indices) words.push_back(makePrintWord(pictures, i, app.store.row(i)));
     return words;
 }
 

@@ -21,9 +21,9 @@ namespace nebkaro::print {
 // in slot order. Signs placed left of or above the word's origin move the group right or
 // down so that nothing falls outside the picture. A word without signs is the bare 64 x 64
 // margin. Throws RunError when the layout string cannot be read (as the word view would).
-WordPicture PictureOfRecord(SignPictures& pictures, const WordRecord& word);
+WordPicture pictureOfRecord(SignPictures& pictures, const WordRecord& word);
 // The same for word `index` of the dictionary.
-WordPicture PictureOfWord(App& app, int index);
+WordPicture pictureOfWord(App& app, int index);
 
 // Remembers every picture asked for, so that laying out a whole dictionary reads each sign's
 // file once rather than once per word that uses it.
@@ -47,7 +47,7 @@ struct PrintWord {
 
 // The given words of the dictionary, ready to print. A word whose layout string cannot be
 // read is printed without signs rather than stopping the whole job.
-std::vector<PrintWord> CollectWords(App& app, const std::vector<int>& indices);
-PrintWord MakePrintWord(SignPictures& pictures, int index, const WordRecord& word);
+std::vector<PrintWord> collectWords(App& app, const std::vector<int>& indices);
+PrintWord makePrintWord(SignPictures& pictures, int index, const WordRecord& word);
 
 } // namespace nebkaro::print

@@ -4,24 +4,25 @@
 
 namespace nebkaro {
 
-TransTableState::TransTableState() : Label1(EgyptologicalLetters), Label2(EgyptologicalLetters) {}
+TransTableState::TransTableState()
+    : plainLetters(EgyptologicalLetters), fontLetters(EgyptologicalLetters) {}
 
-void TransTableEgyptological(TransTableState& s) {
-    s.Label1 = s.Label2 = std::string(EgyptologicalLetters);
-    s.mnuEgyptChecked = true;
-    s.mnuLatinChecked = false;
+void transTableEgyptological(TransTableState& s) {
+    s.plainLetters = s.fontLetters = std::string(EgyptologicalLetters);
+    s.egyptChecked = true;
+    s.latinChecked = false;
     s.caption = "Transliteration Table: Egyptological order";
 }
 
-void TransTableAlphabetical(TransTableState& s) {
-    s.Label1 = s.Label2 = std::string(AlphabeticalLetters);
-    s.mnuEgyptChecked = false;
-    s.mnuLatinChecked = true;
+void transTableAlphabetical(TransTableState& s) {
+    s.plainLetters = s.fontLetters = std::string(AlphabeticalLetters);
+    s.egyptChecked = false;
+    s.latinChecked = true;
     // The caption has always been spelled so, and users know the window by it.
     s.caption = "Transliteration Table: Alphabeticalcal order";
 }
 
-int TransTableTop(int mainTop, int mainHeight, int tableHeight) {
+int transTableTop(int mainTop, int mainHeight, int tableHeight) {
     const int top = mainTop - tableHeight;
     return top < 0 ? mainTop + mainHeight : top;
 }

@@ -7,10 +7,10 @@ namespace nebkaro {
 
 struct TransTableState {
     std::string caption = "Transliteration table: Egyptological order";
-    std::string Label1; // plain letters
-    std::string Label2; // the same, shown in the Transliteration font
-    bool mnuEgyptChecked = true;
-    bool mnuLatinChecked = false;
+    std::string plainLetters; // plain letters
+    std::string fontLetters;  // the same, shown in the Transliteration font
+    bool egyptChecked = true;
+    bool latinChecked = false;
     TransTableState();
 };
 
@@ -21,11 +21,11 @@ inline constexpr const char* TransTableNote =
     "o draws q, another way of writing the \u1E33 that q draws.";
 
 // mnuEgypt and mnuLatin.
-void TransTableEgyptological(TransTableState& state);
-void TransTableAlphabetical(TransTableState& state);
+void transTableEgyptological(TransTableState& state);
+void transTableAlphabetical(TransTableState& state);
 
 // Above the main window, or below it when the window is too close to the top: the table's top
 // in twips.
-int TransTableTop(int mainTop, int mainHeight, int tableHeight);
+int transTableTop(int mainTop, int mainHeight, int tableHeight);
 
 } // namespace nebkaro

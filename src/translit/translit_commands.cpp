@@ -19,7 +19,7 @@ void registerTranslitCommands(CommandRegistry& commands) {
     commands.add({.id = C::TransGuess,
                   .name = "TransGuess",
                   .help = "Guess the transliteration from the signs",
-                  .run = TransGuess});
+                  .run = transGuess});
 }
 
 } // namespace nebkaro

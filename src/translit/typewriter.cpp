@@ -5,36 +5,36 @@
 
 namespace nebkaro {
 
-std::vector<std::string> TypewriterKeys(bool alphabetical) {
+std::vector<std::string> typewriterKeys(bool alphabetical) {
     std::string set = "1 2 3 4 5 6 7 8 9 0 ? / . , = ";
     set += alphabetical ? AlphabeticalLetters : EgyptologicalLetters;
     return text::split(set, ' ');
 }
 
-void TypewriterLoad(const App& app, TypewriterState& state) {
+void typewriterLoad(const App& app, TypewriterState& state) {
     state.soundPath = app.home / "system" / "typewriter-key-1.wav";
-    SetTypewriterLayout(state, false);
+    setTypewriterLayout(state, false);
 }
 
-void SetTypewriterLayout(TypewriterState& state, bool alphabetical) {
-    state.keys = TypewriterKeys(alphabetical);
+void setTypewriterLayout(TypewriterState& state, bool alphabetical) {
+    state.keys = typewriterKeys(alphabetical);
     state.alphabetical = alphabetical;
-    state.mnuLatinChecked = alphabetical;
-    state.mnuEgyptChecked = !alphabetical;
+    state.latinChecked = alphabetical;
+    state.egyptChecked = !alphabetical;
     state.caption = alphabetical ? "Typewriter - Alphabetical" : "Typewriter - Egyptological";
 }
 
 namespace {
 
-// The text of the box the typewriter types into: TransLitTxt of the main window, txtSearch of
+// The text of the box the typewriter types into: transliteration of the main window, txtSearch of
 // the Search dialog while it is loaded, or a box the browser or the composer hands over.
 // nullptr when that box does not exist now.
 std::string* targetText(App& app) {
     switch (app.typewriterTarget) {
     case TypewriterTarget::MainTransLit:
-        return &app.view.TransLitTxt;
+        return &app.view.transliteration;
     case TypewriterTarget::SearchText:
-        return app.search.loaded ? &app.search.txtSearch : nullptr;
+        return app.search.loaded ? &app.search.searchText : nullptr;
     case TypewriterTarget::BrowserTrans:
     case TypewriterTarget::ComposerMdC:
         return app.windows->typewriterText(app.typewriterTarget);
@@ -69,15 +69,15 @@ bool append(App& app, std::string_view s) {
 
 } // namespace
 
-bool TypewriterKey(App& app, std::string_view caption) {
+bool typewriterKey(App& app, std::string_view caption) {
     return append(app, caption);
 }
 
-bool TypewriterSpace(App& app) {
+bool typewriterSpace(App& app) {
     return append(app, " ");
 }
 
-bool TypewriterBackspace(App& app) {
+bool typewriterBackspace(App& app) {
     std::string* t = targetText(app);
     if (!t) {
         app.dialogs.beep();
@@ -92,13 +92,13 @@ bool TypewriterBackspace(App& app) {
     return true;
 }
 
-int TypewriterLeftBeside(int callerLeft, int callerWidth, int typewriterWidth, int screenWidth) {
+int typewriterLeftBeside(int callerLeft, int callerWidth, int typewriterWidth, int screenWidth) {
     const int right = callerLeft + callerWidth;
     if (right + typewriterWidth > screenWidth) return callerLeft - typewriterWidth;
     return right;
 }
 
-int TypewriterLeftBesideMain(int mainLeft, int mainWidth, int typewriterWidth) {
+int typewriterLeftBesideMain(int mainLeft, int mainWidth, int typewriterWidth) {
     const int left =
         text::toInt16(static_cast<double>(mainLeft) - static_cast<double>(typewriterWidth));
     if (left >= 0) return left;

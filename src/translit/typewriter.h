@@ -22,40 +22,40 @@ constexpr int TypewriterKeyCount = 42;
 
 // The 42 key captions: the ten digits, "?", "/", ".", ",", "=" and the letters in the order
 // chosen.
-std::vector<std::string> TypewriterKeys(bool alphabetical);
+std::vector<std::string> typewriterKeys(bool alphabetical);
 
 // The typewriter window as data.
 struct TypewriterState {
     std::vector<std::string> keys; // btnKey(0..41) captions
     int lastKey = TypewriterKeyCount - 1;
     bool alphabetical = false;
-    bool mnuLatinChecked = false;
-    bool mnuEgyptChecked = false;
+    bool latinChecked = false;
+    bool egyptChecked = false;
     std::string caption = "Typewriter";
     // A key-click sound that the keys do not play; kept for a future sound option.
     std::filesystem::path soundPath;
 };
 
 // Loading the window: records the sound's path and applies the Egyptological order.
-void TypewriterLoad(const App& app, TypewriterState& state);
+void typewriterLoad(const App& app, TypewriterState& state);
 // Relabels the keys in one order, checks its menu entry and names it in the caption. Text
 // already typed is not touched.
-void SetTypewriterLayout(TypewriterState& state, bool alphabetical);
+void setTypewriterLayout(TypewriterState& state, bool alphabetical);
 
 // The keys act on the end of the target's text, whatever the caret. Each returns false (after
 // a beep) when there is no target box to type into.
-bool TypewriterKey(App& app, std::string_view caption);
-bool TypewriterSpace(App& app);
+bool typewriterKey(App& app, std::string_view caption);
+bool typewriterSpace(App& app);
 // Removes the last character; nothing on an empty text.
-bool TypewriterBackspace(App& app);
+bool typewriterBackspace(App& app);
 
 // Where the typewriter goes beside the Search dialog or the sign browser: directly to the
 // right of the caller, or directly to its left when it would stick out past the screen's
 // right edge. All in twips.
-int TypewriterLeftBeside(int callerLeft, int callerWidth, int typewriterWidth, int screenWidth);
+int typewriterLeftBeside(int callerLeft, int callerWidth, int typewriterWidth, int screenWidth);
 // Where it goes beside the main window: directly to its left, or to its right when that would
 // be off screen. Worked out in 16-bit numbers, as window positions always were here: a
 // position outside -32768..32767 is an Overflow error.
-int TypewriterLeftBesideMain(int mainLeft, int mainWidth, int typewriterWidth);
+int typewriterLeftBesideMain(int mainLeft, int mainWidth, int typewriterWidth);
 
 } // namespace nebkaro

@@ -61,7 +61,7 @@ constexpr std::array<std::pair<char, std::string_view>, 45> Letters{{
 }};
 } // namespace
 
-std::string ScholarlyFromPlain(std::string_view plain) {
+std::string scholarlyFromPlain(std::string_view plain) {
     std::string out;
     out.reserve(plain.size() * 2);
     for (char c : plain) {
@@ -79,7 +79,7 @@ std::string ScholarlyFromPlain(std::string_view plain) {
     return out;
 }
 
-std::string PlainFromScholarly(std::string_view text) {
+std::string plainFromScholarly(std::string_view text) {
     std::string out;
     out.reserve(text.size());
     for (std::size_t i = 0; i < text.size();) {

@@ -17,7 +17,7 @@ class CancelDialog : public QDialog {
 public:
     explicit CancelDialog(App& app, QWidget* parent = nullptr);
 
-    // Windows::showProgress and hideProgress of the program call these.
+    // WindowHost::showProgress and hideProgress of the program call these.
     void showWith(const std::string& text);
 
     void reject() override; // Cancel, Escape and the window's close button

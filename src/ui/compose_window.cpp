@@ -97,17 +97,18 @@ ComposeWindow::ComposeWindow(App& app, QWidget* parent)
 }
 
 void ComposeWindow::buildMenu() {
-    QMenu* mnuLibrary = menuBar()->addMenu("Library");
-    mnuLibrary->setObjectName("mnuLibrary");
-    mnuBasic_ = mnuLibrary->addAction("Basic");
-    mnuBasic_->setObjectName("mnuBasic");
-    mnuBasic_->setCheckable(true);
-    mnuExtended_ = mnuLibrary->addAction("Extended");
-    mnuExtended_->setObjectName("mnuExtended");
-    mnuExtended_->setCheckable(true);
-    connect(mnuBasic_, &QAction::triggered, this, [this] { command([&] { model_.mnuBasic(); }); });
-    connect(mnuExtended_, &QAction::triggered, this,
-            [this] { command([&] { model_.mnuExtended(); }); });
+    QMenu* libraryMenu = menuBar()->addMenu("Library");
+    libraryMenu->setObjectName("mnuLibrary");
+    basicAction_ = libraryMenu->addAction("Basic");
+    basicAction_->setObjectName("mnuBasic");
+    basicAction_->setCheckable(true);
+    extendedAction_ = libraryMenu->addAction("Extended");
+    extendedAction_->setObjectName("mnuExtended");
+    extendedAction_->setCheckable(true);
+    connect(basicAction_, &QAction::triggered, this,
+            [this] { command([&] { model_.basicMenuChosen(); }); });
+    connect(extendedAction_, &QAction::triggered, this,
+            [this] { command([&] { model_.extendedMenuChosen(); }); });
     // The same zoom keys as the word view's.
     const std::pair<const char*, int> zoomKeys[] = {
         {"Ctrl++", 1}, {"Ctrl+=", 1}, {"Ctrl+-", -1}, {"Ctrl+0", 0}};
@@ -131,26 +132,26 @@ void ComposeWindow::buildCanvas() {
 }
 
 void ComposeWindow::buildEntry() {
-    lblMdC_ = new QLabel("MdC:", canvas_);
-    lblMdC_->setObjectName("lblMdC");
-    txtMdC_ = new QLineEdit(canvas_);
-    txtMdC_->setObjectName("txtMdC");
-    txtMdC_->setToolTip("Codes or phonetic values: \"-\" or a blank between groups, \":\" "
-                        "stacks, \"*\" sets side by side");
-    cmdGet_ = new QPushButton("Get", canvas_);
-    cmdGet_->setObjectName("cmdGet");
-    cmdGet_->setToolTip("Place the signs in one row");
-    cmdArrange_ = new QPushButton("Arrange", canvas_);
-    cmdArrange_->setObjectName("cmdArrange");
-    cmdArrange_->setToolTip("Place the signs in groups: \":\" stacks, \"*\" sets side by side, "
-                            "\"-\" starts a new group");
-    connect(cmdGet_, &QPushButton::clicked, this, [this] {
-        command([&] { model_.Get(); });
+    codeLineLabel_ = new QLabel("MdC:", canvas_);
+    codeLineLabel_->setObjectName("lblMdC");
+    codeLineBox_ = new QLineEdit(canvas_);
+    codeLineBox_->setObjectName("txtMdC");
+    codeLineBox_->setToolTip("Codes or phonetic values: \"-\" or a blank between groups, \":\" "
+                             "stacks, \"*\" sets side by side");
+    getButton_ = new QPushButton("Get", canvas_);
+    getButton_->setObjectName("cmdGet");
+    getButton_->setToolTip("Place the signs in one row");
+    arrangeButton_ = new QPushButton("Arrange", canvas_);
+    arrangeButton_->setObjectName("cmdArrange");
+    arrangeButton_->setToolTip("Place the signs in groups: \":\" stacks, \"*\" sets side by side, "
+                               "\"-\" starts a new group");
+    connect(getButton_, &QPushButton::clicked, this, [this] {
+        command([&] { model_.getSigns(); });
         growForSigns();
     });
-    connect(txtMdC_, &QLineEdit::returnPressed, cmdGet_, &QPushButton::click);
-    connect(cmdArrange_, &QPushButton::clicked, this, [this] {
-        command([&] { model_.Arrange(); });
+    connect(codeLineBox_, &QLineEdit::returnPressed, getButton_, &QPushButton::click);
+    connect(arrangeButton_, &QPushButton::clicked, this, [this] {
+        command([&] { model_.arrange(); });
         growForSigns();
     });
 }
@@ -159,23 +160,23 @@ void ComposeWindow::buildLibraryChoice() {
     frame1_ = new QGroupBox("Library", canvas_);
     frame1_->setObjectName("Frame1");
     frame1_->setToolTip("Select Basic or Extended Library");
-    optBasic_ = new QRadioButton("Basic", frame1_);
-    optBasic_->setObjectName("OptBasic");
-    optBasic_->setToolTip("Select Basic Library");
-    optExtended_ = new QRadioButton("Extended", frame1_);
-    optExtended_->setObjectName("OptExtended");
-    optExtended_->setToolTip("Select Extended Library");
-    optBasic_->setGeometry(rectPx(150, 300, 1000, 300));
-    optExtended_->setGeometry(rectPx(1260, 300, 1350, 300));
-    connect(optBasic_, &QRadioButton::clicked, this,
-            [this] { command([&] { model_.OptBasic(); }); });
-    connect(optExtended_, &QRadioButton::clicked, this,
-            [this] { command([&] { model_.OptExtended(); }); });
+    basicOption_ = new QRadioButton("Basic", frame1_);
+    basicOption_->setObjectName("OptBasic");
+    basicOption_->setToolTip("Select Basic Library");
+    extendedOption_ = new QRadioButton("Extended", frame1_);
+    extendedOption_->setObjectName("OptExtended");
+    extendedOption_->setToolTip("Select Extended Library");
+    basicOption_->setGeometry(rectPx(150, 300, 1000, 300));
+    extendedOption_->setGeometry(rectPx(1260, 300, 1350, 300));
+    connect(basicOption_, &QRadioButton::clicked, this,
+            [this] { command([&] { model_.basicOptionClicked(); }); });
+    connect(extendedOption_, &QRadioButton::clicked, this,
+            [this] { command([&] { model_.extendedOptionClicked(); }); });
 
-    cmdDelLast_ = new QPushButton("Delete Last", canvas_);
-    cmdDelLast_->setObjectName("cmdDelLast");
-    connect(cmdDelLast_, &QPushButton::clicked, this,
-            [this] { command([&] { model_.DeleteLast(); }); });
+    delLastButton_ = new QPushButton("Delete Last", canvas_);
+    delLastButton_->setObjectName("cmdDelLast");
+    connect(delLastButton_, &QPushButton::clicked, this,
+            [this] { command([&] { model_.deleteLast(); }); });
 
     debugLbl_ = new QLabel(canvas_);
     debugLbl_->setObjectName("Debuglbl");
@@ -195,36 +196,36 @@ void ComposeWindow::buildSignPictures() {
         pic->setAutoFillBackground(true);
         pic->setAlignment(Qt::AlignCenter);
         pic->setFocusPolicy(Qt::ClickFocus);
-        pic->pressed = [this, i] { model_.ImageClicked(i); };
+        pic->pressed = [this, i] { model_.imageClicked(i); };
         pic->doubleClicked = [this, i] {
             // While the browser is open the composer waits for it: nothing here may change
             // the composition under the choice that is about to come back.
             choosing_ = true;
             setEnabled(false);
-            command([&] { model_.ChooseSign(i); });
+            command([&] { model_.chooseSign(i); });
             setEnabled(true);
             choosing_ = false;
         };
         pic->dropped = [this, i](QPoint at, bool moved) { dropSign(i, at, moved); };
-        pic->keyDown = [this, i](int key) { command([&] { model_.KeyDown(i, key); }); };
+        pic->keyDown = [this, i](int key) { command([&] { model_.keyPressed(i, key); }); };
         glyphPic_[static_cast<std::size_t>(i)] = pic;
     }
 }
 
 void ComposeWindow::dropSign(int i, QPoint at, bool moved) {
     command([&] {
-        const CanvasImage& image = model_.GlyphPic[static_cast<std::size_t>(i)];
+        const CanvasImage& image = model_.images[static_cast<std::size_t>(i)];
         // Released where it was pressed: the place is taken unchanged, half twips
         // included, rather than as the pixel it is drawn on.
         // A sign dropped on the zoomed canvas lands where it would stand at 100 %.
-        const Rect& shp = model_.geometry.ComposeShp;
-        const double k = ClampZoom(app_.settings.wordZoom) / 100.0;
+        const Rect& shp = model_.geometry.canvasFrame;
+        const double k = clampZoom(app_.settings.wordZoom) / 100.0;
         const double cx = shp.left + shp.width / 2.0, cy = shp.top + shp.height / 2.0;
         if (moved)
-            model_.MoveImage(i, static_cast<int>(std::lround(cx + (twips(at.x()) - cx) / k)),
-                             static_cast<int>(std::lround(cy + (twips(at.y()) - cy) / k)));
+            model_.moveSign(i, static_cast<int>(std::lround(cx + (twips(at.x()) - cx) / k)),
+                            static_cast<int>(std::lround(cy + (twips(at.y()) - cy) / k)));
         else
-            model_.MoveImage(i, image.left, image.top);
+            model_.moveSign(i, image.left, image.top);
     });
 }
 
@@ -241,15 +242,15 @@ void ComposeWindow::buildFooter() {
     status_->setObjectName("lblStatus");
     okCmd_ = new QPushButton("OK", canvas_);
     okCmd_->setObjectName("OkCmd");
-    cmdCancel_ = new QPushButton("Cancel", canvas_);
-    cmdCancel_->setObjectName("cmdCancel");
+    cancelButton_ = new QPushButton("Cancel", canvas_);
+    cancelButton_->setObjectName("cmdCancel");
     connect(okCmd_, &QPushButton::clicked, this, [this] {
         bool done = false;
-        command([&] { done = model_.OK(); });
+        command([&] { done = model_.accept(); });
         if (done) hide();
     });
-    connect(cmdCancel_, &QPushButton::clicked, this, [this] {
-        command([&] { model_.Cancel(); });
+    connect(cancelButton_, &QPushButton::clicked, this, [this] {
+        command([&] { model_.cancel(); });
         hide();
     });
 }
@@ -258,7 +259,7 @@ ComposeWindow::~ComposeWindow() = default;
 
 void ComposeWindow::load() {
     canvasNeed_ = {};
-    command([&] { model_.Load(); });
+    command([&] { model_.open(); });
     growForSigns();
 }
 
@@ -272,50 +273,51 @@ template <typename F> void ComposeWindow::command(F&& f) {
 }
 
 void ComposeWindow::readText() {
-    model_.txtMdC = txtMdC_->text().toStdString();
+    model_.codeLine = codeLineBox_->text().toStdString();
 }
 
 void ComposeWindow::placeControls() {
     const ComposeGeometry& g = model_.geometry;
-    lblMdC_->setGeometry(rectPx(120, 165, 450, 255));
-    txtMdC_->setGeometry(rectPx(600, 120, g.txtMdCWidth, 345));
-    cmdGet_->setGeometry(rectPx(g.cmdGetLeft, 105, 780, 375));
-    cmdArrange_->setGeometry(rectPx(g.cmdGetLeft, 525, 780, 375));
+    codeLineLabel_->setGeometry(rectPx(120, 165, 450, 255));
+    codeLineBox_->setGeometry(rectPx(600, 120, g.codeLineWidth, 345));
+    getButton_->setGeometry(rectPx(g.getButtonLeft, 105, 780, 375));
+    arrangeButton_->setGeometry(rectPx(g.getButtonLeft, 525, 780, 375));
     frame1_->setGeometry(rectPx(120, 480, 2700, 690));
-    cmdDelLast_->setGeometry(rectPx(3000, 630, 1300, 375));
-    debugLbl_->setGeometry(rectPx(4450, 690, g.cmdGetLeft - 4570, 255));
-    const Rect& shp = g.ComposeShp;
+    delLastButton_->setGeometry(rectPx(3000, 630, 1300, 375));
+    debugLbl_->setGeometry(rectPx(4450, 690, g.getButtonLeft - 4570, 255));
+    const Rect& shp = g.canvasFrame;
     composeShp_->setGeometry(rectPx(shp.left, shp.top, shp.width, shp.height));
     const int bottom = shp.top + shp.height;
     gardinerLbl_->setGeometry(rectPx(250, bottom + 90, g.windowWidth - 500, 255));
     richGardinerLbl_->setGeometry(rectPx(250, bottom + 375, g.windowWidth - 500, 255));
     status_->setGeometry(rectPx(250, bottom + 720, g.windowWidth - 2660, 255));
     okCmd_->setGeometry(rectPx(g.windowWidth - 2160, bottom + 660, 900, 375));
-    cmdCancel_->setGeometry(rectPx(g.windowWidth - 1140, bottom + 660, 900, 375));
+    cancelButton_->setGeometry(rectPx(g.windowWidth - 1140, bottom + 660, 900, 375));
 }
 
 void ComposeWindow::refresh() {
-    if (txtMdC_->text().toStdString() != model_.txtMdC) txtMdC_->setText(qs(model_.txtMdC));
-    gardinerLbl_->setText(qs(model_.Gardinerlbl));
-    richGardinerLbl_->setText(qs(model_.RichGardinerLbl));
+    if (codeLineBox_->text().toStdString() != model_.codeLine)
+        codeLineBox_->setText(qs(model_.codeLine));
+    gardinerLbl_->setText(qs(model_.gardinerLabel));
+    richGardinerLbl_->setText(qs(model_.richGardinerLabel));
     status_->setText(qs(model_.status));
-    optBasic_->setChecked(model_.OptBasicValue);
-    optExtended_->setChecked(!model_.OptBasicValue);
-    mnuBasic_->setChecked(model_.mnuBasicChecked);
-    mnuExtended_->setChecked(model_.mnuExtendedChecked);
+    basicOption_->setChecked(model_.basicChosen);
+    extendedOption_->setChecked(!model_.basicChosen);
+    basicAction_->setChecked(model_.basicChecked);
+    extendedAction_->setChecked(model_.extendedChecked);
     placeControls();
     const QColor buttonFace = palette().color(QPalette::Button);
     const QColor workspace = palette().color(QPalette::Mid);
-    const int zoom = ClampZoom(app_.settings.wordZoom);
+    const int zoom = clampZoom(app_.settings.wordZoom);
     for (int i = 0; i < Composer::Slots; ++i) {
-        const CanvasImage& image = model_.GlyphPic[static_cast<std::size_t>(i)];
+        const CanvasImage& image = model_.images[static_cast<std::size_t>(i)];
         GlyphPicture* pic = glyphPic_[static_cast<std::size_t>(i)];
         QPalette pal = pic->palette();
         pal.setColor(QPalette::Window,
                      image.background == SlotBackground::ButtonFace ? buttonFace : workspace);
         pic->setPalette(pal);
         // A sign grows about the canvas centre; places keep their half twips.
-        const Rect& shp = model_.geometry.ComposeShp;
+        const Rect& shp = model_.geometry.canvasFrame;
         const double k = zoom / 100.0;
         const double cx = shp.left + shp.width / 2.0, cy = shp.top + shp.height / 2.0;
         if (image.hasPicture) {
@@ -334,7 +336,7 @@ void ComposeWindow::refresh() {
 
 void ComposeWindow::zoom(int step) {
     int& z = app_.settings.wordZoom;
-    z = step > 0 ? ZoomedIn(z) : step < 0 ? ZoomedOut(z) : MinZoom;
+    z = step > 0 ? zoomedIn(z) : step < 0 ? zoomedOut(z) : MinZoom;
     refresh();
 }
 
@@ -371,15 +373,15 @@ bool ComposeWindow::eventFilter(QObject* watched, QEvent* event) {
 void ComposeWindow::sizeCanvas() {
     const QSize room = scroll_->viewport()->size().expandedTo(canvasNeed_);
     if (canvas_->size() != room) canvas_->resize(room);
-    model_.Resize(twips(canvas_->width()), twips(canvas_->height()));
+    model_.resize(twips(canvas_->width()), twips(canvas_->height()));
     placeControls();
 }
 
 void ComposeWindow::growForSigns() {
     double left = 0, top = 0, right = 0, bottom = 0;
     bool any = false;
-    for (int k = 0; k <= model_.LastGlyph && k < Composer::Slots; ++k) {
-        const CanvasImage& im = model_.GlyphPic[static_cast<std::size_t>(k)];
+    for (int k = 0; k <= model_.firstFreeSlot && k < Composer::Slots; ++k) {
+        const CanvasImage& im = model_.images[static_cast<std::size_t>(k)];
         if (!im.visible || !im.hasPicture) continue;
         left = any ? std::min(left, im.left) : im.left;
         top = any ? std::min(top, im.top) : im.top;
@@ -391,7 +393,7 @@ void ComposeWindow::growForSigns() {
     // The room kept between the signs and the frame, and what lies around the frame.
     constexpr int Margin = 240;
     const ComposeGeometry before = model_.geometry;
-    const Rect& f = before.ComposeShp;
+    const Rect& f = before.canvasFrame;
     const bool wide = left < f.left || right > f.left + f.width;
     const bool tall = top < f.top || bottom > f.top + f.height;
     if (!wide && !tall) return;
@@ -401,13 +403,13 @@ void ComposeWindow::growForSigns() {
     const int height = tall ? static_cast<int>(std::ceil(bottom - top)) + 2 * Margin +
                                   (before.windowHeight - f.height)
                             : before.windowHeight;
-    model_.Resize(std::max(width, before.windowWidth), std::max(height, before.windowHeight));
-    const Rect& g = model_.geometry.ComposeShp;
+    model_.resize(std::max(width, before.windowWidth), std::max(height, before.windowHeight));
+    const Rect& g = model_.geometry.canvasFrame;
     const double dx = wide ? g.left + (g.width - (right - left)) / 2 - left : 0;
     const double dy = tall ? g.top + (g.height - (bottom - top)) / 2 - top : 0;
-    for (int k = 0; k <= model_.LastGlyph && k < Composer::Slots; ++k) {
-        const CanvasImage& im = model_.GlyphPic[static_cast<std::size_t>(k)];
-        if (im.visible && im.hasPicture) model_.MoveImage(k, im.left + dx, im.top + dy);
+    for (int k = 0; k <= model_.firstFreeSlot && k < Composer::Slots; ++k) {
+        const CanvasImage& im = model_.images[static_cast<std::size_t>(k)];
+        if (im.visible && im.hasPicture) model_.moveSign(k, im.left + dx, im.top + dy);
     }
     canvasNeed_ = QSize(px(model_.geometry.windowWidth), px(model_.geometry.windowHeight));
     // The window grows by what the canvas gained; the screen's room bounds it.
@@ -421,7 +423,7 @@ void ComposeWindow::growForSigns() {
 void ComposeWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::ActivationChange && isActiveWindow())
-        command([&] { model_.Activate(); });
+        command([&] { model_.activate(); });
 }
 
 void ComposeWindow::closeEvent(QCloseEvent* event) {
@@ -430,7 +432,7 @@ void ComposeWindow::closeEvent(QCloseEvent* event) {
         return;
     }
     // Closing the window is Cancel.
-    command([&] { model_.Cancel(); });
+    command([&] { model_.cancel(); });
     QMainWindow::closeEvent(event);
 }
 

@@ -3,7 +3,7 @@
 // app.store.newWordPending or editPending) and calls run(), which returns once OK or Cancel
 // has hidden it; the results are then in app.store.composeAccepted, app.layoutText,
 // app.composedGardiner, app.glyphs (normalised, in reading order) and app.view's rightEdge,
-// bottomEdge and windowWidth. The program's Windows::runComposer() is that: build, run().
+// bottomEdge and windowWidth. The program's WindowHost::runComposer() is that: build, run().
 #include "composer/composer.h"
 
 #include <QMainWindow>
@@ -27,7 +27,7 @@ class ComposeWindow : public QMainWindow {
     Q_OBJECT
 public:
     // Builds the window and runs Load. For the sign browser the composer goes through
-    // app.windows->chooseSignFromBrowser() (LookupHost::chooseSign in the program).
+    // app.windows->chooseSignFromBrowser() (SignBrowserHost::chooseSign in the program).
     explicit ComposeWindow(App& app, QWidget* parent = nullptr);
     ~ComposeWindow() override;
 
@@ -78,23 +78,23 @@ private:
     QScrollArea* scroll_;
     QWidget* canvas_;
     QSize canvasNeed_; // pixels the signs need, beyond the window's own room
-    QLabel* lblMdC_;
-    QLineEdit* txtMdC_;
-    QPushButton* cmdGet_;
-    QPushButton* cmdArrange_;
-    QPushButton* cmdDelLast_;
+    QLabel* codeLineLabel_;
+    QLineEdit* codeLineBox_;
+    QPushButton* getButton_;
+    QPushButton* arrangeButton_;
+    QPushButton* delLastButton_;
     QGroupBox* frame1_;
-    QRadioButton* optBasic_;
-    QRadioButton* optExtended_;
+    QRadioButton* basicOption_;
+    QRadioButton* extendedOption_;
     QFrame* composeShp_;
     QLabel* gardinerLbl_;
     QLabel* richGardinerLbl_;
     QLabel* debugLbl_;
     QLabel* status_;
     QPushButton* okCmd_;
-    QPushButton* cmdCancel_;
-    QAction* mnuBasic_;
-    QAction* mnuExtended_;
+    QPushButton* cancelButton_;
+    QAction* basicAction_;
+    QAction* extendedAction_;
     std::array<GlyphPicture*, Composer::Slots> glyphPic_{};
 };
 

@@ -7,7 +7,7 @@
 #include "exchange/word_exchange.h"
 #include "exchange/word_pages_qt.h"
 #include "ui/search_dialog.h"
-#include "ui/search_tools.h"
+#include "ui/search_windows.h"
 
 #include <QAction>
 #include <QDateTime>
@@ -40,7 +40,7 @@ FormatInfo info(ExchangeCommands::Format f) {
 }
 } // namespace
 
-ExchangeCommands::ExchangeCommands(App& app, SearchTools& tools, QWidget* window)
+ExchangeCommands::ExchangeCommands(App& app, SearchWindows& tools, QWidget* window)
     : QObject(window), app_(app), tools_(tools), window_(window) {}
 
 void ExchangeCommands::addFileItems(QMenu* file) {
@@ -73,7 +73,7 @@ void ExchangeCommands::addWordItems(QMenu* word) {
 }
 
 void ExchangeCommands::copyAsMdc() {
-    const std::string mdc = MdcOfWordOnShow(app_);
+    const std::string mdc = mdcOfWordOnShow(app_);
     if (mdc.empty()) {
         app_.dialogs.message("The word on show has no signs to copy.", "Copy as MdC", Buttons::OK,
                              Icon::Exclamation);
@@ -95,9 +95,9 @@ void ExchangeCommands::importLines() {
                                             app_.userFolder() / "Dictionaries");
     if (!file) return;
     // Only a regular file, of a sensible size: a pipe would hold the window.
-    const ImportReport report = ImportMdcLines(app_, readFileBytes(*file));
+    const ImportReport report = importMdcLines(app_, readFileBytes(*file));
     Q_EMIT changed();
-    app_.dialogs.message(ImportReportText(report), "Import", Buttons::OK,
+    app_.dialogs.message(importReportText(report), "Import", Buttons::OK,
                          report.refused.empty() ? Icon::Information : Icon::Exclamation);
 }
 
@@ -119,7 +119,7 @@ std::vector<int> ExchangeCommands::wordsToExport(bool& cancelled) {
         }
         if (a == Answer::Yes) return found;
     }
-    return AllWords(app_);
+    return allWords(app_);
 }
 
 void ExchangeCommands::exportWords(Format format) {
@@ -132,7 +132,7 @@ void ExchangeCommands::exportWords(Format format) {
         return;
     }
     const FormatInfo i = info(format);
-    const std::string deck = DeckName(app_.store.dictionaryName);
+    const std::string deck = deckName(app_.store.dictionaryName);
     const auto file =
         app_.dialogs.saveFile(i.filter, app_.userFolder() / "Dictionaries" / (deck + i.extension));
     if (!file) return;
@@ -142,16 +142,16 @@ void ExchangeCommands::exportWords(Format format) {
     case Format::Tsv:
     case Format::Mdc: {
         const ExportText t =
-            format == Format::Tsv ? ExportTsv(app_, words) : ExportMdcLines(app_, words);
+            format == Format::Tsv ? exportTsv(app_, words) : exportMdcLines(app_, words);
         bytes = t.text;
         problems = t.problems;
         break;
     }
     case Format::Html:
-        bytes = ExportHtml(app_, words, deck);
+        bytes = exportHtml(app_, words, deck);
         break;
     case Format::FlashCards:
-        bytes = ExportFlashCards(app_, words, deck, QDateTime::currentMSecsSinceEpoch());
+        bytes = exportFlashCards(app_, words, deck, QDateTime::currentMSecsSinceEpoch());
         break;
     }
     app_.files.write(*file, bytes);

@@ -12,12 +12,12 @@ class QWidget;
 namespace nebkaro {
 
 struct App;
-class SearchTools;
+class SearchWindows;
 
 class ExchangeCommands : public QObject {
     Q_OBJECT
 public:
-    ExchangeCommands(App& app, SearchTools& tools, QWidget* window);
+    ExchangeCommands(App& app, SearchWindows& tools, QWidget* window);
 
     // "Import..." (mnuImport) and the "Export" submenu (mnuExport) with its four formats.
     void addFileItems(QMenu* file);
@@ -39,7 +39,7 @@ private:
     std::vector<int> wordsToExport(bool& cancelled);
 
     App& app_;
-    SearchTools& tools_;
+    SearchWindows& tools_;
     QWidget* window_;
 };
 

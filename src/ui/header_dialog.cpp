@@ -64,7 +64,7 @@ void HeaderDialog::confirm() {
     for (int i = 0; i < FieldCount; ++i)
         values[static_cast<std::size_t>(i)] =
             boxes_[static_cast<std::size_t>(i)]->text().toStdString();
-    if (ConfirmHeader(app_, values)) {
+    if (confirmHeader(app_, values)) {
         accept();
         return;
     }

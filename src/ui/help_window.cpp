@@ -42,7 +42,7 @@ HelpWindow::HelpWindow(const std::filesystem::path& home, const CommandRegistry&
         page = "<html><body><h1>Nebkaro</h1><h2>Commands</h2><!-- commands --><!-- /commands -->"
                "<h2>Transliteration</h2><!-- letters --><!-- /letters --></body></html>";
     if (!file.isEmpty()) browser_->setSearchPaths({QFileInfo(file).absolutePath()});
-    browser_->setHtml(QString::fromStdString(HelpPage(commands, page.toStdString())));
+    browser_->setHtml(QString::fromStdString(helpPage(commands, page.toStdString())));
     resize(720, 640);
 }
 

@@ -18,10 +18,10 @@
 #include "ui/compose_window.h"
 #include "ui/exchange_commands.h"
 #include "ui/help_window.h"
-#include "ui/lookup_window.h"
 #include "ui/preferences_dialog.h"
 #include "ui/screen_fit.h"
-#include "ui/search_tools.h"
+#include "ui/search_windows.h"
+#include "ui/sign_browser_window.h"
 #include "ui/word_view_widget.h"
 
 #include <QAction>
@@ -100,14 +100,13 @@ QIcon toolIcon(std::string_view name, std::string_view tip) {
 
 } // namespace
 
-
 MainWindow::MainWindow(App& app, Options options)
     : app_(app), options_(options), previousWindows_(app.windows) {
     setObjectName(QStringLiteral("Main"));
     setWindowTitle(QStringLiteral("Nebkaro"));
     app_.windows = this;
-    lookup_ = std::make_unique<ui::LookupHost>(app_);
-    tools_ = new SearchTools(app_, this);
+    lookup_ = std::make_unique<ui::SignBrowserHost>(app_);
+    tools_ = new SearchWindows(app_, this);
     exchange_ = new ExchangeCommands(app_, *tools_, this);
     connect(exchange_, &ExchangeCommands::changed, this, [this] { wordViewChanged(); });
     surface_ = new WordViewWidget(app_, this);
@@ -162,7 +161,7 @@ MainWindow::~MainWindow() {
 
 bool MainWindow::startUp(const std::string& commandLine) {
     bool ok = false;
-    runGuarded(app_, [&] { ok = StartUp(app_, commandLine); });
+    runGuarded(app_, [&] { ok = startProgram(app_, commandLine); });
     wordViewChanged();
     return ok && !app_.endRequested;
 }
@@ -176,7 +175,7 @@ void MainWindow::buildToolBar() {
     auto* row = new QHBoxLayout(toolbar_);
     row->setContentsMargins(2, 3, 2, 3);
     row->setSpacing(0);
-    for (const ToolButton& t : ToolBar(app_.commands)) {
+    for (const ToolButton& t : toolBarButtons(app_.commands)) {
         auto* b = new QToolButton(toolbar_);
         b->setObjectName(QString::fromStdString(t.objectName));
         b->setToolTip(latin1(t.toolTip));
@@ -255,15 +254,15 @@ QMenu* MainWindow::buildMenu(const MenuItem& item, QMenu* into) {
 }
 
 void MainWindow::buildMenus() {
-    for (const MenuItem& top : MenuBar()) {
+    for (const MenuItem& top : menuBarItems()) {
         QMenu* m = buildMenu(top, nullptr);
         menuBar()->addMenu(m);
     }
-    popup_ = buildMenu(PopupMenu(), nullptr);
+    popup_ = buildMenu(popupMenuItems(), nullptr);
 }
 
 void MainWindow::buildShortcuts() {
-    for (const Shortcut& s : Shortcuts(app_.commands)) {
+    for (const Shortcut& s : allShortcuts(app_.commands)) {
         const bool area = s.scope == ShortcutScope::DisplayArea;
         auto* sc =
             new QShortcut(QKeySequence(latin1(s.keys)),
@@ -275,7 +274,7 @@ void MainWindow::buildShortcuts() {
             // A modal window (the composer, a dialog) holds the program: a key that reaches
             // this window behind it must not change the dictionary.
             if (QApplication::activeModalWidget()) return;
-            if (CommandAvailable(app_, id)) runCommand(id);
+            if (commandAvailable(app_, id)) runCommand(id);
         });
     }
 }
@@ -303,7 +302,7 @@ void MainWindow::installHandlers() {
         // Words collected for a page are not dropped unasked on the way out.
         {CommandId::Quit,
          [this](App& a) {
-             if (printing_.confirmQuit(a, this)) QuitCommand(a);
+             if (printing_.confirmQuit(a, this)) quitCommand(a);
          }},
     };
     for (const auto& [id, handler] : handlers)
@@ -314,11 +313,11 @@ void MainWindow::installHandlers() {
 
 void MainWindow::refreshAvailability() {
     for (const auto& [a, id] : actions_) {
-        a->setEnabled(CommandAvailable(app_, id));
+        a->setEnabled(commandAvailable(app_, id));
         if (id == CommandId::Undo || id == CommandId::Redo)
-            a->setText(qs(CurrentCaption(app_, id, id == CommandId::Undo ? "&Undo" : "&Redo")));
+            a->setText(qs(currentCaption(app_, id, id == CommandId::Undo ? "&Undo" : "&Redo")));
     }
-    for (const auto& [b, id] : buttons_) b->setEnabled(CommandAvailable(app_, id));
+    for (const auto& [b, id] : buttons_) b->setEnabled(commandAvailable(app_, id));
 }
 
 void MainWindow::wordViewChanged() {
@@ -331,7 +330,7 @@ void MainWindow::wordViewChanged() {
         requestedWidth_ = wanted;
         resize(wanted, height());
     }
-    ResizeWordView(v, (width() - scrollBarRoom_) * TwipsPerPixel);
+    resizeWordView(v, (width() - scrollBarRoom_) * TwipsPerPixel);
 
     surface_->showView();
     if (showBorders_) {
@@ -361,7 +360,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
         auto* w = sc ? qobject_cast<QWidget*>(sc->parent()) : nullptr;
         const QKeySequence keys = static_cast<QShortcutEvent*>(event)->key();
         if (w && w->window() == this && !keys.isEmpty())
-            WindowKeyDown(app_.view, keyCode(keys[keys.count() - 1].key()));
+            windowKeyDown(app_.view, keyCode(keys[keys.count() - 1].key()));
         // While the menu bar has the focus, a menu item's keys and the window's shortcut are
         // both in reach and Qt calls the key ambiguous: it still runs its command, once.
         if (static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
@@ -371,7 +370,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
             for (const auto& [k, c] : shortcuts_)
                 if (k == watched) id = c;
             if (id) {
-                if (!QApplication::activeModalWidget() && CommandAvailable(app_, *id))
+                if (!QApplication::activeModalWidget() && commandAvailable(app_, *id))
                     runCommand(*id);
                 return true;
             }
@@ -384,7 +383,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
         const bool focusHere = focus && focus->window() == this;
         if (w && w->window() == this && (focusHere ? w == focus : w == this)) {
             const auto* key = static_cast<QKeyEvent*>(event);
-            if (WindowKeyDown(app_.view, keyCode(key->key()))) wordViewChanged();
+            if (windowKeyDown(app_.view, keyCode(key->key()))) wordViewChanged();
         }
     }
     return QMainWindow::eventFilter(watched, event);
@@ -405,7 +404,7 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
     if (isMinimized()) return;
     // A width this window did not ask for is the user's (or the screen's, when it is narrow).
     if (!isMaximized() && !isFullScreen() && width() != requestedWidth_) userWidth_ = width();
-    ResizeWordView(app_.view, (width() - scrollBarRoom_) * TwipsPerPixel);
+    resizeWordView(app_.view, (width() - scrollBarRoom_) * TwipsPerPixel);
     surface_->layoutControls();
 }
 
@@ -415,7 +414,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         return;
     }
     bool close = true;
-    runGuarded(app_, [&] { close = printing_.confirmQuit(app_, this) && CloseMainWindow(app_); });
+    runGuarded(app_, [&] { close = printing_.confirmQuit(app_, this) && closeMainWindow(app_); });
     if (!close) {
         event->ignore();
         return;
@@ -428,7 +427,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 // ---------------------------------------------------------------------------------- commands
 
 bool MainWindow::runCommand(CommandId id) {
-    const bool ran = RunCommand(app_, id);
+    const bool ran = executeCommand(app_, id);
     endIfRequested();
     return ran;
 }
@@ -444,14 +443,14 @@ void MainWindow::endProgram() {
 }
 
 void MainWindow::copyImage() {
-    const QByteArray png = WordPicturePng(app_.view.TemPic, app_.settings.pictureScale);
+    const QByteArray png = wordPicturePng(app_.view.picture, app_.settings.pictureScale);
     app_.clipboard.clear();
     app_.clipboard.setImagePng(std::vector<std::uint8_t>(png.begin(), png.end()));
 }
 
 void MainWindow::saveImage() {
     saveWordImage(app_, [this](const std::filesystem::path& file, ImageFormat format) {
-        return SaveWordPicture(app_.view.TemPic, QString::fromStdString(file.string()), format,
+        return saveWordPicture(app_.view.picture, QString::fromStdString(file.string()), format,
                                app_.settings.pictureScale);
     });
 }
@@ -463,7 +462,7 @@ void MainWindow::pasteToPaint() {
     file.setAutoRemove(false);
     bool opened = false;
     if (file.open()) {
-        file.write(WordPicturePng(app_.view.TemPic));
+        file.write(wordPicturePng(app_.view.picture));
         file.close();
         opened = QDesktopServices::openUrl(QUrl::fromLocalFile(file.fileName()));
         if (opened)

@@ -32,15 +32,15 @@ class AboutDialog;
 class ExchangeCommands;
 class HelpWindow;
 class CancelDialog;
-class SearchTools;
+class SearchWindows;
 class SortDialog;
 namespace ui {
 class ComposeWindow;
-class LookupHost;
+class SignBrowserHost;
 } // namespace ui
 class WordViewWidget;
 
-class MainWindow : public QMainWindow, public Windows {
+class MainWindow : public QMainWindow, public WindowHost {
     Q_OBJECT
 public:
     struct Options {
@@ -58,7 +58,7 @@ public:
     // Runs a command as its controls do; false when the command is not available.
     bool runCommand(CommandId id);
 
-    // Windows
+    // WindowHost
     void wordViewChanged() override;
     void setCaption(const std::string& caption) override;
     void showHeaderDialog(const DictionaryHeader& boxes) override;
@@ -120,7 +120,7 @@ private:
 
     App& app_;
     Options options_;
-    Windows* previousWindows_;
+    WindowHost* previousWindows_;
     bool ending_ = false;
 
     WordViewWidget* surface_ = nullptr;
@@ -140,8 +140,8 @@ private:
     CancelDialog* progressDialog_ = nullptr;
     // The other windows of the program, made when first needed.
     ui::ComposeWindow* composer_ = nullptr;
-    std::unique_ptr<ui::LookupHost> lookup_;
-    SearchTools* tools_ = nullptr;
+    std::unique_ptr<ui::SignBrowserHost> lookup_;
+    SearchWindows* tools_ = nullptr;
     ExchangeCommands* exchange_ = nullptr;
     // Print 1 collects words on a page until Form Feed; the options of the last print.
     Printing printing_;

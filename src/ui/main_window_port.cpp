@@ -6,8 +6,8 @@
 #include "ui/cancel_dialog.h"
 #include "ui/compose_window.h"
 #include "ui/header_dialog.h"
-#include "ui/lookup_window.h"
-#include "ui/search_tools.h"
+#include "ui/search_windows.h"
+#include "ui/sign_browser_window.h"
 #include "ui/sort_dialog.h"
 #include "ui/word_view_widget.h"
 
@@ -82,10 +82,10 @@ std::string* MainWindow::typewriterText(TypewriterTarget target) {
     QWidget* window = nullptr;
     if (target == TypewriterTarget::ComposerMdC && composer_) {
         window = composer_;
-        text = &composer_->model().txtMdC;
+        text = &composer_->model().codeLine;
     } else if (target == TypewriterTarget::BrowserTrans && lookup_->isLoaded()) {
         window = lookup_->window();
-        text = &lookup_->window()->model().txtTrans;
+        text = &lookup_->window()->model().transText;
     }
     QLineEdit* box = targetBox(window, target);
     if (!box) return nullptr;
@@ -104,11 +104,11 @@ void MainWindow::typewriterTextChanged(TypewriterTarget target) {
         return;
     case TypewriterTarget::ComposerMdC:
         if (QLineEdit* box = composer_ ? targetBox(composer_, target) : nullptr)
-            box->setText(QString::fromStdString(composer_->model().txtMdC));
+            box->setText(QString::fromStdString(composer_->model().codeLine));
         return;
     case TypewriterTarget::BrowserTrans:
         if (QLineEdit* box = lookup_->isLoaded() ? targetBox(lookup_->window(), target) : nullptr)
-            box->setText(QString::fromStdString(lookup_->window()->model().txtTrans));
+            box->setText(QString::fromStdString(lookup_->window()->model().transText));
         return;
     case TypewriterTarget::None:
         return;

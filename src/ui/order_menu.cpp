@@ -10,11 +10,11 @@ OrderMenu addOrderMenu(QWidget* window) {
     m.bar = new QMenuBar(window);
     QMenu* order = m.bar->addMenu(QStringLiteral("&Order"));
     order->setObjectName(QStringLiteral("mnuOrder"));
-    m.mnuEgypt = order->addAction(QStringLiteral("&Egyptological"));
-    m.mnuEgypt->setObjectName(QStringLiteral("mnuEgypt"));
-    m.mnuLatin = order->addAction(QStringLiteral("&Alphabetical"));
-    m.mnuLatin->setObjectName(QStringLiteral("mnuLatin"));
-    for (QAction* a : {m.mnuEgypt, m.mnuLatin}) a->setCheckable(true);
+    m.egyptAction = order->addAction(QStringLiteral("&Egyptological"));
+    m.egyptAction->setObjectName(QStringLiteral("mnuEgypt"));
+    m.latinAction = order->addAction(QStringLiteral("&Alphabetical"));
+    m.latinAction->setObjectName(QStringLiteral("mnuLatin"));
+    for (QAction* a : {m.egyptAction, m.latinAction}) a->setCheckable(true);
     return m;
 }
 

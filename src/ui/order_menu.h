@@ -9,8 +9,8 @@ namespace nebkaro {
 
 struct OrderMenu {
     QMenuBar* bar = nullptr; // for the window's layout
-    QAction* mnuEgypt = nullptr;
-    QAction* mnuLatin = nullptr;
+    QAction* egyptAction = nullptr;
+    QAction* latinAction = nullptr;
 };
 
 // Makes a menu bar holding the menu, for the window to give its layout.

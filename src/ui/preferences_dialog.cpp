@@ -97,13 +97,13 @@ PreferencesDialog::PreferencesDialog(App& app, QWidget* parent) : QDialog(parent
 
 void PreferencesDialog::confirm() {
     // A sign list that cannot be read ends the program; the main window sees it on return.
-    ApplyPreferences(app_, basic_->isChecked() ? Library::Basic : Library::Extended,
+    applyPreferences(app_, basic_->isChecked() ? Library::Basic : Library::Extended,
                      left_->isChecked() ? Direction::Left : Direction::Right);
     accept();
 }
 
 void PreferencesDialog::save() {
-    runGuarded(app_, [this] { WriteSettingsFile(app_, settingsPath(app_.userFolder())); });
+    runGuarded(app_, [this] { writeSettingsFile(app_, settingsPath(app_.userFolder())); });
 }
 
 } // namespace nebkaro

@@ -80,44 +80,44 @@ private:
     std::optional<std::filesystem::path> pdfFile_;
 
     QTimer* timer_ = nullptr;
-    QComboBox* cboPrinter_ = nullptr;
-    QComboBox* cboPaper_ = nullptr;
-    QComboBox* cboOrientation_ = nullptr;
-    QSpinBox* txtCopies_ = nullptr;
-    QRadioButton* optAll_ = nullptr;
-    QRadioButton* optCurrentWord_ = nullptr;
-    QRadioButton* optWords_ = nullptr;
-    QRadioButton* optPages_ = nullptr;
-    QSpinBox* txtWordFrom_ = nullptr;
-    QSpinBox* txtWordTo_ = nullptr;
-    QSpinBox* txtPageFrom_ = nullptr;
-    QSpinBox* txtPageTo_ = nullptr;
-    QLabel* lblPageCount_ = nullptr;
-    QCheckBox* chkSigns_ = nullptr;
-    QCheckBox* chkGardiner_ = nullptr;
-    QCheckBox* chkTransliteration_ = nullptr;
-    QCheckBox* chkMeaning_ = nullptr;
-    QCheckBox* chkComment_ = nullptr;
-    QCheckBox* chkNumber_ = nullptr;
-    QRadioButton* optOneColumn_ = nullptr;
-    QRadioButton* optTwoColumns_ = nullptr;
-    QDoubleSpinBox* txtMarginTop_ = nullptr;
-    QDoubleSpinBox* txtMarginBottom_ = nullptr;
-    QDoubleSpinBox* txtMarginLeft_ = nullptr;
-    QDoubleSpinBox* txtMarginRight_ = nullptr;
-    QComboBox* cboLineSpacing_ = nullptr;
+    QComboBox* printerCombo_ = nullptr;
+    QComboBox* paperCombo_ = nullptr;
+    QComboBox* orientationCombo_ = nullptr;
+    QSpinBox* copiesBox_ = nullptr;
+    QRadioButton* allOption_ = nullptr;
+    QRadioButton* currentWordOption_ = nullptr;
+    QRadioButton* wordsOption_ = nullptr;
+    QRadioButton* pagesOption_ = nullptr;
+    QSpinBox* wordFromBox_ = nullptr;
+    QSpinBox* wordToBox_ = nullptr;
+    QSpinBox* pageFromBox_ = nullptr;
+    QSpinBox* pageToBox_ = nullptr;
+    QLabel* pageCountLabel_ = nullptr;
+    QCheckBox* signsCheck_ = nullptr;
+    QCheckBox* gardinerCheck_ = nullptr;
+    QCheckBox* transliterationCheck_ = nullptr;
+    QCheckBox* meaningCheck_ = nullptr;
+    QCheckBox* commentCheck_ = nullptr;
+    QCheckBox* numberCheck_ = nullptr;
+    QRadioButton* oneColumnOption_ = nullptr;
+    QRadioButton* twoColumnsOption_ = nullptr;
+    QDoubleSpinBox* marginTopBox_ = nullptr;
+    QDoubleSpinBox* marginBottomBox_ = nullptr;
+    QDoubleSpinBox* marginLeftBox_ = nullptr;
+    QDoubleSpinBox* marginRightBox_ = nullptr;
+    QComboBox* lineSpacingCombo_ = nullptr;
     QButtonGroup* quality_ = nullptr;
     PrintPreview* preview_ = nullptr;
-    QPushButton* cmdPreviousPage_ = nullptr;
-    QPushButton* cmdNextPage_ = nullptr;
-    QLabel* lblPreviewPage_ = nullptr;
-    QLabel* lblStatus_ = nullptr;
-    QPushButton* cmdPrint_ = nullptr;
-    QPushButton* cmdCancel_ = nullptr;
+    QPushButton* previousPageButton_ = nullptr;
+    QPushButton* nextPageButton_ = nullptr;
+    QLabel* previewPageLabel_ = nullptr;
+    QLabel* statusLabel_ = nullptr;
+    QPushButton* printButton_ = nullptr;
+    QPushButton* cancelButton_ = nullptr;
 };
 
 // The PDF file proposed for a print: the Documents folder (the home folder when there is
 // none) and the name given, ".pdf" added.
-std::filesystem::path ProposedPdfFile(const std::string& name);
+std::filesystem::path proposedPdfFile(const std::string& name);
 
 } // namespace nebkaro

@@ -34,7 +34,7 @@ std::string defaultPaper() {
 }
 
 std::string titleOf(const App& app) {
-    return DocumentTitle(app.store.header, app.store.dictionaryName);
+    return documentTitle(app.store.header, app.store.dictionaryName);
 }
 
 } // namespace
@@ -76,11 +76,11 @@ void Printing::addCurrentWordToPage(App& app, QWidget* parent) {
     if (queue_.waiting() > 0) {
         std::vector<PrintWord> words;
         for (const QueuedWord& w : queue_.words())
-            words.push_back(MakePrintWord(app.pictures, w.index, w.record));
-        words.push_back(MakePrintWord(app.pictures, word.index, word.record));
+            words.push_back(makePrintWord(app.pictures, w.index, w.record));
+        words.push_back(makePrintWord(app.pictures, word.index, word.record));
         const PrintDocument doc(std::move(words), options_, titleOf(app));
         const PageFrame& f = doc.frame();
-        if (SheetFullWith(doc.blockHeights(), f.columns, f.columnHeight, doc.wordGap()) &&
+        if (sheetFullWith(doc.blockHeights(), f.columns, f.columnHeight, doc.wordGap()) &&
             !formFeed(app, parent))
             return; // the full page could not go out: the word waits for the next try
     }
@@ -95,7 +95,7 @@ bool Printing::formFeed(App& app, QWidget* parent) {
     }
     std::vector<PrintWord> words;
     for (const QueuedWord& w : queue_.words())
-        words.push_back(MakePrintWord(app.pictures, w.index, w.record));
+        words.push_back(makePrintWord(app.pictures, w.index, w.record));
     PrintDocument doc(std::move(words), options_, titleOf(app));
     doc.numberPages(queue_.sheetNumber(), false);
     if (!doc.fits()) {
@@ -108,7 +108,7 @@ bool Printing::formFeed(App& app, QWidget* parent) {
     if (options_.printer == PdfPrinterName) {
         pdf = app.dialogs.saveFile(
             "PDF files (*.pdf)|*.pdf",
-            ProposedPdfFile(titleOf(app) + " page " + std::to_string(queue_.sheetNumber())));
+            proposedPdfFile(titleOf(app) + " page " + std::to_string(queue_.sheetNumber())));
         if (!pdf) return false;
         if (pdf->extension().empty()) pdf->replace_extension(".pdf");
     }
@@ -122,7 +122,7 @@ bool Printing::formFeed(App& app, QWidget* parent) {
 }
 
 bool Printing::confirmQuit(App& app, QWidget* parent) {
-    switch (AskAboutWaitingWords(app.dialogs, queue_.waiting())) {
+    switch (askAboutWaitingWords(app.dialogs, queue_.waiting())) {
     case WaitingWordsChoice::NothingWaiting:
         return true;
     case WaitingWordsChoice::Print:

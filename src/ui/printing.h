@@ -41,7 +41,7 @@ public:
 
     int wordsWaiting() const { return queue_.waiting(); }
     // The status bar's line about the collected page; empty when no word waits.
-    std::string statusText() const { return print::WaitingStatusText(queue_.waiting()); }
+    std::string statusText() const { return print::waitingStatusText(queue_.waiting()); }
 
     // Quitting: with words waiting, asks whether to print them first (Yes prints, No drops
     // them). False when the program is to stay open: Cancel, or a print that did not happen.

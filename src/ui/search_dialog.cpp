@@ -59,7 +59,7 @@ QPixmap FoundWordsModel::picture(int w) const {
     if (it != pictures_.end() && it->second.first == word[FieldLayout]) return it->second.second;
     QPixmap small;
     try {
-        const QImage image = WordPictureImage(print::PictureOfRecord(app_.pictures, word));
+        const QImage image = wordPictureImage(print::pictureOfRecord(app_.pictures, word));
         // Only ever shrunk: a one-sign word stays as sharp as its picture.
         small =
             QPixmap::fromImage(image.height() > PictureHeight
@@ -107,112 +107,113 @@ SearchDialog::SearchDialog(App& app, QWidget* parent) : QDialog(parent), app_(ap
     setAttribute(Qt::WA_DeleteOnClose);
     setMinimumWidth((SearchDialogMinWidth + TwipsPerPixel - 1) / TwipsPerPixel);
 
-    txtSearch_ = named(new QLineEdit(this), "txtSearch");
-    txtSearch_->installEventFilter(this);
+    searchBox_ = named(new QLineEdit(this), "txtSearch");
+    searchBox_->installEventFilter(this);
 
     QLayout* options = buildOptions();
     QLayout* buttons = buildButtons();
-    auto* Label1 = named(
+    auto* plainLetters = named(
         new QLabel(QStringLiteral("Wildcards: / = 0 or more characters; ? = any one character"),
                    this),
         "Label1");
-    Label1->setWordWrap(true);
+    plainLetters->setWordWrap(true);
 
     buildFoundList();
 
     // The side margins add up to less than the 400 twips the search box leaves free.
     auto* box = new QVBoxLayout(this);
     box->setContentsMargins(13, 10, 13, 10);
-    box->addWidget(txtSearch_, 0, Qt::AlignLeft);
+    box->addWidget(searchBox_, 0, Qt::AlignLeft);
     box->addLayout(options);
-    box->addWidget(Label1);
+    box->addWidget(plainLetters);
     box->addLayout(buttons);
-    box->addWidget(lblFound_);
-    box->addWidget(lstFound_, 1);
+    box->addWidget(foundLabel_);
+    box->addWidget(foundList_, 1);
 
     connectEntries();
-    connect(cmdTypewriter_, &QPushButton::clicked, this, &SearchDialog::typewriterRequested);
-    connect(cmdPickSign_, &QPushButton::clicked, this, &SearchDialog::pickSign);
-    connect(cmdOk_, &QPushButton::clicked, this, &SearchDialog::ok);
-    connect(cmdCancel_, &QPushButton::clicked, this, &SearchDialog::cancel);
-    connect(cmdFindAll_, &QPushButton::clicked, this, [this] { updateFound(false); });
-    connect(lstFound_, &QTableView::doubleClicked, this, &SearchDialog::showFound);
+    connect(typewriterButton_, &QPushButton::clicked, this, &SearchDialog::typewriterRequested);
+    connect(pickSignButton_, &QPushButton::clicked, this, &SearchDialog::pickSign);
+    connect(okButton_, &QPushButton::clicked, this, &SearchDialog::ok);
+    connect(cancelButton_, &QPushButton::clicked, this, &SearchDialog::cancel);
+    connect(findAllButton_, &QPushButton::clicked, this, [this] { updateFound(false); });
+    connect(foundList_, &QTableView::doubleClicked, this, &SearchDialog::showFound);
 
-    if (!app_.search.loaded) SearchDialogLoad(app_);
+    if (!app_.search.loaded) searchDialogLoad(app_);
     refresh();
 }
 
 QLayout* SearchDialog::buildOptions() {
-    Frame1_ = named(new QGroupBox(QStringLiteral("Search By:"), this), "Frame1");
-    optMeaning_ = named(new QRadioButton(QStringLiteral("Meaning")), "optMeaning");
-    optTranslit_ = named(new QRadioButton(QStringLiteral("Transliteration")), "optTranslit");
-    optGardiner_ = named(new QRadioButton(QStringLiteral("Gardiner's notation")), "optGardiner");
-    optComment_ = named(new QRadioButton(QStringLiteral("Comment")), "optComment");
-    optSigns_ = named(new QRadioButton(QStringLiteral("Signs")), "optSigns");
-    optSigns_->setToolTip(QStringLiteral("Words written with all these signs, in any order: "
-                                         "codes or phonetic values, such as G17 D21 or m r"));
-    auto* frameBox = new QVBoxLayout(Frame1_);
-    for (QRadioButton* o : {optMeaning_, optTranslit_, optGardiner_, optComment_, optSigns_})
+    optionsFrame_ = named(new QGroupBox(QStringLiteral("Search By:"), this), "Frame1");
+    meaningOption_ = named(new QRadioButton(QStringLiteral("Meaning")), "optMeaning");
+    translitOption_ = named(new QRadioButton(QStringLiteral("Transliteration")), "optTranslit");
+    gardinerOption_ = named(new QRadioButton(QStringLiteral("Gardiner's notation")), "optGardiner");
+    commentOption_ = named(new QRadioButton(QStringLiteral("Comment")), "optComment");
+    signsOption_ = named(new QRadioButton(QStringLiteral("Signs")), "optSigns");
+    signsOption_->setToolTip(QStringLiteral("Words written with all these signs, in any order: "
+                                            "codes or phonetic values, such as G17 D21 or m r"));
+    auto* frameBox = new QVBoxLayout(optionsFrame_);
+    for (QRadioButton* o :
+         {meaningOption_, translitOption_, gardinerOption_, commentOption_, signsOption_})
         frameBox->addWidget(o);
 
-    ChkExact_ = named(new QCheckBox(QStringLiteral("Exact match"), this), "ChkExact");
-    chkExactWord_ = named(new QCheckBox(QStringLiteral("Exact word"), this), "chkExactWord");
-    chkCase_ = named(new QCheckBox(QStringLiteral("Case sensitive"), this), "chkCase");
-    chkIgnoreVariants_ =
+    exactCheck_ = named(new QCheckBox(QStringLiteral("Exact match"), this), "ChkExact");
+    exactWordCheck_ = named(new QCheckBox(QStringLiteral("Exact word"), this), "chkExactWord");
+    caseCheck_ = named(new QCheckBox(QStringLiteral("Case sensitive"), this), "chkCase");
+    ignoreVariantsCheck_ =
         named(new QCheckBox(QStringLiteral("Ignore Variants"), this), "chkIgnoreVariants");
-    chkIgnoreVariants_->setToolTip(
+    ignoreVariantsCheck_->setToolTip(
         QStringLiteral("Consider variants same as base glyph: A1 = A1a = A1b etc."));
 
     auto* checks = new QVBoxLayout;
-    for (QCheckBox* c : {ChkExact_, chkExactWord_, chkCase_, chkIgnoreVariants_})
+    for (QCheckBox* c : {exactCheck_, exactWordCheck_, caseCheck_, ignoreVariantsCheck_})
         checks->addWidget(c);
     checks->addStretch();
     auto* options = new QHBoxLayout;
-    options->addWidget(Frame1_);
+    options->addWidget(optionsFrame_);
     options->addLayout(checks);
     return options;
 }
 
 QLayout* SearchDialog::buildButtons() {
-    cmdTypewriter_ = named(new QPushButton(QStringLiteral("Typewriter"), this), "cmdTypewriter");
-    cmdTypewriter_->setToolTip(QStringLiteral("Show Typewriter"));
-    cmdOk_ = named(new QPushButton(QStringLiteral("OK"), this), "cmdOk");
-    cmdOk_->setDefault(true);
-    cmdCancel_ = named(new QPushButton(QStringLiteral("Cancel"), this), "cmdCancel");
-    cmdFindAll_ = named(new QPushButton(QStringLiteral("Find All"), this), "cmdFindAll");
-    cmdFindAll_->setToolTip(QStringLiteral("List every word that matches"));
-    cmdPickSign_ = named(new QPushButton(QStringLiteral("Pick Sign..."), this), "cmdPickSign");
-    cmdPickSign_->setToolTip(QStringLiteral("Add a sign chosen in the sign list"));
-    for (QPushButton* b : {cmdTypewriter_, cmdCancel_, cmdFindAll_, cmdPickSign_})
+    typewriterButton_ = named(new QPushButton(QStringLiteral("Typewriter"), this), "cmdTypewriter");
+    typewriterButton_->setToolTip(QStringLiteral("Show Typewriter"));
+    okButton_ = named(new QPushButton(QStringLiteral("OK"), this), "cmdOk");
+    okButton_->setDefault(true);
+    cancelButton_ = named(new QPushButton(QStringLiteral("Cancel"), this), "cmdCancel");
+    findAllButton_ = named(new QPushButton(QStringLiteral("Find All"), this), "cmdFindAll");
+    findAllButton_->setToolTip(QStringLiteral("List every word that matches"));
+    pickSignButton_ = named(new QPushButton(QStringLiteral("Pick Sign..."), this), "cmdPickSign");
+    pickSignButton_->setToolTip(QStringLiteral("Add a sign chosen in the sign list"));
+    for (QPushButton* b : {typewriterButton_, cancelButton_, findAllButton_, pickSignButton_})
         b->setAutoDefault(false);
 
     auto* buttons = new QHBoxLayout;
-    buttons->addWidget(cmdTypewriter_);
-    buttons->addWidget(cmdPickSign_);
+    buttons->addWidget(typewriterButton_);
+    buttons->addWidget(pickSignButton_);
     buttons->addStretch();
-    buttons->addWidget(cmdFindAll_);
-    buttons->addWidget(cmdOk_);
-    buttons->addWidget(cmdCancel_);
+    buttons->addWidget(findAllButton_);
+    buttons->addWidget(okButton_);
+    buttons->addWidget(cancelButton_);
     return buttons;
 }
 
 void SearchDialog::buildFoundList() {
-    lblFound_ = named(new QLabel(this), "lblFound");
+    foundLabel_ = named(new QLabel(this), "lblFound");
     found_ = new FoundWordsModel(app_, this);
-    lstFound_ = named(new QTableView(this), "lstFound");
-    lstFound_->setModel(found_);
-    lstFound_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    lstFound_->setSelectionMode(QAbstractItemView::SingleSelection);
-    lstFound_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    lstFound_->verticalHeader()->hide();
-    lstFound_->horizontalHeader()->setStretchLastSection(true);
-    lstFound_->verticalHeader()->setDefaultSectionSize(FoundWordsModel::PictureHeight + 6);
-    lstFound_->setIconSize(QSize(400, FoundWordsModel::PictureHeight));
+    foundList_ = named(new QTableView(this), "lstFound");
+    foundList_->setModel(found_);
+    foundList_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    foundList_->setSelectionMode(QAbstractItemView::SingleSelection);
+    foundList_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    foundList_->verticalHeader()->hide();
+    foundList_->horizontalHeader()->setStretchLastSection(true);
+    foundList_->verticalHeader()->setDefaultSectionSize(FoundWordsModel::PictureHeight + 6);
+    foundList_->setIconSize(QSize(400, FoundWordsModel::PictureHeight));
     // Fitting a column reads only the first rows, not a hundred thousand pictures.
-    lstFound_->horizontalHeader()->setResizeContentsPrecision(50);
-    lstFound_->setToolTip(QStringLiteral("Double-click a word to show it"));
-    lblFound_->hide();
-    lstFound_->hide();
+    foundList_->horizontalHeader()->setResizeContentsPrecision(50);
+    foundList_->setToolTip(QStringLiteral("Double-click a word to show it"));
+    foundLabel_->hide();
+    foundList_->hide();
 }
 
 void SearchDialog::connectEntries() {
@@ -223,44 +224,44 @@ void SearchDialog::connectEntries() {
     liveTimer_->setSingleShot(true);
     liveTimer_->setInterval(0);
     connect(liveTimer_, &QTimer::timeout, this, [this] { updateFound(true); });
-    connect(txtSearch_, &QLineEdit::textChanged, this, [this](const QString& t) {
+    connect(searchBox_, &QLineEdit::textChanged, this, [this](const QString& t) {
         if (refreshing_) return;
-        SearchTextChanged(app_, t.toStdString());
+        searchTextChanged(app_, t.toStdString());
         refreshing_ = true;
-        showKeptText(txtSearch_, t, qs(app_.search.txtSearch));
+        showKeptText(searchBox_, t, qs(app_.search.searchText));
         refreshing_ = false;
         entriesChanged();
     });
-    const std::pair<QRadioButton*, int> fields[] = {{optMeaning_, FieldMeaning},
-                                                    {optTranslit_, FieldTranslit},
-                                                    {optGardiner_, FieldGardiner},
-                                                    {optComment_, FieldComment},
-                                                    {optSigns_, FieldLayout}};
+    const std::pair<QRadioButton*, int> fields[] = {{meaningOption_, FieldMeaning},
+                                                    {translitOption_, FieldTranslit},
+                                                    {gardinerOption_, FieldGardiner},
+                                                    {commentOption_, FieldComment},
+                                                    {signsOption_, FieldLayout}};
     for (auto [button, field] : fields) {
         connect(button, &QRadioButton::toggled, this, [this, field = field](bool on) {
             if (on && !refreshing_) choose(field);
         });
     }
-    connect(ChkExact_, &QCheckBox::toggled, this, [this](bool on) {
+    connect(exactCheck_, &QCheckBox::toggled, this, [this](bool on) {
         if (refreshing_) return;
-        SearchSetExact(app_, on);
+        searchSetExact(app_, on);
         refresh();
         entriesChanged();
     });
-    connect(chkExactWord_, &QCheckBox::toggled, this, [this](bool on) {
+    connect(exactWordCheck_, &QCheckBox::toggled, this, [this](bool on) {
         if (refreshing_) return;
-        SearchSetExactWord(app_, on);
+        searchSetExactWord(app_, on);
         refresh();
         entriesChanged();
     });
-    connect(chkCase_, &QCheckBox::toggled, this, [this](bool on) {
+    connect(caseCheck_, &QCheckBox::toggled, this, [this](bool on) {
         if (refreshing_) return;
-        app_.search.chkCase = on;
+        app_.search.caseChecked = on;
         entriesChanged();
     });
-    connect(chkIgnoreVariants_, &QCheckBox::toggled, this, [this](bool on) {
+    connect(ignoreVariantsCheck_, &QCheckBox::toggled, this, [this](bool on) {
         if (refreshing_) return;
-        app_.search.chkIgnoreVariants = on;
+        app_.search.ignoreVariantsChecked = on;
         entriesChanged();
     });
 }
@@ -268,48 +269,48 @@ void SearchDialog::connectEntries() {
 void SearchDialog::refresh() {
     refreshing_ = true;
     const SearchDialogState& d = app_.search;
-    const QString text = qs(d.txtSearch);
-    if (txtSearch_->text() != text) txtSearch_->setText(text);
-    optMeaning_->setChecked(d.option == FieldMeaning);
-    optTranslit_->setChecked(d.option == FieldTranslit);
-    optGardiner_->setChecked(d.option == FieldGardiner);
-    optComment_->setChecked(d.option == FieldComment);
-    optSigns_->setChecked(d.option == FieldLayout);
-    ChkExact_->setChecked(d.ChkExact);
-    chkExactWord_->setChecked(d.chkExactWord);
-    chkCase_->setChecked(d.chkCase);
-    chkIgnoreVariants_->setChecked(d.chkIgnoreVariants);
-    chkIgnoreVariants_->setEnabled(d.chkIgnoreVariantsEnabled);
-    cmdTypewriter_->setEnabled(d.cmdTypewriterEnabled);
-    cmdPickSign_->setEnabled(d.option == FieldLayout);
-    QPalette pal = txtSearch_->palette();
+    const QString text = qs(d.searchText);
+    if (searchBox_->text() != text) searchBox_->setText(text);
+    meaningOption_->setChecked(d.option == FieldMeaning);
+    translitOption_->setChecked(d.option == FieldTranslit);
+    gardinerOption_->setChecked(d.option == FieldGardiner);
+    commentOption_->setChecked(d.option == FieldComment);
+    signsOption_->setChecked(d.option == FieldLayout);
+    exactCheck_->setChecked(d.exactChecked);
+    exactWordCheck_->setChecked(d.exactWordChecked);
+    caseCheck_->setChecked(d.caseChecked);
+    ignoreVariantsCheck_->setChecked(d.ignoreVariantsChecked);
+    ignoreVariantsCheck_->setEnabled(d.ignoreVariantsEnabled);
+    typewriterButton_->setEnabled(d.typewriterEnabled);
+    pickSignButton_->setEnabled(d.option == FieldLayout);
+    QPalette pal = searchBox_->palette();
     if (d.transliterationFont) {
-        txtSearch_->setFont(LetterColumn::transliterationFont(10));
+        searchBox_->setFont(LetterColumn::transliterationFont(10));
         pal.setColor(QPalette::Text, QColor(0, 0, 255));
     } else {
-        txtSearch_->setFont(font());
+        searchBox_->setFont(font());
         pal.setColor(QPalette::Text, QColor(0, 0, 0));
     }
-    txtSearch_->setPalette(pal);
+    searchBox_->setPalette(pal);
     refreshing_ = false;
 }
 
 void SearchDialog::choose(int field) {
-    SearchChooseOption(app_, field);
+    searchChooseOption(app_, field);
     refresh();
-    txtSearch_->setFocus();
+    searchBox_->setFocus();
     entriesChanged();
 }
 
 void SearchDialog::entriesChanged() {
     // Typing into an empty list that was never asked for stays quiet until there is text.
-    if (app_.search.txtSearch.empty() && lstFound_->isHidden()) return;
+    if (app_.search.searchText.empty() && foundList_->isHidden()) return;
     liveTimer_->start();
 }
 
 void SearchDialog::pickSign() {
     if (!app_.windows->chooseSignFromBrowser()) return;
-    std::string& text = app_.search.txtSearch;
+    std::string& text = app_.search.searchText;
     if (!text.empty() && text.back() != ' ') text += ' ';
     text += app_.chosenSign.code;
     refresh();
@@ -317,11 +318,11 @@ void SearchDialog::pickSign() {
 }
 
 std::vector<int> SearchDialog::foundWords() const {
-    return lstFound_->isHidden() ? std::vector<int>{} : found_->words();
+    return foundList_->isHidden() ? std::vector<int>{} : found_->words();
 }
 
 void SearchDialog::ok() {
-    if (SearchOk(app_)) hide();
+    if (searchOk(app_)) hide();
 }
 
 void SearchDialog::cancel() {
@@ -330,7 +331,7 @@ void SearchDialog::cancel() {
 
 void SearchDialog::closeEvent(QCloseEvent* e) {
     // Closed by its Cancel button, Escape or the window's close button: all are Cancel.
-    if (app_.search.loaded) SearchCancel(app_);
+    if (app_.search.loaded) searchCancel(app_);
     e->accept();
 }
 
@@ -350,17 +351,17 @@ void SearchDialog::resizeEvent(QResizeEvent* e) {
     QDialog::resizeEvent(e);
     if (windowState() & Qt::WindowMinimized) return;
     const int widthTwips = width() * TwipsPerPixel;
-    const int wanted = SearchDialogWidth(widthTwips);
+    const int wanted = searchDialogWidth(widthTwips);
     if (wanted != widthTwips) {
         resize((wanted + TwipsPerPixel - 1) / TwipsPerPixel, height());
         return;
     }
-    txtSearch_->setFixedWidth(
-        static_cast<int>(std::lround(SearchTextWidth(widthTwips) / double(TwipsPerPixel))));
+    searchBox_->setFixedWidth(
+        static_cast<int>(std::lround(searchTextWidth(widthTwips) / double(TwipsPerPixel))));
 }
 
 bool SearchDialog::eventFilter(QObject* watched, QEvent* e) {
-    if (watched == txtSearch_ && e->type() == QEvent::FocusIn) SearchTextFocused(app_);
+    if (watched == searchBox_ && e->type() == QEvent::FocusIn) searchTextFocused(app_);
     return QDialog::eventFilter(watched, e);
 }
 
@@ -368,13 +369,13 @@ void SearchDialog::updateFound(bool live) {
     liveTimer_->stop();
     const SearchDialogState& d = app_.search;
     auto showList = [&](const QString& label) {
-        lblFound_->setText(label);
-        const bool wasHidden = lstFound_->isHidden();
-        lblFound_->show();
-        lstFound_->show();
+        foundLabel_->setText(label);
+        const bool wasHidden = foundList_->isHidden();
+        foundLabel_->show();
+        foundList_->show();
         if (wasHidden) resize(std::max(width(), 640), height() + 260);
     };
-    if (d.txtSearch.empty()) {
+    if (d.searchText.empty()) {
         if (!live) {
             app_.dialogs.message("You must write something in the search box", "Null String",
                                  Buttons::OK, Icon::Exclamation);
@@ -386,7 +387,8 @@ void SearchDialog::updateFound(bool live) {
     }
     try {
         if (d.option == FieldLayout) {
-            const SignQueryReading r = ReadSignQuery(app_.lists, d.txtSearch, d.chkIgnoreVariants);
+            const SignQueryReading r =
+                readSignQuery(app_.lists, d.searchText, d.ignoreVariantsChecked);
             if (!r.unknown.empty()) {
                 if (!live)
                     app_.dialogs.message(r.unknown + " was not found", "Phonetic Not Found",
@@ -395,15 +397,16 @@ void SearchDialog::updateFound(bool live) {
                 showList(qs(r.unknown + " is neither a sign code nor a phonetic value"));
                 return;
             }
-            found_->setWords(FindAllBySigns(app_.store, r.query));
+            found_->setWords(findAllBySigns(app_.store, r.query));
             foundCriteria_ = SearchCriteria{};
-            foundCriteria_.pattern = SignQueryText(r.query);
+            foundCriteria_.pattern = signQueryText(r.query);
             foundCriteria_.caseSensitive = true;
             foundCriteria_.ignoreVariants = r.query.foldVariants;
         } else {
-            const SearchCriteria c = PrepareCriteria(d.txtSearch, d.ChkExact, d.chkExactWord,
-                                                     d.chkCase, d.chkIgnoreVariants);
-            found_->setWords(FindAll(app_.store, c, d.option));
+            const SearchCriteria c =
+                prepareCriteria(d.searchText, d.exactChecked, d.exactWordChecked, d.caseChecked,
+                                d.ignoreVariantsChecked);
+            found_->setWords(findAll(app_.store, c, d.option));
             foundCriteria_ = c;
         }
         foundField_ = d.option;
@@ -419,8 +422,8 @@ void SearchDialog::updateFound(bool live) {
     // the user types; the pictures get room for a few signs.
     if (!columnsFitted_ && n > 0) {
         columnsFitted_ = true;
-        for (int column : {0, 2, 3}) lstFound_->resizeColumnToContents(column);
-        lstFound_->setColumnWidth(1, 170);
+        for (int column : {0, 2, 3}) foundList_->resizeColumnToContents(column);
+        foundList_->setColumnWidth(1, 170);
     }
 }
 

@@ -20,7 +20,7 @@ QPixmap signPixmap(const SignPicture& picture, double scale, double devicePixelR
             // Larger than the picture: drawn from the sign's outline (or its picture smoothly
             // scaled) at the screen's own pixels.
             if (pixels > 1.01 || pixels < 0.99) {
-                p = QPixmap::fromImage(SignImage(picture, pixels));
+                p = QPixmap::fromImage(signImage(picture, pixels));
                 p.setDevicePixelRatio(devicePixelRatio);
             }
             return p;

@@ -23,7 +23,7 @@ SortDialog::SortDialog(App& app, QWidget* parent) : QDialog(parent), app_(app) {
     setObjectName("Sort");
     setWindowTitle("Sort by");
     setModal(true);
-    if (!app_.sortDialog.loaded) LoadSortDialog(app_);
+    if (!app_.sortDialog.loaded) loadSortDialog(app_);
 
     auto* frame = new QGroupBox("Sort By:", this);
     frame->setObjectName("Frame1");
@@ -92,12 +92,12 @@ void SortDialog::showModal() {
 }
 
 void SortDialog::ok() {
-    SortDialogOk(app_);
+    sortDialogOk(app_);
     accept();
 }
 
 void SortDialog::reject() {
-    SortDialogCancel(app_);
+    sortDialogCancel(app_);
     QDialog::reject();
 }
 

@@ -17,7 +17,7 @@ public:
     explicit SortDialog(App& app, QWidget* parent = nullptr);
 
     // Shows the dialog modally; afterwards App::sortDialog.sortField holds the choice.
-    // Windows::showSortDialog of the program calls this.
+    // WindowHost::showSortDialog of the program calls this.
     void showModal();
 
     void reject() override; // Cancel, Escape and the window's close button

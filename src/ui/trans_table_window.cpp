@@ -20,14 +20,14 @@ TransTableWindow::TransTableWindow(QWidget* parent) : QWidget(parent, Qt::Tool) 
     setAttribute(Qt::WA_DeleteOnClose);
 
     const OrderMenu orderMenu = addOrderMenu(this);
-    mnuEgypt_ = orderMenu.mnuEgypt;
-    mnuLatin_ = orderMenu.mnuLatin;
-    connect(mnuEgypt_, &QAction::triggered, this, [this] {
-        TransTableEgyptological(state_);
+    egyptAction_ = orderMenu.egyptAction;
+    latinAction_ = orderMenu.latinAction;
+    connect(egyptAction_, &QAction::triggered, this, [this] {
+        transTableEgyptological(state_);
         refresh();
     });
-    connect(mnuLatin_, &QAction::triggered, this, [this] {
-        TransTableAlphabetical(state_);
+    connect(latinAction_, &QAction::triggered, this, [this] {
+        transTableAlphabetical(state_);
         refresh();
     });
 
@@ -43,24 +43,24 @@ TransTableWindow::TransTableWindow(QWidget* parent) : QWidget(parent, Qt::Tool) 
     Label3->setObjectName(QStringLiteral("Label3"));
     auto* Label4 = new QLabel(QStringLiteral("MdC equivalent"), table);
     Label4->setObjectName(QStringLiteral("Label4"));
-    Label2_ = new LetterColumn(table);
-    Label2_->setObjectName(QStringLiteral("Label2"));
-    Label2_->setFont(LetterColumn::transliterationFont(16));
-    Label1_ = new LetterColumn(table);
-    Label1_->setObjectName(QStringLiteral("Label1"));
+    fontColumn_ = new LetterColumn(table);
+    fontColumn_->setObjectName(QStringLiteral("Label2"));
+    fontColumn_->setFont(LetterColumn::transliterationFont(16));
+    plainColumn_ = new LetterColumn(table);
+    plainColumn_->setObjectName(QStringLiteral("Label1"));
     QFont cambria(QStringLiteral("Cambria"));
     cambria.setPointSize(14);
-    Label1_->setFont(cambria);
+    plainColumn_->setFont(cambria);
 
     auto* grid = new QGridLayout(table);
     grid->addWidget(Label3, 0, 0, Qt::AlignHCenter);
     grid->addWidget(Label4, 0, 1, Qt::AlignHCenter);
-    grid->addWidget(Label2_, 1, 0);
-    grid->addWidget(Label1_, 1, 1);
-    auto* lblNote = new QLabel(QString::fromUtf8(TransTableNote), table);
-    lblNote->setObjectName(QStringLiteral("lblNote"));
-    lblNote->setWordWrap(true);
-    grid->addWidget(lblNote, 2, 0, 1, 2);
+    grid->addWidget(fontColumn_, 1, 0);
+    grid->addWidget(plainColumn_, 1, 1);
+    auto* noteLabel = new QLabel(QString::fromUtf8(TransTableNote), table);
+    noteLabel->setObjectName(QStringLiteral("lblNote"));
+    noteLabel->setWordWrap(true);
+    grid->addWidget(noteLabel, 2, 0, 1, 2);
     scroll->setWidget(table);
     auto* box = new QVBoxLayout(this);
     box->setContentsMargins(0, 0, 0, 0);
@@ -76,14 +76,14 @@ TransTableWindow::TransTableWindow(QWidget* parent) : QWidget(parent, Qt::Tool) 
 }
 
 void TransTableWindow::refresh() {
-    Label1_->setText(QString::fromStdString(state_.Label1));
-    Label2_->setText(QString::fromStdString(state_.Label2));
+    plainColumn_->setText(QString::fromStdString(state_.plainLetters));
+    fontColumn_->setText(QString::fromStdString(state_.fontLetters));
     // One cell height for both columns, so each scholarly letter stands beside its plain one.
-    const int cell = std::max(Label1_->naturalCellHeight(), Label2_->naturalCellHeight());
-    Label1_->setCellHeight(cell);
-    Label2_->setCellHeight(cell);
-    mnuEgypt_->setChecked(state_.mnuEgyptChecked);
-    mnuLatin_->setChecked(state_.mnuLatinChecked);
+    const int cell = std::max(plainColumn_->naturalCellHeight(), fontColumn_->naturalCellHeight());
+    plainColumn_->setCellHeight(cell);
+    fontColumn_->setCellHeight(cell);
+    egyptAction_->setChecked(state_.egyptChecked);
+    latinAction_->setChecked(state_.latinChecked);
     setWindowTitle(QString::fromStdString(state_.caption));
 }
 

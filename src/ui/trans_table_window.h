@@ -21,10 +21,10 @@ private:
     void refresh();
 
     TransTableState state_;
-    LetterColumn* Label1_ = nullptr;
-    LetterColumn* Label2_ = nullptr;
-    QAction* mnuEgypt_ = nullptr;
-    QAction* mnuLatin_ = nullptr;
+    LetterColumn* plainColumn_ = nullptr;
+    LetterColumn* fontColumn_ = nullptr;
+    QAction* egyptAction_ = nullptr;
+    QAction* latinAction_ = nullptr;
 };
 
 } // namespace nebkaro

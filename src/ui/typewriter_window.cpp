@@ -20,10 +20,10 @@ TypewriterWindow::TypewriterWindow(App& app, QWidget* parent)
     setAttribute(Qt::WA_DeleteOnClose);
 
     const OrderMenu orderMenu = addOrderMenu(this);
-    mnuEgypt_ = orderMenu.mnuEgypt;
-    mnuLatin_ = orderMenu.mnuLatin;
-    connect(mnuEgypt_, &QAction::triggered, this, [this] { applyOrder(false); });
-    connect(mnuLatin_, &QAction::triggered, this, [this] { applyOrder(true); });
+    egyptAction_ = orderMenu.egyptAction;
+    latinAction_ = orderMenu.latinAction;
+    connect(egyptAction_, &QAction::triggered, this, [this] { applyOrder(false); });
+    connect(latinAction_, &QAction::triggered, this, [this] { applyOrder(true); });
 
     // Keys never take the focus: the caret stays in the box being typed into.
     auto makeButton = [this](const QString& name, const QString& caption) {
@@ -58,7 +58,7 @@ TypewriterWindow::TypewriterWindow(App& app, QWidget* parent)
         grid->addWidget(b, row, col);
         connect(b, &QPushButton::clicked, this, [this, k] {
             const std::string caption = state_.keys.at(static_cast<std::size_t>(k));
-            press([caption](App& a) { return TypewriterKey(a, caption); });
+            press([caption](App& a) { return typewriterKey(a, caption); });
         });
         keys_.push_back(b);
     }
@@ -66,19 +66,19 @@ TypewriterWindow::TypewriterWindow(App& app, QWidget* parent)
     QPushButton* bksp = makeButton(QStringLiteral("btnBksp"), QStringLiteral("<- BackSpace"));
     grid->addWidget(space, 5, 0, 1, 6);
     grid->addWidget(bksp, 5, 6, 1, 4);
-    connect(space, &QPushButton::clicked, this, [this] { press(TypewriterSpace); });
-    connect(bksp, &QPushButton::clicked, this, [this] { press(TypewriterBackspace); });
+    connect(space, &QPushButton::clicked, this, [this] { press(typewriterSpace); });
+    connect(bksp, &QPushButton::clicked, this, [this] { press(typewriterBackspace); });
 
     auto* box = new QVBoxLayout(this);
     box->setMenuBar(orderMenu.bar);
     box->addLayout(grid);
 
-    TypewriterLoad(app_, state_);
+    typewriterLoad(app_, state_);
     refresh();
 }
 
 void TypewriterWindow::applyOrder(bool alphabetical) {
-    SetTypewriterLayout(state_, alphabetical);
+    setTypewriterLayout(state_, alphabetical);
     refresh();
 }
 
@@ -88,8 +88,8 @@ void TypewriterWindow::refresh() {
         keys_[k]->setText(
             QString::fromStdString(state_.keys[k]).replace('&', QStringLiteral("&&")));
     }
-    mnuEgypt_->setChecked(state_.mnuEgyptChecked);
-    mnuLatin_->setChecked(state_.mnuLatinChecked);
+    egyptAction_->setChecked(state_.egyptChecked);
+    latinAction_->setChecked(state_.latinChecked);
     setWindowTitle(QString::fromStdString(state_.caption));
 }
 

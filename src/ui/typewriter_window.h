@@ -35,8 +35,8 @@ private:
     App& app_;
     TypewriterState state_;
     std::vector<QPushButton*> keys_;
-    QAction* mnuEgypt_ = nullptr;
-    QAction* mnuLatin_ = nullptr;
+    QAction* egyptAction_ = nullptr;
+    QAction* latinAction_ = nullptr;
 };
 
 } // namespace nebkaro

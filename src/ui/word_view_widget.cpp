@@ -28,8 +28,8 @@ using ui::px;
 
 namespace {
 
-// The boxes' left edge and height, and the tops of RichGardinerlbl, GardinerTxt, TransLitTxt,
-// MeaningTxt and CommentTxt (each box's caption stands 240 twips above it).
+// The boxes' left edge and height, and the tops of richGardiner, gardiner, transliteration,
+// meaning and comment (each box's caption stands 240 twips above it).
 constexpr int FieldLeft = 400;
 constexpr int BoxHeight = 330;
 constexpr int FieldTop[5] = {3960, 4620, 5280, 5940, 6600};
@@ -149,7 +149,7 @@ void WordViewWidget::buildFields() {
         if (boxTips[i]) e->setToolTip(QLatin1String(boxTips[i]));
         const TextBox box = static_cast<TextBox>(i);
         connect(e, &QLineEdit::textEdited, this, [this, box, e](const QString& text) {
-            TextBoxChanged(app_, box, text.toStdString());
+            textBoxChanged(app_, box, text.toStdString());
             showKeptText(e, text, QString::fromStdString(textOf(app_.view, box)));
         });
         e->installEventFilter(this);
@@ -184,9 +184,9 @@ void WordViewWidget::buildNavigation() {
     number_->setObjectName(QStringLiteral("txtNumber"));
     number_->setAlignment(Qt::AlignRight);
     connect(number_, &QLineEdit::textEdited, this,
-            [this](const QString& t) { app_.view.txtNumber = t.toStdString(); });
+            [this](const QString& t) { app_.view.wordNumber = t.toStdString(); });
     connect(number_, &QLineEdit::returnPressed, this, [this] {
-        if (CommandAvailable(app_, CommandId::Go)) Q_EMIT commandRequested(CommandId::Go);
+        if (commandAvailable(app_, CommandId::Go)) Q_EMIT commandRequested(CommandId::Go);
     });
 
     counter_ = new QLabel(this);
@@ -210,7 +210,7 @@ void WordViewWidget::buildNavigation() {
 
 void WordViewWidget::buildButtons() {
     int spare = 5; // buttons the design does not place go after the second row's
-    for (const ViewButton& b : WordViewButtons()) {
+    for (const ViewButton& b : wordViewButtons()) {
         auto* button = new QPushButton(latin1(b.caption), this);
         button->setObjectName(latin1(b.objectName));
         button->setToolTip(latin1(b.toolTip));
@@ -219,7 +219,7 @@ void WordViewWidget::buildButtons() {
         connect(button, &QPushButton::clicked, this, [this, id] { Q_EMIT commandRequested(id); });
         buttons_.emplace_back(button, id);
         if (b.objectName == "cmdTransGuess") {
-            // Placed beside TransLitTxt, in the narrow room the design leaves it.
+            // Placed beside transliteration, in the narrow room the design leaves it.
             QFont small = button->font();
             small.setPointSizeF(small.pointSizeF() * 0.9);
             button->setFont(small);
@@ -243,14 +243,14 @@ void WordViewWidget::showView() {
             e->setText(t);
         }
     };
-    setText(boxes_[0], v.GardinerTxt);
-    setText(boxes_[1], v.TransLitTxt);
-    setText(boxes_[2], v.MeaningTxt);
-    setText(boxes_[3], v.CommentTxt);
-    setText(number_, v.txtNumber);
-    richGardiner_->setText(QString::fromStdString(v.RichGardinerlbl));
+    setText(boxes_[0], v.gardiner);
+    setText(boxes_[1], v.transliteration);
+    setText(boxes_[2], v.meaning);
+    setText(boxes_[3], v.comment);
+    setText(number_, v.wordNumber);
+    richGardiner_->setText(QString::fromStdString(v.richGardiner));
     // A long layout runs past the box.
-    richGardiner_->setToolTip(QString::fromStdString(v.RichGardinerlbl));
+    richGardiner_->setToolTip(QString::fromStdString(v.richGardiner));
 
     for (int i = 0; i < 5; ++i) {
         const QSignalBlocker block(hide_[static_cast<std::size_t>(i)]);
@@ -285,7 +285,7 @@ void WordViewWidget::showCounter(int value) {
 void WordViewWidget::layoutControls() {
     const WordView& v = app_.view;
     if (toolBar_) toolBar_->setGeometry(0, 0, window()->width(), px(480));
-    const Rect& a = v.geometry.DispAreaShp;
+    const Rect& a = v.geometry.displayArea;
     const int extra = extraHeight();
     dispArea_->setGeometry(pixelRect(a.left, a.top, a.width, a.height).adjusted(0, 0, 0, extra));
     progressTrack_->setGeometry(pixelRect(a.left, 3060, v.geometry.progressContainerWidth, 120));
@@ -304,7 +304,7 @@ void WordViewWidget::layoutControls() {
 
 void WordViewWidget::layoutFields() {
     const int w = app_.view.windowWidth;
-    const MainLayout l = MainLayoutFor(w);
+    const MainLayout l = mainLayoutFor(w);
     richGardiner_->setGeometry(pixelRect(FieldLeft, FieldTop[0], l.textWidth, BoxHeight));
     boxes_[0]->setGeometry(pixelRect(FieldLeft, FieldTop[1], l.textWidth, BoxHeight));
     boxes_[1]->setGeometry(pixelRect(FieldLeft, FieldTop[2], l.translitWidth, BoxHeight));
@@ -352,11 +352,11 @@ void WordViewWidget::showGlyphs() {
             l->hide();
             continue;
         }
-        const int zoom = ClampZoom(app_.settings.wordZoom);
+        const int zoom = clampZoom(app_.settings.wordZoom);
         const QPixmap pm = glyphPixmap(img, zoom, l->devicePixelRatioF());
-        const Rect& area = v.geometry.DispAreaShp;
+        const Rect& area = v.geometry.displayArea;
         const Rect box =
-            ZoomedBox({img.left, img.top, img.picture.width, img.picture.height}, area, zoom);
+            zoomedBox({img.left, img.top, img.picture.width, img.picture.height}, area, zoom);
         // The word stays centred in an area that grew with the window.
         QRect r(px(box.left), px(box.top) + extraHeight() / 2, px(box.width), px(box.height));
         // An unreadable picture is an empty framed square; Show Borders frames every sign,
@@ -383,13 +383,13 @@ void WordViewWidget::mousePressEvent(QMouseEvent* e) {
     // The display area's right-click menu is an event of the view itself.
     const QPoint at = e->position().toPoint();
     const int x = ui::twips(at.x()), y = ui::twips(at.y());
-    if (app_.view.geometry.DispAreaShp.contains(x, y)) dispArea_->setFocus(Qt::MouseFocusReason);
-    if (OpensFieldMenu(app_.view, buttonCode(e->button()), x, y))
+    if (app_.view.geometry.displayArea.contains(x, y)) dispArea_->setFocus(Qt::MouseFocusReason);
+    if (opensFieldMenu(app_.view, buttonCode(e->button()), x, y))
         Q_EMIT fieldMenuRequested(e->globalPosition().toPoint());
 }
 
 void WordViewWidget::mouseDoubleClickEvent(QMouseEvent* e) {
-    if (e->button() == Qt::LeftButton && CommandAvailable(app_, CommandId::EditWord))
+    if (e->button() == Qt::LeftButton && commandAvailable(app_, CommandId::EditWord))
         Q_EMIT commandRequested(CommandId::EditWord);
 }
 
@@ -429,11 +429,11 @@ void WordViewWidget::boxFocusChanged(int index, bool focusIn, Qt::FocusReason re
     if (focusIn) {
         if (passing && focusedBox_ == index) return;
         focusedBox_ = index;
-        TextBoxGotFocus(app_, box);
+        textBoxGotFocus(app_, box);
     } else {
         if (passing) return;
         focusedBox_ = -1;
-        TextBoxLostFocus(app_, box);
+        textBoxLostFocus(app_, box);
     }
 }
 

@@ -76,7 +76,7 @@ private:
     QFrame* dispArea_ = nullptr;
     std::array<QLabel*, GlyphTable::Slots> glyphs_{};
     QLabel* richGardiner_ = nullptr;
-    std::array<QLineEdit*, 4> boxes_{}; // GardinerTxt, TransLitTxt, MeaningTxt, CommentTxt
+    std::array<QLineEdit*, 4> boxes_{}; // gardiner, transliteration, meaning, comment
     std::array<QCheckBox*, 5> hide_{};  // in HideBox order
     QLineEdit* number_ = nullptr;
     QLabel* counter_ = nullptr;

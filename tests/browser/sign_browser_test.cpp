@@ -21,18 +21,18 @@ struct SignBrowserTest : ::testing::Test {
     SignBrowser browser{t.app};
 
     SignBrowserTest() {
-        ParseSignList(app.lists, browserList());
-        ParsePhonetic(app.lists, "G17,m\r\nN35,n\r\nM17,i\r\nM17,y\r\nAa1,x\r\nG1,A\r\n");
+        parseSignList(app.lists, browserList());
+        parsePhonetic(app.lists, "G17,m\r\nN35,n\r\nM17,i\r\nM17,y\r\nAa1,x\r\nG1,A\r\n");
         t.pictures.sizes = {{"G17", {450, 600}}, {"N35", {600, 150}}, {"A1", {300, 600}}};
-        browser.Load();
+        browser.open();
     }
     int start(char letter) const {
-        return app.lists.CategoryTable[static_cast<std::size_t>(letter - 63)][2];
+        return app.lists.categoryTable[static_cast<std::size_t>(letter - 63)][2];
     }
     std::string codes() const {
         std::string out;
-        for (const auto& p : browser.picGlyph)
-            if (p.visible) out += (out.empty() ? "" : " ") + p.lblGlyph;
+        for (const auto& p : browser.glyphPictures)
+            if (p.visible) out += (out.empty() ? "" : " ") + p.glyphLabel;
         return out;
     }
 };
@@ -47,37 +47,39 @@ TEST_F(SignBrowserTest, NavigationStaysWithinCategoriesAndStopsAtBothEnds) {
     std::string first25G = "G1";
     for (int k = 2; k <= 25; ++k) first25G += " G" + std::to_string(k);
     const Case cases[] = {
-        {"Prevcat on @", [] {}, [&] { browser.cmdPrevcat(); }, "G1 M17 N35"},
-        {"Prev on @", [] {}, [&] { browser.cmdPrev(); }, "G1 M17 N35"},
-        {"NextCat on Z", [&] { browser.cmdLast(); }, [&] { browser.cmdNextCat(); }, "Z1 Z2"},
-        {"Next on the last page", [&] { browser.cmdLast(); }, [&] { browser.cmdNext(); }, "Z1 Z2"},
-        {"Last", [] {}, [&] { browser.cmdLast(); }, "Z1 Z2"},
-        {"First", [&] { browser.cmdLast(); }, [&] { browser.cmdFirst(); }, "G1 M17 N35"},
-        {"NextCat on @", [] {}, [&] { browser.cmdNextCat(); }, "A1 A2 Aa1"},
-        {"Prevcat on A", [&] { browser.cmdNextCat(); }, [&] { browser.cmdPrevcat(); },
-         "G1 M17 N35"},
-        {"Next on @", [] {}, [&] { browser.cmdNext(); }, "A1 A2 Aa1"},
+        {"Prevcat on @", [] {}, [&] { browser.showPreviousCategory(); }, "G1 M17 N35"},
+        {"Prev on @", [] {}, [&] { browser.showPreviousPage(); }, "G1 M17 N35"},
+        {"NextCat on Z", [&] { browser.showLastPage(); }, [&] { browser.showNextCategory(); },
+         "Z1 Z2"},
+        {"Next on the last page", [&] { browser.showLastPage(); }, [&] { browser.showNextPage(); },
+         "Z1 Z2"},
+        {"Last", [] {}, [&] { browser.showLastPage(); }, "Z1 Z2"},
+        {"First", [&] { browser.showLastPage(); }, [&] { browser.showFirstPage(); }, "G1 M17 N35"},
+        {"NextCat on @", [] {}, [&] { browser.showNextCategory(); }, "A1 A2 Aa1"},
+        {"Prevcat on A", [&] { browser.showNextCategory(); },
+         [&] { browser.showPreviousCategory(); }, "G1 M17 N35"},
+        {"Next on @", [] {}, [&] { browser.showNextPage(); }, "A1 A2 Aa1"},
         // A long category runs over pages of 25 without crossing into the next.
-        {"G", [] {}, [&] { browser.cmbCategoryClick(7); }, first25G},
-        {"Next in G", [&] { browser.cmbCategoryClick(7); }, [&] { browser.cmdNext(); },
+        {"G", [] {}, [&] { browser.showCategory(7); }, first25G},
+        {"Next in G", [&] { browser.showCategory(7); }, [&] { browser.showNextPage(); },
          "G26 G27 G28 G29 G30"},
-        {"Next after G", [&] { browser.cmbCategoryClick(7), browser.cmdNext(); },
-         [&] { browser.cmdNext(); }, "I9"},
+        {"Next after G", [&] { browser.showCategory(7), browser.showNextPage(); },
+         [&] { browser.showNextPage(); }, "I9"},
         // J has no signs: stepping and choosing it lands on a neighbour.
-        {"Prevcat from K", [&] { browser.cmbCategoryClick(11); }, [&] { browser.cmdPrevcat(); },
-         "I9"},
-        {"NextCat from I", [&] { browser.cmbCategoryClick(9); }, [&] { browser.cmdNextCat(); },
+        {"Prevcat from K", [&] { browser.showCategory(11); },
+         [&] { browser.showPreviousCategory(); }, "I9"},
+        {"NextCat from I", [&] { browser.showCategory(9); }, [&] { browser.showNextCategory(); },
          "K1"},
-        {"J itself", [] {}, [&] { browser.cmbCategoryClick(10); }, "K1"},
+        {"J itself", [] {}, [&] { browser.showCategory(10); }, "K1"},
     };
     for (const auto& c : cases) {
-        browser.Load();
+        browser.open();
         c.before();
         c.press();
         EXPECT_EQ(codes(), c.shows) << c.name;
     }
-    browser.cmbCategoryClick(10);
-    EXPECT_EQ(browser.lblCategory, "K - Fishes and Parts of Fishes");
+    browser.showCategory(10);
+    EXPECT_EQ(browser.categoryLabel, "K - Fishes and Parts of Fishes");
 }
 
 TEST_F(SignBrowserTest, PreviousStepsBackByTheCategorysCountAtMostAPage) {
@@ -95,13 +97,13 @@ TEST_F(SignBrowserTest, PreviousStepsBackByTheCategorysCountAtMostAPage) {
     };
     for (const auto& c : cases) {
         browser.pageStart = c.from;
-        browser.Paint();
-        browser.cmdPrev();
+        browser.paint();
+        browser.showPreviousPage();
         EXPECT_EQ(browser.pageStart, c.to) << c.name;
     }
     browser.pageStart = start('I');
-    browser.cmdPrev();
-    EXPECT_EQ(browser.picGlyph[0].lblGlyph, "G6");
+    browser.showPreviousPage();
+    EXPECT_EQ(browser.glyphPictures[0].glyphLabel, "G6");
     EXPECT_EQ(browser.pageCount, 25);
 }
 
@@ -113,59 +115,59 @@ TEST_F(SignBrowserTest, GoFindsCodesByTheirUpperCase) {
     const Case cases[] = {{"g17", "G17"}, {"G17", "G17"}, {"Aa1", ""}, {"aa1", ""},
                           {"Q1", ""},     {"z2", "Z2"},   {" G17", ""}};
     for (const auto& c : cases) {
-        browser.Load();
+        browser.open();
         t.dialogs.prompts.clear();
-        browser.txtGlyph = c.typed;
-        browser.cmdGo();
+        browser.glyphText = c.typed;
+        browser.goToCode();
         if (*c.first) {
-            EXPECT_EQ(browser.picGlyph[0].lblGlyph, c.first) << c.typed;
+            EXPECT_EQ(browser.glyphPictures[0].glyphLabel, c.first) << c.typed;
             EXPECT_TRUE(t.dialogs.prompts.empty()) << c.typed;
         } else {
             EXPECT_EQ(browser.pageStart, 1) << c.typed;
             EXPECT_EQ(t.dialogs.messages(), std::vector<std::string>{"Hieroglyph not found"});
         }
     }
-    browser.txtGlyph = "g17";
-    browser.cmdGo();
-    EXPECT_EQ(browser.lblCategory, "G - Birds");
+    browser.glyphText = "g17";
+    browser.goToCode();
+    EXPECT_EQ(browser.categoryLabel, "G - Birds");
     // By transliteration: the phonetic code, upper-cased like a typed one.
-    browser.txtTrans = "m";
-    browser.cmdGoTrans();
-    EXPECT_EQ(browser.txtGlyph, "G17");
-    EXPECT_EQ(browser.picGlyph[0].lblGlyph, "G17");
+    browser.transText = "m";
+    browser.goToTransliteration();
+    EXPECT_EQ(browser.glyphText, "G17");
+    EXPECT_EQ(browser.glyphPictures[0].glyphLabel, "G17");
 }
 
 TEST_F(SignBrowserTest, TooltipsNameTheCodeAndEveryPhoneticValue) {
-    EXPECT_EQ(browser.picGlyph[0].tooltip, "G1: A");
-    EXPECT_EQ(browser.picGlyph[1].tooltip, "M17: i, y");
-    browser.cmdNextCat();
-    EXPECT_EQ(browser.picGlyph[0].tooltip, "A1");
+    EXPECT_EQ(browser.glyphPictures[0].tooltip, "G1: A");
+    EXPECT_EQ(browser.glyphPictures[1].tooltip, "M17: i, y");
+    browser.showNextCategory();
+    EXPECT_EQ(browser.glyphPictures[0].tooltip, "A1");
 }
 
 TEST_F(SignBrowserTest, ChoosingLeavesTheSignForTheComposer) {
-    browser.txtGlyph = "G16";
-    browser.cmdGo();
-    ASSERT_TRUE(browser.Choose(1));
+    browser.glyphText = "G16";
+    browser.goToCode();
+    ASSERT_TRUE(browser.choose(1));
     EXPECT_EQ(app.chosenSign.code, "G17");
     EXPECT_EQ(app.chosenSign.entry, start('G') + 16);
-    EXPECT_EQ(app.lists.SignCodes[static_cast<std::size_t>(app.chosenSign.entry)], "G17");
+    EXPECT_EQ(app.lists.signCodes[static_cast<std::size_t>(app.chosenSign.entry)], "G17");
     EXPECT_EQ(app.chosenSign.pictureNumber, 1);
     EXPECT_EQ(app.chosenSign.picture.width, 450);
-    browser.cmdLast();
-    EXPECT_FALSE(browser.Choose(5)) << "no sign in that place";
+    browser.showLastPage();
+    EXPECT_FALSE(browser.choose(5)) << "no sign in that place";
     EXPECT_EQ(app.chosenSign.code, "G17");
 }
 
 TEST_F(SignBrowserTest, AnEmptyListShowsAnEmptyPage) {
-    ParseSignList(app.lists, "");
+    parseSignList(app.lists, "");
     app.lists.preambleCount = 0;
-    browser.Load();
+    browser.open();
     EXPECT_EQ(browser.pageCount, 0);
-    EXPECT_EQ(browser.lblCategory, "");
-    browser.cmdNext();
-    browser.cmdLast();
-    browser.cmdNextCat();
-    browser.cmdPrev();
+    EXPECT_EQ(browser.categoryLabel, "");
+    browser.showNextPage();
+    browser.showLastPage();
+    browser.showNextCategory();
+    browser.showPreviousPage();
     EXPECT_EQ(browser.pageCount, 0);
 }
 

@@ -34,7 +34,7 @@ void literalCombSort(Rows& rows, int column, int upper, SortOrder order, int pas
                 b = text::upper(b);
             }
             if (order.reverse) std::swap(a, b);
-            const bool greater = column == FieldGardiner ? GardinerGreater(a, b) : a > b;
+            const bool greater = column == FieldGardiner ? gardinerGreater(a, b) : a > b;
             if (greater) {
                 std::swap(rows[i], rows[i + gap]);
                 swapped = true;
@@ -89,12 +89,12 @@ TEST(ArrayFunctions, CombSortKeepsTheExactOrderOfTheLiteralAlgorithm) {
             store.setRow(static_cast<int>(i), actual[i]);
         store.lastIndex = size - 1;
         literalCombSort(expected, column, upper, order);
-        CombSort(t.app, actual, column, upper, order);
+        combSort(t.app, actual, column, upper, order);
         ASSERT_EQ(actual, expected) << "round " << round;
         // The dictionary's own rows, sorted in place, come out the same; a Cancel after some
         // passes leaves them as those passes left them.
         DictionaryStore cancelled = store;
-        CombSort(t.app, store, column, upper, order);
+        combSort(t.app, store, column, upper, order);
         for (std::size_t i = 0; i < expected.size(); ++i)
             ASSERT_EQ(store.row(static_cast<int>(i)), expected[i]) << "round " << round;
         const int passes = 1 + static_cast<int>(rng() % 3), yieldsBefore = t.events.yields;
@@ -103,7 +103,7 @@ TEST(ArrayFunctions, CombSortKeepsTheExactOrderOfTheLiteralAlgorithm) {
         };
         Rows partly = rowsOf(column, keys);
         literalCombSort(partly, column, upper, order, passes);
-        CombSort(t.app, cancelled, column, upper, order);
+        combSort(t.app, cancelled, column, upper, order);
         t.events.onYield = nullptr;
         t.app.sortCancelled = false;
         for (std::size_t i = 0; i < partly.size(); ++i)
@@ -114,7 +114,7 @@ TEST(ArrayFunctions, CombSortKeepsTheExactOrderOfTheLiteralAlgorithm) {
 TEST(ArrayFunctions, CombSortYieldsOncePerPassAndStopsAtOnceWhenCancelled) {
     std::vector<std::string> two = {"z", "a", "0"};
     BulkApp t;
-    CombSort(t.app, two, 0, 0, {});
+    combSort(t.app, two, 0, 0, {});
     EXPECT_EQ(two, (std::vector<std::string>{"a", "z", "0"}));
     EXPECT_EQ(t.events.yields, 2); // one pass that swapped, one that did not
 
@@ -124,7 +124,7 @@ TEST(ArrayFunctions, CombSortYieldsOncePerPassAndStopsAtOnceWhenCancelled) {
     c.events.onYield = [&] {
         if (c.events.yields == 2) c.app.sortCancelled = true;
     };
-    CombSort(c.app, v, 0, std::nullopt, {});
+    combSort(c.app, v, 0, std::nullopt, {});
     EXPECT_EQ(c.events.yields, 2);
     EXPECT_FALSE(std::is_sorted(v.begin(), v.end()));
 }
@@ -132,7 +132,7 @@ TEST(ArrayFunctions, CombSortYieldsOncePerPassAndStopsAtOnceWhenCancelled) {
 TEST(ArrayFunctions, ExchangeSortShowsTheCounterEveryPassAndComparesPlainText) {
     Rows rows = rowsOf(FieldGardiner, {"A2", "B1", "A10", "A1"});
     BulkApp t;
-    ExchangeSort(t.app, rows, FieldGardiner, 2, {false, true});
+    exchangeSort(t.app, rows, FieldGardiner, 2, {false, true});
     std::vector<std::string> sorted;
     for (const auto& r : rows) sorted.push_back(r[FieldGardiner]);
     EXPECT_EQ(sorted, (std::vector<std::string>{"A1", "A10", "A2", "B1"}));
@@ -145,15 +145,15 @@ TEST(ArrayFunctions, ShuffleIsTheDescendingFisherYatesOverRowsUpToUpper) {
     std::vector<double> rnd = {0.5, 0.0, 0.99};
     std::size_t k = 0;
     std::vector<std::string> v = {"a", "b", "c", "d", "e"};
-    ShuffleRows(v, 3, [&] { return rnd.at(k++); });
+    shuffleRows(v, 3, [&] { return rnd.at(k++); });
     EXPECT_EQ(v, (std::vector<std::string>{"d", "b", "a", "c", "e"}));
     EXPECT_EQ(k, 3u);
 
     std::set<std::vector<std::string>> seen;
     for (std::uint64_t seed = 0; seed < 200; ++seed) {
         std::vector<std::string> a = {"a", "b", "c"}, b = a;
-        ShuffleRows(a, std::nullopt, SeededRandom(seed));
-        ShuffleRows(b, std::nullopt, SeededRandom(seed));
+        shuffleRows(a, std::nullopt, seededRandom(seed));
+        shuffleRows(b, std::nullopt, seededRandom(seed));
         EXPECT_EQ(a, b);
         seen.insert(a);
     }
@@ -184,7 +184,7 @@ TEST(ArrayFunctions, QuickGardinerOrderAgreesWithTheFullComparison) {
         ++quick;
         std::string ca = a, cb = b;
         bool full = false;
-        ASSERT_NO_THROW(full = GardinerGreater(ca, cb)) << a << " / " << b;
+        ASSERT_NO_THROW(full = gardinerGreater(ca, cb)) << a << " / " << b;
         ASSERT_EQ(*simple, full) << a << " / " << b;
     }
     EXPECT_GT(quick, 2000); // the quick path does carry the everyday notations

@@ -13,7 +13,7 @@
 
 namespace nebkaro::testing {
 
-struct RecordingWindows : Windows {
+struct RecordingWindows : WindowHost {
     // What the user does in the Sort dialog; unset means the dialog is cancelled.
     std::function<void()> onSortDialog;
     int sortDialogShown = 0;
@@ -40,10 +40,10 @@ struct BulkApp {
 
     BulkApp() {
         app.windows = &windows;
-        app.renderWord = [](App& a) { RenderWord(a); };
+        app.renderWord = [](App& a) { renderWord(a); };
         app.storeWord = [this](App& a) {
             ++stores;
-            Store(a);
+            storeCurrentWord(a);
         };
         app.store.dictionaryPath = "/dictionaries/Words.nkd";
     }
@@ -75,7 +75,7 @@ struct BulkApp {
             app.sortDialog.option = option;
             app.sortDialog.reverse = reverse;
             app.sortDialog.caseSensitive = caseSensitive;
-            SortDialogOk(app);
+            sortDialogOk(app);
         };
     }
 };

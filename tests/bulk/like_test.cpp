@@ -7,7 +7,7 @@
 
 using namespace nebkaro;
 
-TEST(Like, PatternsAgainstValues) {
+TEST(matchesLike, PatternsAgainstValues) {
     struct Case {
         const char* value;
         const char* pattern;
@@ -102,21 +102,21 @@ TEST(Like, PatternsAgainstValues) {
         {"a\u0161", "a[!s]", true},
     };
     for (const Case& c : cases)
-        EXPECT_EQ(Like(c.value, c.pattern), c.expected)
+        EXPECT_EQ(matchesLike(c.value, c.pattern), c.expected)
             << "'" << c.value << "' Like '" << c.pattern << "'";
 }
 
-TEST(Like, TheLetterClassAToSmallZTakesSixPunctuationMarks) {
+TEST(matchesLike, TheLetterClassAToSmallZTakesSixPunctuationMarks) {
     for (const char* c : {"A", "Z", "[", "\\", "]", "^", "_", "`", "a", "z"})
-        EXPECT_TRUE(Like(c, "[A-z]")) << c;
+        EXPECT_TRUE(matchesLike(c, "[A-z]")) << c;
     for (const char* c : {"@", "{", "0", " ", ",", "-", "\u00e9"})
-        EXPECT_FALSE(Like(c, "[A-z]")) << c;
+        EXPECT_FALSE(matchesLike(c, "[A-z]")) << c;
 }
 
-TEST(Like, MalformedPatternsAreInvalidPatternErrors) {
+TEST(matchesLike, MalformedPatternsAreInvalidPatternErrors) {
     for (const char* p : {"[abc", "a[", "*[!", "[z-a]", "x[9-0]"}) {
         try {
-            Like("abc", p);
+            matchesLike("abc", p);
             ADD_FAILURE() << p;
         } catch (const RunError& e) {
             EXPECT_EQ(e.number(), 93) << p;
@@ -135,11 +135,11 @@ TEST(LikePattern, OneCompiledPatternServesManyValues) {
 
 // Found by fuzzing: a byte that starts a multibyte sequence but is not followed by one must
 // not swallow the bracket after it.
-TEST(Like, InvalidUtf8BytesStandForThemselves) {
-    EXPECT_TRUE(Like("\xff\x7f[\xff", "\xff\x7f[[]\xff"));
-    EXPECT_TRUE(Like("\xd7%", "\xd7%"));
-    EXPECT_TRUE(Like("\xd7%", "??"));
+TEST(matchesLike, InvalidUtf8BytesStandForThemselves) {
+    EXPECT_TRUE(matchesLike("\xff\x7f[\xff", "\xff\x7f[[]\xff"));
+    EXPECT_TRUE(matchesLike("\xd7%", "\xd7%"));
+    EXPECT_TRUE(matchesLike("\xd7%", "??"));
     // An overlong "#" is two plain bytes, not a digit wildcard.
-    EXPECT_FALSE(Like("\xc0\xa3", "#"));
-    EXPECT_TRUE(Like("\xc0\xa3", "\xc0\xa3"));
+    EXPECT_FALSE(matchesLike("\xc0\xa3", "#"));
+    EXPECT_TRUE(matchesLike("\xc0\xa3", "\xc0\xa3"));
 }

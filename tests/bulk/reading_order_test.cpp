@@ -22,7 +22,7 @@ struct ReadingOrder : ::testing::Test {
     // Runs Sort Gardiner with this answer in the overlap box.
     void sortGardiner(const std::string& answer) {
         t.dialogs.inputs.push_back(answer);
-        SortGardinerCommand(t.app);
+        sortGardinerCommand(t.app);
     }
 };
 
@@ -59,7 +59,7 @@ TEST_F(ReadingOrder, OverlapDecidesBetweenTopFirstAndWritingDirection) {
         fresh.pictures.sizes = t.pictures.sizes;
         fresh.setWords({word(c.dir, c.layout)});
         fresh.dialogs.inputs.push_back(c.overlap);
-        SortGardinerCommand(fresh.app);
+        sortGardinerCommand(fresh.app);
         EXPECT_EQ(fresh.app.store.field(0, FieldLayout), c.expected)
             << c.overlap << " " << c.dir << " " << c.layout;
     }
@@ -95,7 +95,7 @@ TEST_F(ReadingOrder, AnEmptyOrCancelledAnswerChangesNothing) {
         BulkApp fresh;
         fresh.setWords({word("L", "B1(10,0) - A1(0,0) ")});
         fresh.dialogs.inputs.push_back(answer);
-        SortGardinerCommand(fresh.app);
+        sortGardinerCommand(fresh.app);
         EXPECT_EQ(fresh.stores, 0);
         EXPECT_EQ(fresh.app.store.field(0, FieldLayout), "B1(10,0) - A1(0,0) ");
     }

@@ -22,44 +22,44 @@ TEST(SearchDialog, OptionEffectsKeepTheTransliterationAsymmetry) {
         {FieldTranslit, true, true, false},  {FieldLayout, false, true, true},
     };
     TestApp t;
-    SearchDialogLoad(t.app);
+    searchDialogLoad(t.app);
     for (const Step& s : steps) {
-        SearchChooseOption(t.app, s.field);
+        searchChooseOption(t.app, s.field);
         EXPECT_EQ(t.app.search.option, s.field);
         EXPECT_EQ(t.app.search.transliterationFont, s.font) << s.field;
-        EXPECT_EQ(t.app.search.cmdTypewriterEnabled, s.typewriter) << s.field;
-        EXPECT_EQ(t.app.search.chkIgnoreVariantsEnabled, s.ignoreVariants) << s.field;
+        EXPECT_EQ(t.app.search.typewriterEnabled, s.typewriter) << s.field;
+        EXPECT_EQ(t.app.search.ignoreVariantsEnabled, s.ignoreVariants) << s.field;
     }
-    SearchChooseOption(t.app, FieldDirection); // not an option of the dialog
+    searchChooseOption(t.app, FieldDirection); // not an option of the dialog
     EXPECT_EQ(t.app.search.option, FieldLayout);
 }
 
 TEST(SearchDialog, ExactMatchAndExactWordExcludeEachOther) {
     TestApp t;
     SearchDialogState& d = t.app.search;
-    SearchSetExact(t.app, true);
-    SearchSetExactWord(t.app, true);
-    EXPECT_FALSE(d.ChkExact);
-    SearchSetExact(t.app, true);
-    EXPECT_FALSE(d.chkExactWord);
-    SearchSetExact(t.app, false); // unchecking leaves the other alone
-    SearchSetExactWord(t.app, true);
-    SearchSetExact(t.app, false);
-    EXPECT_TRUE(d.chkExactWord);
+    searchSetExact(t.app, true);
+    searchSetExactWord(t.app, true);
+    EXPECT_FALSE(d.exactChecked);
+    searchSetExact(t.app, true);
+    EXPECT_FALSE(d.exactWordChecked);
+    searchSetExact(t.app, false); // unchecking leaves the other alone
+    searchSetExactWord(t.app, true);
+    searchSetExact(t.app, false);
+    EXPECT_TRUE(d.exactWordChecked);
 }
 
 TEST(SearchDialog, OkRefusesAnEmptyTextAndOtherwiseAcceptsAndHides) {
     TestApp t;
-    SearchDialogLoad(t.app);
+    searchDialogLoad(t.app);
     t.app.search.visible = true;
-    SearchChooseOption(t.app, FieldGardiner);
-    EXPECT_FALSE(SearchOk(t.app));
+    searchChooseOption(t.app, FieldGardiner);
+    EXPECT_FALSE(searchOk(t.app));
     EXPECT_EQ(t.dialogs.messages(),
               std::vector<std::string>{"You must write something in the search box"});
     EXPECT_TRUE(t.app.search.visible);
     EXPECT_EQ(t.app.searchField, FieldMeaning);
-    t.app.search.txtSearch = " "; // a blank is something
-    EXPECT_TRUE(SearchOk(t.app));
+    t.app.search.searchText = " "; // a blank is something
+    EXPECT_TRUE(searchOk(t.app));
     EXPECT_EQ(t.app.searchField, FieldGardiner);
     EXPECT_EQ(t.app.typewriterTarget, TypewriterTarget::MainTransLit);
     EXPECT_FALSE(t.app.search.visible);

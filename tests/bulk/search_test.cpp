@@ -18,7 +18,7 @@ namespace {
 
 // The windows a search talks to: the progress bar and the Search dialog, whose user is a
 // script run while Find waits.
-struct SearchWindows : Windows {
+struct SearchWindows : WindowHost {
     App* app = nullptr;
     std::vector<float> progress;
     int dialogShown = 0;
@@ -52,12 +52,12 @@ struct Searcher {
     // Find through the dialog, as a user would fill it in and press OK.
     int find(int field, const std::string& text, std::function<void(App&)> options = {}) {
         windows.user = [=](App& a) {
-            SearchChooseOption(a, field);
-            SearchTextChanged(a, text);
+            searchChooseOption(a, field);
+            searchTextChanged(a, text);
             if (options) options(a);
-            EXPECT_TRUE(SearchOk(a));
+            EXPECT_TRUE(searchOk(a));
         };
-        FindCommand(t.app);
+        findCommand(t.app);
         return t.app.store.currentIndex;
     }
 
@@ -68,7 +68,7 @@ struct SearchTest : ::testing::Test, Searcher {};
 
 } // namespace
 
-TEST(PrepareCriteria, SlashIsAStarBlanksGoAndCaseFolds) {
+TEST(prepareCriteria, SlashIsAStarBlanksGoAndCaseFolds) {
     struct Row {
         const char* text;
         bool caseSensitive;
@@ -90,7 +90,7 @@ TEST(PrepareCriteria, SlashIsAStarBlanksGoAndCaseFolds) {
              {"A1a-G17b", 1, false, "A1a-G17b", false},
          }) {
         const SearchCriteria c =
-            PrepareCriteria(r.text, true, false, r.caseSensitive, r.ignoreVariants);
+            prepareCriteria(r.text, true, false, r.caseSensitive, r.ignoreVariants);
         EXPECT_EQ(c.pattern, r.pattern) << r.text;
         EXPECT_EQ(c.hasWildcards, r.wildcards) << r.text;
         EXPECT_TRUE(c.exact);
@@ -98,7 +98,7 @@ TEST(PrepareCriteria, SlashIsAStarBlanksGoAndCaseFolds) {
     }
 }
 
-TEST(StripVariants, CutsOneTrailingLetterOfEachPieceOnlyWhenADigitIsFollowedByALetter) {
+TEST(stripVariants, CutsOneTrailingLetterOfEachPieceOnlyWhenADigitIsFollowedByALetter) {
     struct Row {
         const char* in;
         const char* out;
@@ -115,10 +115,10 @@ TEST(StripVariants, CutsOneTrailingLetterOfEachPieceOnlyWhenADigitIsFollowedByAL
              {"1a-", "1-"},
              {"", ""},
          })
-        EXPECT_EQ(StripVariants(r.in), r.out) << r.in;
+        EXPECT_EQ(stripVariants(r.in), r.out) << r.in;
 }
 
-TEST(IsWholeWord, TheFourCasesChosenByTheFirstOccurrence) {
+TEST(isWholeWord, TheFourCasesChosenByTheFirstOccurrence) {
     struct Row {
         std::size_t pos;
         const char* needle;
@@ -154,18 +154,18 @@ TEST(IsWholeWord, TheFourCasesChosenByTheFirstOccurrence) {
              {1, "[x", "[x b", true},
              {1, "\u1e25r", "\u1e25r-nfr", true},
          })
-        EXPECT_EQ(IsWholeWord(r.pos, r.needle, r.hay), r.whole)
+        EXPECT_EQ(isWholeWord(r.pos, r.needle, r.hay), r.whole)
             << r.pos << " '" << r.needle << "' in '" << r.hay << "'";
 }
 
 TEST_F(SearchTest, EachOptionDecidesWhatMatches) {
     using Options = void (*)(App&);
-    const Options none = [](App&) {}, exact = [](App&a) { SearchSetExact(a, true); },
-                  word = [](App&a) { SearchSetExactWord(a, true); },
-                  cased = [](App&a) { a.search.chkCase = true; },
-                  uncased = [](App&a) { a.search.chkCase = false; }, variants = [](App&a) {
-                      a.search.chkIgnoreVariants = true;
-                      SearchSetExact(a, true);
+    const Options none = [](App&) {}, exact = [](App&a) { searchSetExact(a, true); },
+                  word = [](App&a) { searchSetExactWord(a, true); },
+                  cased = [](App&a) { a.search.caseChecked = true; },
+                  uncased = [](App&a) { a.search.caseChecked = false; }, variants = [](App&a) {
+                      a.search.ignoreVariantsChecked = true;
+                      searchSetExact(a, true);
                   };
     struct Row {
         int field;
@@ -242,11 +242,11 @@ TEST_F(SearchTest, FindNextAndPreviousMoveOnFirstAndReportTheEnds) {
         Searcher fresh;
         fresh.words(FieldComment, r.values);
         fresh.find(FieldComment, "sun");
-        fresh.t.app.search.txtSearch = "moon"; // typed but not accepted: not the criteria
+        fresh.t.app.search.searchText = "moon"; // typed but not accepted: not the criteria
         fresh.t.app.store.currentIndex = r.start;
         fresh.t.dialogs.prompts.clear();
         fresh.rendered.clear();
-        (r.next ? FindNextCommand : FindPreviousCommand)(fresh.t.app);
+        (r.next ? findNextCommand : findPreviousCommand)(fresh.t.app);
         SCOPED_TRACE(::testing::Message() << r.start << (r.next ? " next" : " previous"));
         EXPECT_EQ(fresh.t.app.store.currentIndex, r.found);
         EXPECT_EQ(fresh.messages(), r.messages);
@@ -261,7 +261,7 @@ TEST_F(SearchTest, ProgressAfterEachMissButNotInWildcardSearches) {
     EXPECT_EQ(windows.progress, (std::vector<float>{0.0f, 0.25f, 0.5f}));
     windows.progress.clear();
     t.app.store.currentIndex = 4;
-    FindPreviousCommand(t.app); // from 3: matches at once
+    findPreviousCommand(t.app); // from 3: matches at once
     EXPECT_TRUE(windows.progress.empty());
     find(FieldMeaning, "s/n");
     EXPECT_TRUE(windows.progress.empty());
@@ -271,12 +271,12 @@ TEST_F(SearchTest, ProgressAfterEachMissButNotInWildcardSearches) {
 }
 
 TEST_F(SearchTest, FindAsksToStoreAnEditedWordFirst) {
-    InstallEditing(t.app);
+    installEditing(t.app);
     words(FieldMeaning, {"sun", "moon"});
     for (const Answer a : {Answer::No, Answer::Yes}) {
         t.app.store.currentIndex = 1;
-        RenderWord(t.app);
-        t.app.view.MeaningTxt = "moonlight";
+        renderWord(t.app);
+        t.app.view.meaning = "moonlight";
         t.dialogs.answers = {a};
         find(FieldMeaning, "sun");
         EXPECT_EQ(t.dialogs.prompts.front().text, StoreWordQuestion);
@@ -288,18 +288,18 @@ TEST_F(SearchTest, FindAsksToStoreAnEditedWordFirst) {
 TEST_F(SearchTest, CancelledOrEmptyDialogSearchesNothing) {
     words(FieldMeaning, {"sun"});
     windows.user = [](App& a) {
-        a.search.txtSearch = "sun";
-        SearchCancel(a);
+        a.search.searchText = "sun";
+        searchCancel(a);
     };
-    FindCommand(t.app);
+    findCommand(t.app);
     EXPECT_TRUE(rendered.empty());
     EXPECT_TRUE(t.dialogs.prompts.empty());
     // OK on an empty box is refused; the window being closed then counts as Cancel.
     windows.user = [](App& a) {
-        EXPECT_FALSE(SearchOk(a));
-        SearchCancel(a);
+        EXPECT_FALSE(searchOk(a));
+        searchCancel(a);
     };
-    FindCommand(t.app);
+    findCommand(t.app);
     EXPECT_EQ(messages(), std::vector<std::string>{"You must write something in the search box"});
     EXPECT_TRUE(rendered.empty());
 }
@@ -307,12 +307,12 @@ TEST_F(SearchTest, CancelledOrEmptyDialogSearchesNothing) {
 TEST_F(SearchTest, ASecondFindWhileTheDialogIsUpDoesNothing) {
     words(FieldMeaning, {"sun"});
     windows.user = [this](App& a) {
-        FindCommand(a);
+        findCommand(a);
         EXPECT_EQ(windows.dialogShown, 1);
-        a.search.txtSearch = "sun";
-        SearchOk(a);
+        a.search.searchText = "sun";
+        searchOk(a);
     };
-    FindCommand(t.app);
+    findCommand(t.app);
     EXPECT_EQ(rendered, std::vector<int>{0});
     EXPECT_FALSE(t.app.search.waiting);
 }
@@ -325,30 +325,30 @@ TEST_F(SearchTest, RunTimeErrorsAreReported) {
     t.dialogs.prompts.clear();
     find(FieldMeaning, "sun");
     t.app.store.currentIndex = 200000; // gone to with Go, which checks nothing
-    FindPreviousCommand(t.app);
+    findPreviousCommand(t.app);
     EXPECT_EQ(messages(), std::vector<std::string>{"9  Subscript out of range"});
 }
 
-TEST(FindMatch, WalksEitherWayInclusiveOfBothEnds) {
+TEST(findMatch, WalksEitherWayInclusiveOfBothEnds) {
     DictionaryStore s;
     for (int i = 0; i < 6; ++i) s.setField(i, FieldMeaning, i % 2 ? "sun" : "moon");
     s.lastIndex = 5;
-    const SearchCriteria c = PrepareCriteria("sun", true, false, false, false);
-    EXPECT_EQ(FindMatch(s, c, FieldMeaning, 0, 5, 1), 1);
-    EXPECT_EQ(FindMatch(s, c, FieldMeaning, 2, 5, 1), 3);
-    EXPECT_EQ(FindMatch(s, c, FieldMeaning, 5, 0, -1), 5);
-    EXPECT_EQ(FindMatch(s, c, FieldMeaning, 4, 0, -1), 3);
-    EXPECT_EQ(FindMatch(s, c, FieldMeaning, 2, 2, 1), -1);
-    EXPECT_EQ(FindMatch(s, c, FieldMeaning, 3, 2, 1), -1); // an empty walk
-    EXPECT_EQ(FindMatch(s, c, FieldMeaning, -1, 0, -1), -1);
-    EXPECT_EQ(FindAll(s, c, FieldMeaning), (std::vector<int>{1, 3, 5}));
-    EXPECT_THROW(FindMatch(s, c, FieldMeaning, 0, 5, 0), RunError);
+    const SearchCriteria c = prepareCriteria("sun", true, false, false, false);
+    EXPECT_EQ(findMatch(s, c, FieldMeaning, 0, 5, 1), 1);
+    EXPECT_EQ(findMatch(s, c, FieldMeaning, 2, 5, 1), 3);
+    EXPECT_EQ(findMatch(s, c, FieldMeaning, 5, 0, -1), 5);
+    EXPECT_EQ(findMatch(s, c, FieldMeaning, 4, 0, -1), 3);
+    EXPECT_EQ(findMatch(s, c, FieldMeaning, 2, 2, 1), -1);
+    EXPECT_EQ(findMatch(s, c, FieldMeaning, 3, 2, 1), -1); // an empty walk
+    EXPECT_EQ(findMatch(s, c, FieldMeaning, -1, 0, -1), -1);
+    EXPECT_EQ(findAll(s, c, FieldMeaning), (std::vector<int>{1, 3, 5}));
+    EXPECT_THROW(findMatch(s, c, FieldMeaning, 0, 5, 0), RunError);
 }
 
 // Found by fuzzing: a blank between the bytes of a broken multibyte character must be taken
 // out of the value before upper-casing, as it is taken out of the pattern.
-TEST(PrepareValue, AgreesWithThePatternOnBrokenUtf8) {
+TEST(prepareValue, AgreesWithThePatternOnBrokenUtf8) {
     const std::string text = "\xe2\xe2 \xd0 \x95";
-    const SearchCriteria c = PrepareCriteria(text, true, false, false, false);
-    EXPECT_EQ(PrepareValue(text, c), c.pattern);
+    const SearchCriteria c = prepareCriteria(text, true, false, false, false);
+    EXPECT_EQ(prepareValue(text, c), c.pattern);
 }

@@ -36,11 +36,11 @@ TEST(Shuffle, ConfirmedAndSavedFirstOnRequestItShufflesOnlyTheWords) {
         BulkApp t;
         t.setWords(numberedWords(30));
         t.app.store.setRow(30, {"L", "B", "", "", "", "past the end", ""});
-        RenderWord(t.app);
+        renderWord(t.app);
         t.app.store.isChanged = c.changed;
         t.dialogs.answers.assign(c.answers.begin(), c.answers.end());
         if (c.saveDialog) t.dialogs.files.push_back(std::filesystem::path("/elsewhere/New.nkd"));
-        ShuffleCommand(t.app);
+        shuffleCommand(t.app);
         EXPECT_EQ(t.dialogs.prompts[0].text,
                   "Are you sure you want to shuffle the dictionary?\r\nThis cannot be undone");
         EXPECT_EQ(t.files.written.count("/elsewhere/New.nkd"), c.saveDialog ? 1u : 0u);
@@ -53,7 +53,7 @@ TEST(Shuffle, ConfirmedAndSavedFirstOnRequestItShufflesOnlyTheWords) {
         EXPECT_EQ(t.app.store.field(30, FieldMeaning), "past the end");
         if (c.shuffled) {
             EXPECT_EQ(t.app.store.currentIndex, 0);
-            EXPECT_EQ(t.app.view.MeaningTxt, t.app.store.field(0, FieldMeaning));
+            EXPECT_EQ(t.app.view.meaning, t.app.store.field(0, FieldMeaning));
             EXPECT_TRUE(t.app.store.isChanged);
         }
     }
@@ -68,7 +68,7 @@ TEST(FlipAllWords, WarningCountsTheWordsWithThousandsSeparators) {
         BulkApp t;
         t.app.store.lastIndex = last;
         t.dialogs.answers = {Answer::Cancel};
-        FlipAllCommand(t.app, FlipMode::Invert);
+        flipAllCommand(t.app, FlipMode::Invert);
         EXPECT_EQ(t.dialogs.messages(), std::vector<std::string>{text});
         EXPECT_TRUE(t.windows.progress.empty());
     }
@@ -92,7 +92,7 @@ TEST(FlipAllWords, FlipsEveryWordAndComesBackToTheCurrentOne) {
         t.setWords(words);
         t.app.store.currentIndex = 1;
         t.dialogs.answers = {Answer::OK};
-        FlipAllCommand(t.app, c.mode);
+        flipAllCommand(t.app, c.mode);
         EXPECT_EQ(t.column(FieldDirection), c.after);
         for (int i = 0; i < 3; ++i)
             if (c.before[i] != c.after[i]) {
@@ -114,12 +114,12 @@ TEST(FlipAllWords, CancelStopsAfterTheCurrentWordAndAWordWithoutSignsIsReported)
         if (t.events.yields == 3) t.app.sortCancelled = true;
     };
     t.dialogs.answers = {Answer::OK};
-    FlipAllCommand(t.app, FlipMode::Invert);
+    flipAllCommand(t.app, FlipMode::Invert);
     // Words 0..2 were flipped before the third yield; word 3 is the one in hand when the
     // Cancel is seen.
     EXPECT_EQ(t.column(FieldDirection),
               (std::vector<std::string>{"R", "R", "R", "R", "L", "L", "L", "L", "L", "L"}));
-    EXPECT_EQ(t.app.view.MeaningTxt, "6");
+    EXPECT_EQ(t.app.view.meaning, "6");
 
     BulkApp e;
     e.pictures.sizes = t.pictures.sizes;
@@ -127,7 +127,7 @@ TEST(FlipAllWords, CancelStopsAfterTheCurrentWordAndAWordWithoutSignsIsReported)
     words[1][FieldLayout] = "";
     e.setWords(words);
     e.dialogs.answers = {Answer::OK};
-    FlipAllCommand(e.app, FlipMode::Right);
+    flipAllCommand(e.app, FlipMode::Right);
     // The word that failed is left whole: its direction did not change without its signs.
     EXPECT_EQ(e.column(FieldDirection), (std::vector<std::string>{"R", "L", "L"}));
     EXPECT_EQ(e.dialogs.prompts.back().text, "5  Invalid procedure call or argument");

@@ -14,12 +14,12 @@ using testing::BulkApp;
 
 SignLists phoneticLists() {
     SignLists lists;
-    ParsePhonetic(lists, "\"G17\",\"m\"\r\n\"D21\",\"r\"\r\n\"V28\",\"H\"\r\n\"O4\",\"h\"\r\n"
+    parsePhonetic(lists, "\"G17\",\"m\"\r\n\"D21\",\"r\"\r\n\"V28\",\"H\"\r\n\"O4\",\"h\"\r\n"
                          "\"G1\",\"A\"\r\n\"F35\",\"nfr\"\r\n");
     return lists;
 }
 
-TEST(ReadSignQuery, NamesBecomeCodesWhateverTheSeparatorOrSpelling) {
+TEST(readSignQuery, NamesBecomeCodesWhateverTheSeparatorOrSpelling) {
     const SignLists lists = phoneticLists();
     struct Case {
         const char* text;
@@ -40,13 +40,13 @@ TEST(ReadSignQuery, NamesBecomeCodesWhateverTheSeparatorOrSpelling) {
         {"  ", {}, ""},
     };
     for (const Case& c : cases) {
-        const SignQueryReading r = ReadSignQuery(lists, c.text, false);
+        const SignQueryReading r = readSignQuery(lists, c.text, false);
         EXPECT_EQ(r.query.codes, c.codes) << c.text;
         EXPECT_EQ(r.unknown, c.unknown) << c.text;
     }
 }
 
-TEST(LayoutHasSigns, EverySignInAnyOrderAndEachAsOftenAsNamed) {
+TEST(layoutHasSigns, EverySignInAnyOrderAndEachAsOftenAsNamed) {
     const std::string layout = "G17(0,0) - D21(300,0) - A1a( 600, -40) - G17(900,0) - Aa1(0,10) ";
     struct Case {
         std::vector<std::string> codes;
@@ -68,12 +68,12 @@ TEST(LayoutHasSigns, EverySignInAnyOrderAndEachAsOftenAsNamed) {
     };
     for (const Case& c : cases) {
         SignQuery q{c.codes, c.fold};
-        EXPECT_EQ(LayoutHasSigns(layout, q), c.found)
+        EXPECT_EQ(layoutHasSigns(layout, q), c.found)
             << ::testing::PrintToString(c.codes) << " fold " << c.fold;
     }
 }
 
-TEST(LayoutCodes, ReadsTheCodesOfBothWritersAndSurvivesBrokenText) {
+TEST(layoutCodes, ReadsTheCodesOfBothWritersAndSurvivesBrokenText) {
     struct Case {
         const char* layout;
         std::vector<std::string_view> codes;
@@ -85,7 +85,7 @@ TEST(LayoutCodes, ReadsTheCodesOfBothWritersAndSurvivesBrokenText) {
         {"A1(0,0", {"A1"}},
         {"no brackets", {}},
     };
-    for (const Case& c : cases) EXPECT_EQ(LayoutCodes(c.layout), c.codes) << c.layout;
+    for (const Case& c : cases) EXPECT_EQ(layoutCodes(c.layout), c.codes) << c.layout;
 }
 
 TEST(SignsFind, FindAndFindNextWalkTheWordsHoldingTheSigns) {
@@ -95,20 +95,20 @@ TEST(SignsFind, FindAndFindNextWalkTheWordsHoldingTheSigns) {
                 {"L", "B", "G17(0,0) - D21(300,0) ", "G17-D21", "mr", "x", ""},
                 {"L", "B", "X1(0,0) ", "X1", "t", "bread", ""},
                 {"L", "B", "D21(0,0) - G17a(300,0) ", "D21-G17a", "rm", "y", ""}});
-    b.app.search.txtSearch = "r m";
-    b.app.search.chkIgnoreVariants = true;
+    b.app.search.searchText = "r m";
+    b.app.search.ignoreVariantsChecked = true;
     b.app.searchField = FieldLayout;
-    EXPECT_EQ(FindWord(b.app, 0, b.app.store.lastIndex, 1, false), 1);
-    FindNextCommand(b.app);
+    EXPECT_EQ(findWord(b.app, 0, b.app.store.lastIndex, 1, false), 1);
+    findNextCommand(b.app);
     EXPECT_EQ(b.app.store.currentIndex, 3);
     const SignQuery mouth{{"D21"}, false};
-    EXPECT_EQ(FindAllBySigns(b.app.store, mouth), (std::vector<int>{0, 1, 3}));
-    EXPECT_EQ(FindBySigns(b.app.store, mouth, 3, 0, -1), 3);
-    EXPECT_EQ(FindBySigns(b.app.store, mouth, 2, 0, -1), 1);
+    EXPECT_EQ(findAllBySigns(b.app.store, mouth), (std::vector<int>{0, 1, 3}));
+    EXPECT_EQ(findBySigns(b.app.store, mouth, 3, 0, -1), 3);
+    EXPECT_EQ(findBySigns(b.app.store, mouth, 2, 0, -1), 1);
 
     // A name that is neither a code nor a phonetic value is told, and nothing is searched.
-    b.app.search.txtSearch = "m qqq";
-    EXPECT_EQ(FindWord(b.app, 0, b.app.store.lastIndex, 1, false), -1);
+    b.app.search.searchText = "m qqq";
+    EXPECT_EQ(findWord(b.app, 0, b.app.store.lastIndex, 1, false), -1);
     ASSERT_FALSE(b.dialogs.prompts.empty());
     EXPECT_EQ(b.dialogs.prompts.back().text, "qqq was not found");
     EXPECT_EQ(b.dialogs.prompts.back().title, "Phonetic Not Found");

@@ -22,7 +22,7 @@ const std::string ClassicLetters = "AiyawbpfmnrhHxXzsSqkgtTdD";
 // places, so the encoded words sort by character code in the classic order and decoding is
 // the same exchange.
 void loadClassicTable(App& app) {
-    auto& t = app.lists.Trans2Code;
+    auto& t = app.lists.trans2Code;
     for (int c = 31; c < 256; ++c) {
         std::string s;
         text::appendUtf8(s, static_cast<char32_t>(c));
@@ -59,9 +59,9 @@ void runSort(BulkApp& t, Which which, SortField field, bool reverse = false, boo
     if (t.app.store.isChanged) t.dialogs.answers.push_back(Answer::No); // save first?
     if (which == Which::Menu) t.dialogs.answers.push_back(Answer::Yes); // proceed
     if (which == Which::Toolbar)
-        SortCommand(t.app);
+        sortCommand(t.app);
     else
-        MenuSortCommand(t.app);
+        menuSortCommand(t.app);
 }
 
 } // namespace
@@ -83,7 +83,7 @@ TEST(Sort, ToolbarOrderIsTheOrderOfTheExchangePasses) {
 
         BulkApp t;
         t.setWords(rows);
-        ToolbarSort(t.app, static_cast<SortField>(field), order);
+        toolbarSort(t.app, static_cast<SortField>(field), order);
         for (int i = 0; i < n; ++i) ASSERT_EQ(t.app.store.row(i), expected[i]) << "round " << round;
     }
 }
@@ -97,11 +97,21 @@ TEST(Sort, BothSortsOrderByTheChosenFieldAndDirection) {
         Strings in, out;
     } cases[] = {
         // The tool bar compares Gardiner notations as text, the menu in Gardiner order.
-        {Which::Toolbar, SortField::Gardiner, false, true, {"A2", "A10", "A1"}, {"A1", "A10", "A2"}},
+        {Which::Toolbar,
+         SortField::Gardiner,
+         false,
+         true,
+         {"A2", "A10", "A1"},
+         {"A1", "A10", "A2"}},
         {Which::Menu, SortField::Gardiner, false, true, {"A2", "A10", "A1"}, {"A1", "A2", "A10"}},
         {Which::Toolbar, SortField::Gardiner, true, true, {"A2", "A10", "A1"}, {"A2", "A10", "A1"}},
         {Which::Menu, SortField::Gardiner, true, true, {"A2", "A10", "A1"}, {"A10", "A2", "A1"}},
-        {Which::Toolbar, SortField::Comment, false, true, {"b", "a", "B", "A"}, {"A", "B", "a", "b"}},
+        {Which::Toolbar,
+         SortField::Comment,
+         false,
+         true,
+         {"b", "a", "B", "A"},
+         {"A", "B", "a", "b"}},
         {Which::Menu, SortField::Comment, false, true, {"b", "a", "B", "A"}, {"A", "B", "a", "b"}},
     };
     for (const auto& c : cases) {
@@ -181,10 +191,10 @@ TEST(Sort, ToolbarSortAsksToSaveOnceWithoutIconOrTitle) {
         t.app.store.editPending = c.editPending;
         t.app.store.isChanged = c.changed;
         t.app.store.currentIndex = 1;
-        RenderWord(t.app);
+        renderWord(t.app);
         t.dialogs.answers.assign(c.answers.begin(), c.answers.end());
         t.choose(SortField::Meaning);
-        SortCommand(t.app);
+        sortCommand(t.app);
         int questions = 0;
         for (const auto& p : t.dialogs.prompts)
             if (p.text == "Do you want to save before sorting?") {
@@ -198,7 +208,7 @@ TEST(Sort, ToolbarSortAsksToSaveOnceWithoutIconOrTitle) {
         if (c.sorted) {
             EXPECT_EQ(t.dialogs.prompts.back().text, "Done!");
             EXPECT_EQ(t.app.store.currentIndex, 1); // the tool-bar sort keeps the index
-            EXPECT_EQ(t.app.view.MeaningTxt, "b");
+            EXPECT_EQ(t.app.view.meaning, "b");
             EXPECT_TRUE(t.app.store.isChanged);
         }
     }
@@ -208,11 +218,11 @@ TEST(Sort, MenuSortAsksSavesConfirmsAndReportsTheTime) {
     BulkApp t;
     t.setField(5, {"c", "a", "b"});
     t.app.store.currentIndex = 2;
-    RenderWord(t.app);
+    renderWord(t.app);
     t.app.store.composeAccepted = true; // an edit waits: the save question comes first
     t.dialogs.answers = {Answer::Yes, Answer::Yes};
     t.choose(SortField::Meaning);
-    MenuSortCommand(t.app);
+    menuSortCommand(t.app);
     const auto& p = t.dialogs.prompts;
     ASSERT_EQ(p.size(), 3u);
     EXPECT_EQ(p[0].text, "Do you want to save before sorting?");
@@ -221,7 +231,7 @@ TEST(Sort, MenuSortAsksSavesConfirmsAndReportsTheTime) {
     EXPECT_EQ(t.files.written.size(), 1u);
     EXPECT_EQ(t.column(5), (Strings{"a", "b", "c"}));
     EXPECT_EQ(t.app.store.currentIndex, 0);
-    EXPECT_EQ(t.app.view.MeaningTxt, "a");
+    EXPECT_EQ(t.app.view.meaning, "a");
     EXPECT_EQ(t.windows.progress, (Strings{"show:Sorting Started", "hide"}));
 
     // No, Cancel or a cancelled Sort dialog end it quietly.
@@ -240,7 +250,7 @@ TEST(Sort, MenuSortAsksSavesConfirmsAndReportsTheTime) {
         q.app.store.isChanged = c.changed;
         q.dialogs.answers.assign(c.answers.begin(), c.answers.end());
         if (c.dialogOk) q.choose(SortField::Meaning);
-        MenuSortCommand(q.app);
+        menuSortCommand(q.app);
         EXPECT_EQ(q.column(5), (Strings{"b", "a"}));
         EXPECT_TRUE(q.windows.progress.empty());
         EXPECT_EQ(q.app.store.isChanged, c.changed);

@@ -245,16 +245,16 @@ TEST_F(CliTest, GardinerSortOrdersTheStarterDictionary) {
         {" --reverse", true, true},
         {" --method toolbar", false, false},
     };
-    const auto before = nebkaro::ReadDictionaryText(readFile(f), 100001).words;
+    const auto before = nebkaro::readDictionaryText(readFile(f), 100001).words;
     for (const auto& [extra, reverse, gardiner] : runs) {
         CliRun r = cli("sort " + f + " --by gardiner" + extra + " -o " + out, home.path());
         ASSERT_EQ(r.status, 0) << extra << r.err;
-        const auto after = nebkaro::ReadDictionaryText(readFile(out), 100001).words;
+        const auto after = nebkaro::readDictionaryText(readFile(out), 100001).words;
         ASSERT_EQ(after.size(), before.size());
         for (std::size_t k = 0; gardiner && k + 1 < after.size(); ++k) {
             std::string a = nebkaro::text::upper(after[k][3]);
             std::string b = nebkaro::text::upper(after[k + 1][3]);
-            ASSERT_FALSE(reverse ? nebkaro::GardinerGreater(b, a) : nebkaro::GardinerGreater(a, b))
+            ASSERT_FALSE(reverse ? nebkaro::gardinerGreater(b, a) : nebkaro::gardinerGreater(a, b))
                 << extra << ": " << after[k][3] << " before " << after[k + 1][3];
         }
     }

@@ -16,34 +16,34 @@ TEST_F(CanvasTest, ChoosingFillsTheEmptySlotAndShowsTheNextOne) {
     choose(3, "N35");
     EXPECT_EQ(code(3), "N35");
     EXPECT_EQ(app.glyphs[3].entry, 3);
-    EXPECT_EQ(composer.LastGlyph, 4);
+    EXPECT_EQ(composer.firstFreeSlot, 4);
     // The sign keeps the place of the empty slot it was chosen into, at its own size.
-    EXPECT_EQ(composer.GlyphPic[3].left, home3.left);
-    EXPECT_EQ(composer.GlyphPic[3].width, 600);
-    EXPECT_EQ(composer.GlyphPic[3].height, 150);
-    EXPECT_TRUE(composer.GlyphPic[4].visible);
-    EXPECT_EQ(composer.GlyphPic[4].background, SlotBackground::ButtonFace);
-    EXPECT_FALSE(composer.GlyphPic[5].visible);
-    EXPECT_EQ(composer.Gardinerlbl, "Gardiner: - A1- G17- D21- N35");
+    EXPECT_EQ(composer.images[3].left, home3.left);
+    EXPECT_EQ(composer.images[3].width, 600);
+    EXPECT_EQ(composer.images[3].height, 150);
+    EXPECT_TRUE(composer.images[4].visible);
+    EXPECT_EQ(composer.images[4].background, SlotBackground::ButtonFace);
+    EXPECT_FALSE(composer.images[5].visible);
+    EXPECT_EQ(composer.gardinerLabel, "Gardiner: - A1- G17- D21- N35");
 }
 
 TEST_F(CanvasTest, ABrowserClosedWithoutAChoiceChangesNothing) {
     browser.choices.push_back(std::nullopt);
-    EXPECT_FALSE(composer.ChooseSign(0));
+    EXPECT_FALSE(composer.chooseSign(0));
     EXPECT_FALSE(app.glyphs[0].used());
-    EXPECT_EQ(composer.LastGlyph, 0);
-    EXPECT_FALSE(composer.GlyphPic[1].visible);
-    EXPECT_EQ(composer.Gardinerlbl, "Gardiner: ");
+    EXPECT_EQ(composer.firstFreeSlot, 0);
+    EXPECT_FALSE(composer.images[1].visible);
+    EXPECT_EQ(composer.gardinerLabel, "Gardiner: ");
 }
 
 TEST_F(CanvasTest, DeleteOnTheMiddleOfThreeSignsMovesTheThirdIntoItsSlot) {
     choose(0, "A1");
     choose(1, "G17");
     choose(2, "D21");
-    composer.MoveImage(0, 1000, 2000);
-    composer.MoveImage(1, 1500, 2000);
-    composer.MoveImage(2, 2100, 2100);
-    composer.KeyDown(1, Composer::DeleteKeyCode);
+    composer.moveSign(0, 1000, 2000);
+    composer.moveSign(1, 1500, 2000);
+    composer.moveSign(2, 2100, 2100);
+    composer.keyPressed(1, Composer::DeleteKeyCode);
 
     EXPECT_EQ(code(0), "A1");
     EXPECT_EQ(code(1), "D21");
@@ -51,28 +51,28 @@ TEST_F(CanvasTest, DeleteOnTheMiddleOfThreeSignsMovesTheThirdIntoItsSlot) {
     EXPECT_EQ(app.glyphs[1].y, 2100);
     EXPECT_FALSE(app.glyphs[2].used());
     // The third sign stands where it stood, now as image 1.
-    EXPECT_EQ(composer.GlyphPic[1].picture.file.filename(), "D21.GIF");
-    EXPECT_EQ(composer.GlyphPic[1].left, 2100);
+    EXPECT_EQ(composer.images[1].picture.file.filename(), "D21.GIF");
+    EXPECT_EQ(composer.images[1].left, 2100);
     // The image after the last sign is the empty slot at home; all later ones are hidden.
     const Rect home2 = ComposeGeometry::home(2);
-    EXPECT_TRUE(composer.GlyphPic[2].visible);
-    EXPECT_EQ(composer.GlyphPic[2].background, SlotBackground::ButtonFace);
-    EXPECT_EQ(composer.GlyphPic[2].left, home2.left);
-    EXPECT_EQ(composer.GlyphPic[2].width, 612);
-    EXPECT_FALSE(composer.GlyphPic[3].visible);
+    EXPECT_TRUE(composer.images[2].visible);
+    EXPECT_EQ(composer.images[2].background, SlotBackground::ButtonFace);
+    EXPECT_EQ(composer.images[2].left, home2.left);
+    EXPECT_EQ(composer.images[2].width, 612);
+    EXPECT_FALSE(composer.images[3].visible);
     // The label and Delete Last follow: its first click takes the last sign left.
-    EXPECT_EQ(composer.Gardinerlbl, "Gardiner: - A1- D21");
-    EXPECT_EQ(composer.LastGlyph, 2);
-    composer.DeleteLast();
+    EXPECT_EQ(composer.gardinerLabel, "Gardiner: - A1- D21");
+    EXPECT_EQ(composer.firstFreeSlot, 2);
+    composer.deleteLast();
     EXPECT_FALSE(app.glyphs[1].used());
-    EXPECT_EQ(composer.Gardinerlbl, "Gardiner: - A1");
+    EXPECT_EQ(composer.gardinerLabel, "Gardiner: - A1");
 }
 
 TEST_F(CanvasTest, DeleteOnImageTwentyEmptiesTheImageButKeepsTheSign) {
     choose(20, "G17");
-    composer.MoveImage(20, 4000, 3000);
-    composer.KeyDown(20, Composer::DeleteKeyCode);
-    const CanvasImage& im = composer.GlyphPic[20];
+    composer.moveSign(20, 4000, 3000);
+    composer.keyPressed(20, Composer::DeleteKeyCode);
+    const CanvasImage& im = composer.images[20];
     const Rect home = ComposeGeometry::home(20);
     EXPECT_FALSE(im.hasPicture);
     EXPECT_TRUE(im.visible);
@@ -83,54 +83,54 @@ TEST_F(CanvasTest, DeleteOnImageTwentyEmptiesTheImageButKeepsTheSign) {
     EXPECT_EQ(im.top, home.top);
     EXPECT_EQ(code(20), "G17");
     choose(0, "A1");
-    ASSERT_TRUE(composer.OK());
+    ASSERT_TRUE(composer.accept());
     EXPECT_EQ(app.composedGardiner, "A1-G17") << "OK still takes the sign of slot 20";
 }
 
 TEST_F(CanvasTest, DeleteLastAfterChoosingTurnsTheLastSignIntoTheEmptySlot) {
     choose(0, "A1");
     choose(1, "G17");
-    composer.MoveImage(1, 3000, 3000);
-    ASSERT_EQ(composer.LastGlyph, 2);
-    composer.DeleteLast();
-    EXPECT_EQ(composer.LastGlyph, 1);
-    EXPECT_FALSE(composer.GlyphPic[2].visible);
-    EXPECT_EQ(composer.GlyphPic[2].background, SlotBackground::Workspace);
+    composer.moveSign(1, 3000, 3000);
+    ASSERT_EQ(composer.firstFreeSlot, 2);
+    composer.deleteLast();
+    EXPECT_EQ(composer.firstFreeSlot, 1);
+    EXPECT_FALSE(composer.images[2].visible);
+    EXPECT_EQ(composer.images[2].background, SlotBackground::Workspace);
     const Rect home1 = ComposeGeometry::home(1);
-    EXPECT_EQ(composer.GlyphPic[1].left, home1.left);
-    EXPECT_EQ(composer.GlyphPic[1].width, 612);
-    EXPECT_FALSE(composer.GlyphPic[1].hasPicture);
+    EXPECT_EQ(composer.images[1].left, home1.left);
+    EXPECT_EQ(composer.images[1].width, 612);
+    EXPECT_FALSE(composer.images[1].hasPicture);
     EXPECT_FALSE(app.glyphs[1].used());
     EXPECT_EQ(code(0), "A1");
 }
 
 TEST_F(CanvasTest, DeleteLastAfterGetHidesTheLastSignAndEmptiesTheOneBefore) {
     get("A1 G17 D21");
-    ASSERT_EQ(composer.LastGlyph, 2);
-    composer.DeleteLast();
-    EXPECT_EQ(composer.LastGlyph, 1);
-    EXPECT_FALSE(composer.GlyphPic[2].visible);
+    ASSERT_EQ(composer.firstFreeSlot, 2);
+    composer.deleteLast();
+    EXPECT_EQ(composer.firstFreeSlot, 1);
+    EXPECT_FALSE(composer.images[2].visible);
     EXPECT_EQ(code(2), "D21") << "the hidden sign keeps its row";
     EXPECT_FALSE(app.glyphs[1].used());
-    EXPECT_FALSE(composer.GlyphPic[1].hasPicture);
+    EXPECT_FALSE(composer.images[1].hasPicture);
 }
 
 TEST_F(CanvasTest, DeleteLastIsRefusedAtOneAndBelow) {
     for (const char* line : {"A1 G17", "A1", "zz"}) {
-        composer.Load();
+        composer.open();
         app.glyphs.clear();
         get(line);
         const auto glyphs = app.glyphs;
-        const int last = composer.LastGlyph;
-        composer.DeleteLast();
-        EXPECT_EQ(composer.LastGlyph, last) << line;
+        const int last = composer.firstFreeSlot;
+        composer.deleteLast();
+        EXPECT_EQ(composer.firstFreeSlot, last) << line;
         for (int k = 0; k < GlyphTable::Slots; ++k) EXPECT_EQ(app.glyphs[k].code, glyphs[k].code);
-        EXPECT_TRUE(composer.GlyphPic[0].visible) << line;
+        EXPECT_TRUE(composer.images[0].visible) << line;
     }
-    composer.Load();
-    composer.DeleteLast(); // a fresh canvas: LastGlyph 0
-    EXPECT_EQ(composer.LastGlyph, 0);
-    EXPECT_TRUE(composer.GlyphPic[0].visible);
+    composer.open();
+    composer.deleteLast(); // a fresh canvas: firstFreeSlot 0
+    EXPECT_EQ(composer.firstFreeSlot, 0);
+    EXPECT_TRUE(composer.images[0].visible);
 }
 
 } // namespace

@@ -122,15 +122,15 @@ TEST_F(CodeLineTest, TheLineIsReadLaidOutAndWrittenAsALayout) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.line.substr(0, 40) + (c.tool == Tool::Get ? " Get" : " Arrange"));
         app.settings.direction = c.left ? Direction::Left : Direction::Right;
-        composer.Load();
+        composer.open();
         app.glyphs.clear();
         t.dialogs.prompts.clear();
-        composer.txtMdC = c.line;
-        c.tool == Tool::Get ? composer.Get() : composer.Arrange();
+        composer.codeLine = c.line;
+        c.tool == Tool::Get ? composer.getSigns() : composer.arrange();
         std::vector<std::string> messages;
         for (const Prompt& p : t.dialogs.prompts) messages.push_back(p.text + " / " + p.title);
         EXPECT_EQ(messages, c.messages);
-        ASSERT_TRUE(composer.OK());
+        ASSERT_TRUE(composer.accept());
         EXPECT_EQ(app.store.composeAccepted, *c.gardiner != '\0');
         EXPECT_EQ(app.composedGardiner, c.gardiner);
         if (c.layout) {
@@ -142,17 +142,17 @@ TEST_F(CodeLineTest, TheLineIsReadLaidOutAndWrittenAsALayout) {
 // Get and Arrange leave the canvas as it was when there is nothing to place.
 TEST_F(CodeLineTest, AnEmptyLineOrOneWithoutSignsMovesNothing) {
     get("A1 G17");
-    const auto images = composer.GlyphPic;
+    const auto images = composer.images;
     for (const char* line : {"", "    "}) {
         t.dialogs.prompts.clear();
         get(line);
         EXPECT_EQ(code(0), "A1") << line;
-        EXPECT_EQ(composer.GlyphPic[0].left, images[0].left) << line;
+        EXPECT_EQ(composer.images[0].left, images[0].left) << line;
     }
-    composer.txtMdC = "zz";
-    composer.Arrange();
-    EXPECT_EQ(composer.GlyphPic[0].left, images[0].left);
-    EXPECT_EQ(composer.LastGlyph, -1);
+    composer.codeLine = "zz";
+    composer.arrange();
+    EXPECT_EQ(composer.images[0].left, images[0].left);
+    EXPECT_EQ(composer.firstFreeSlot, -1);
 }
 
 TEST_F(CodeLineTest, PicturesComeFromTheLibraryAndDirectionAMissingOneIsAnEmptySquare) {
@@ -166,13 +166,13 @@ TEST_F(CodeLineTest, PicturesComeFromTheLibraryAndDirectionAMissingOneIsAnEmptyS
         app.settings.library = c.basic ? Library::Basic : Library::Extended;
         app.settings.direction = c.left ? Direction::Left : Direction::Right;
         get("G17");
-        EXPECT_EQ(composer.GlyphPic[0].picture.file, c.file);
+        EXPECT_EQ(composer.images[0].picture.file, c.file);
     }
     t.pictures.sizes.erase("A1");
     get("G17 A1");
     EXPECT_EQ(code(1), "A1");
-    EXPECT_FALSE(composer.GlyphPic[1].picture.ok);
-    EXPECT_EQ(composer.GlyphPic[1].width, 612);
+    EXPECT_FALSE(composer.images[1].picture.ok);
+    EXPECT_EQ(composer.images[1].width, 612);
     EXPECT_EQ(composer.status, "Picture not found: /pictures/Extended/Right/A1.GIF");
     get("G17");
     EXPECT_EQ(composer.status, "");

@@ -10,7 +10,7 @@
 
 namespace nebkaro::testing {
 
-class QueuedBrowser : public Windows {
+class QueuedBrowser : public WindowHost {
 public:
     explicit QueuedBrowser(App& app) : app_(app) {}
     // Each entry answers one double-click: a sign chosen, or nullopt for a browser closed
@@ -47,15 +47,15 @@ struct ComposerTest : ::testing::Test {
     Composer composer{t.app};
 
     ComposerTest() {
-        ParseSignList(app.lists, ComposerSignList);
-        ParsePhonetic(app.lists, ComposerPhonetic);
+        parseSignList(app.lists, ComposerSignList);
+        parsePhonetic(app.lists, ComposerPhonetic);
         t.pictures.sizes = {{"A1", {300, 600}},  {"A2", {300, 600}},  {"Aa1", {375, 375}},
                             {"D21", {450, 225}}, {"G17", {450, 600}}, {"G43", {375, 540}},
                             {"M17", {225, 600}}, {"N35", {600, 150}}, {"X1", {450, 225}},
                             {"Z1", {150, 450}}};
         app.windows = &browser;
         app.store.newWordPending = true;
-        composer.Load();
+        composer.open();
     }
 
     // The sign with this code as the browser would hand it over from picture 0.
@@ -65,11 +65,11 @@ struct ComposerTest : ::testing::Test {
     }
     void choose(int slot, const std::string& code) {
         browser.choices.push_back(sign(code));
-        ASSERT_TRUE(composer.ChooseSign(slot));
+        ASSERT_TRUE(composer.chooseSign(slot));
     }
     void get(const std::string& line) {
-        composer.txtMdC = line;
-        composer.Get();
+        composer.codeLine = line;
+        composer.getSigns();
     }
     std::string code(int slot) const { return app.glyphs[slot].code.value_or("<free>"); }
 };

@@ -13,20 +13,20 @@ void place(ComposerTest& f, const std::string& line,
            const std::vector<std::pair<double, double>>& at) {
     f.get(line);
     for (std::size_t k = 0; k < at.size(); ++k)
-        f.composer.MoveImage(static_cast<int>(k), at[k].first, at[k].second);
+        f.composer.moveSign(static_cast<int>(k), at[k].first, at[k].second);
 }
 
 TEST_F(ComposerWindowTest, OneSignIsAWordAndNoSignIsCancel) {
     get("R8"); // not in the list: no sign placed at all
     t.dialogs.prompts.clear();
-    EXPECT_TRUE(composer.OK());
+    EXPECT_TRUE(composer.accept());
     EXPECT_FALSE(app.store.composeAccepted);
-    composer.Load();
+    composer.open();
     choose(0, "A1");
     choose(1, "G17");
-    composer.DeleteSign(0);
-    composer.DeleteSign(0);
-    EXPECT_TRUE(composer.OK());
+    composer.deleteSign(0);
+    composer.deleteSign(0);
+    EXPECT_TRUE(composer.accept());
     EXPECT_FALSE(app.store.composeAccepted);
     EXPECT_EQ(app.layoutText, "");
     EXPECT_TRUE(t.dialogs.prompts.empty()) << "OK without a sign asks nothing";
@@ -70,17 +70,17 @@ TEST_F(ComposerWindowTest, OkWritesTheSignsInReadingOrderAtTheirPlaces) {
     for (const auto& c : cases) {
         SCOPED_TRACE(std::string(c.line) + (c.left ? " left" : " right"));
         app.settings.direction = c.left ? Direction::Left : Direction::Right;
-        composer.Load();
+        composer.open();
         place(*this, c.line, c.at);
-        ASSERT_TRUE(composer.OK());
+        ASSERT_TRUE(composer.accept());
         EXPECT_TRUE(app.store.composeAccepted);
         EXPECT_EQ(app.composedGardiner, c.gardiner);
         if (c.layout) {
             EXPECT_EQ(app.layoutText, c.layout);
         }
-        EXPECT_EQ(composer.Gardinerlbl, c.gardiner);
+        EXPECT_EQ(composer.gardinerLabel, c.gardiner);
         // The images follow their slots through the sort.
-        EXPECT_EQ(composer.GlyphPic[0].picture.file.filename(), code(0) + ".GIF");
+        EXPECT_EQ(composer.images[0].picture.file.filename(), code(0) + ".GIF");
     }
     EXPECT_EQ(app.view.rightEdge, 750); // the extent of the last group, A1 and G17
     EXPECT_EQ(app.view.bottomEdge, 640);
@@ -89,24 +89,24 @@ TEST_F(ComposerWindowTest, OkWritesTheSignsInReadingOrderAtTheirPlaces) {
 TEST_F(ComposerWindowTest, AGapEndsTheReadingOrderSortAndIsSkipped) {
     choose(0, "G17");
     choose(2, "A1");
-    composer.MoveImage(0, 2000, 1000);
-    composer.MoveImage(2, 1000, 1000);
-    ASSERT_TRUE(composer.OK());
+    composer.moveSign(0, 2000, 1000);
+    composer.moveSign(2, 1000, 1000);
+    ASSERT_TRUE(composer.accept());
     EXPECT_EQ(app.composedGardiner, "G17-A1");
     EXPECT_EQ(app.layoutText, "G17(1000,0) - A1(0,0) ");
 }
 
 TEST_F(ComposerWindowTest, LoadForANewWordEmptiesTheTableAndTheResults) {
     get("A1 G17");
-    composer.OK();
-    composer.Load();
+    composer.accept();
+    composer.open();
     for (int k = 0; k < GlyphTable::Slots; ++k) EXPECT_FALSE(app.glyphs[k].used()) << k;
     EXPECT_EQ(app.layoutText, "");
     EXPECT_FALSE(app.store.composeAccepted);
-    EXPECT_EQ(composer.LastGlyph, 0);
-    EXPECT_TRUE(composer.GlyphPic[0].visible);
-    EXPECT_FALSE(composer.GlyphPic[1].visible);
-    EXPECT_EQ(composer.GlyphPic[1].top, ComposeGeometry::home(1).top);
+    EXPECT_EQ(composer.firstFreeSlot, 0);
+    EXPECT_TRUE(composer.images[0].visible);
+    EXPECT_FALSE(composer.images[1].visible);
+    EXPECT_EQ(composer.images[1].top, ComposeGeometry::home(1).top);
 }
 
 TEST_F(ComposerWindowTest, LoadForAnEditedWordTakesOverTheMainWindowsSigns) {
@@ -122,15 +122,15 @@ TEST_F(ComposerWindowTest, LoadForAnEditedWordTakesOverTheMainWindowsSigns) {
         main.left = 3000 + 400 * k;
         main.top = 1400 + 10 * k;
     }
-    app.view.GardinerTxt = "A1-G17-N35";
-    composer.Load();
+    app.view.gardiner = "A1-G17-N35";
+    composer.open();
 
-    EXPECT_EQ(composer.LastGlyph, 3);
-    const Rect& frame = app.view.geometry.DispAreaShp;
-    const int dx = composer.geometry.ComposeShp.left - frame.left;
-    const int dy = composer.geometry.ComposeShp.top - frame.top;
+    EXPECT_EQ(composer.firstFreeSlot, 3);
+    const Rect& frame = app.view.geometry.displayArea;
+    const int dx = composer.geometry.canvasFrame.left - frame.left;
+    const int dy = composer.geometry.canvasFrame.top - frame.top;
     for (int k = 0; k < 3; ++k) {
-        const CanvasImage& im = composer.GlyphPic[static_cast<std::size_t>(k)];
+        const CanvasImage& im = composer.images[static_cast<std::size_t>(k)];
         EXPECT_TRUE(im.visible) << k;
         EXPECT_EQ(im.left, 3000 + 400 * k + dx) << k;
         EXPECT_EQ(im.top, 1400 + 10 * k + dy) << k;
@@ -138,18 +138,18 @@ TEST_F(ComposerWindowTest, LoadForAnEditedWordTakesOverTheMainWindowsSigns) {
         EXPECT_EQ(app.glyphs[k].y, im.top) << k;
         EXPECT_EQ(im.width, t.pictures.sizes[codes[k]].first) << k;
     }
-    EXPECT_TRUE(composer.GlyphPic[3].visible);
-    EXPECT_FALSE(composer.GlyphPic[3].hasPicture);
-    EXPECT_FALSE(composer.GlyphPic[4].visible);
-    EXPECT_EQ(composer.Gardinerlbl, "Gardiner: A1-G17-N35");
+    EXPECT_TRUE(composer.images[3].visible);
+    EXPECT_FALSE(composer.images[3].hasPicture);
+    EXPECT_FALSE(composer.images[4].visible);
+    EXPECT_EQ(composer.gardinerLabel, "Gardiner: A1-G17-N35");
 
     // Edited without a move, the word comes back as it was drawn.
-    ASSERT_TRUE(composer.OK());
+    ASSERT_TRUE(composer.accept());
     EXPECT_EQ(app.layoutText, "A1(0,0) - G17(400,10) - N35(800,20) ");
     // Delete Last removes the empty slot and empties the last sign.
-    composer.Load();
-    composer.DeleteLast();
-    EXPECT_FALSE(composer.GlyphPic[3].visible);
+    composer.open();
+    composer.deleteLast();
+    EXPECT_FALSE(composer.images[3].visible);
     EXPECT_FALSE(app.glyphs[2].used());
     EXPECT_TRUE(app.glyphs[1].used());
 }
@@ -175,16 +175,16 @@ TEST_F(LibraryFiles, TheFourSwitchesKeepTheirDifferences) {
         bool optionChanges;
     };
     const Case cases[] = {
-        {"OptBasic", &Composer::OptBasic, true, false, 0, false, true},
-        {"OptExtended", &Composer::OptExtended, false, true, 0, false, true},
-        {"mnuBasic", &Composer::mnuBasic, true, false, 0, true, false},
-        {"mnuExtended", &Composer::mnuExtended, false, true, 1, true, false},
+        {"OptBasic", &Composer::basicOptionClicked, true, false, 0, false, true},
+        {"OptExtended", &Composer::extendedOptionClicked, false, true, 0, false, true},
+        {"mnuBasic", &Composer::basicMenuChosen, true, false, 0, true, false},
+        {"mnuExtended", &Composer::extendedMenuChosen, false, true, 1, true, false},
     };
     for (const auto& c : cases) {
         // Start from the other library, with the controls showing it.
         app.settings.library = c.basic ? Library::Extended : Library::Basic;
         app.extendedChosen = false;
-        composer.Activate();
+        composer.activate();
         const int unloads = browser.unloads;
         const int beeps = t.dialogs.beeps;
         (composer.*c.handler)();
@@ -193,9 +193,9 @@ TEST_F(LibraryFiles, TheFourSwitchesKeepTheirDifferences) {
         EXPECT_EQ(app.extendedChosen, c.extendedChosen) << c.name;
         EXPECT_EQ(t.dialogs.beeps - beeps, c.beeps) << c.name;
         EXPECT_EQ(browser.unloads - unloads, 1) << c.name;
-        EXPECT_EQ(composer.mnuBasicChecked, c.menuChecksChange ? c.basic : !c.basic) << c.name;
-        EXPECT_EQ(composer.mnuExtendedChecked, c.menuChecksChange ? !c.basic : c.basic) << c.name;
-        EXPECT_EQ(composer.OptBasicValue, c.optionChanges ? c.basic : !c.basic) << c.name;
+        EXPECT_EQ(composer.basicChecked, c.menuChecksChange ? c.basic : !c.basic) << c.name;
+        EXPECT_EQ(composer.extendedChecked, c.menuChecksChange ? !c.basic : c.basic) << c.name;
+        EXPECT_EQ(composer.basicChosen, c.optionChanges ? c.basic : !c.basic) << c.name;
     }
 }
 
@@ -215,7 +215,10 @@ TEST_F(ComposerWindowTest, ComposeLineIsGetThenOk) {
     for (const auto& c : cases) {
         app.store.newWordPending = false;
         app.glyphs[5].code = "left over";
-        EXPECT_EQ(ComposeLine(app, c.line, Library::Basic, c.left ? Direction::Left : Direction::Right), c.accepted) << c.line;
+        EXPECT_EQ(
+            composeLine(app, c.line, Library::Basic, c.left ? Direction::Left : Direction::Right),
+            c.accepted)
+            << c.line;
         EXPECT_EQ(app.layoutText, c.layout) << c.line;
         EXPECT_EQ(app.composedGardiner, c.gardiner) << c.line;
         EXPECT_FALSE(app.store.newWordPending) << "the flags are given back";

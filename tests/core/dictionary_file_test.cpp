@@ -30,7 +30,7 @@ struct DictionaryFileTest : ::testing::Test {
         auto p = dir.write(name, bytes);
         t.app.store.dictionaryPath = p.string();
         t.app.mergeMode = merge;
-        return LoadDictionary(t.app);
+        return loadDictionary(t.app);
     }
 };
 
@@ -76,7 +76,7 @@ TEST_F(DictionaryFileTest, ARecordWithoutADirectionEndsTheLoadWithABeepAndAMessa
     // Merged, the same file is not saved over (its path is now the one saved to) unasked.
     ASSERT_EQ(load("m.nkd", text, true), LoadOutcome::Loaded);
     t.dialogs.answers.push_back(Answer::No);
-    EXPECT_FALSE(SaveDictionary(t.app));
+    EXPECT_FALSE(saveDictionary(t.app));
     EXPECT_EQ(readFile(dir.path() / "m.nkd"), text);
 }
 
@@ -85,7 +85,7 @@ TEST_F(DictionaryFileTest, WhatTheProgramWritesReadsBackByteIdentical) {
         std::string("\"Name\",\"Author\",\"1 May 2020\",\"e\",\"\",\"\",\"\"\r\n") + kWord1 +
         kWord2;
     ASSERT_EQ(load("d.nkd", original), LoadOutcome::Loaded);
-    ASSERT_TRUE(SaveDictionary(t.app));
+    ASSERT_TRUE(saveDictionary(t.app));
     EXPECT_EQ(readFile(t.app.store.dictionaryPath), original);
     EXPECT_EQ(stores, 1); // the word on show is stored first
 }
@@ -128,7 +128,7 @@ TEST_F(DictionaryFileTest, AFailedLoadReportsAndKeepsTheOpenDictionary) {
         t.dialogs.prompts.clear();
         if (std::string(what) == "pipe") {
             t.app.store.dictionaryPath = pipe.string();
-            EXPECT_EQ(LoadDictionary(t.app), LoadOutcome::Failed);
+            EXPECT_EQ(loadDictionary(t.app), LoadOutcome::Failed);
         } else {
             EXPECT_EQ(load("bad.nkd", bytes), LoadOutcome::Failed) << what;
         }
@@ -143,7 +143,7 @@ TEST_F(DictionaryFileTest, AFailedLoadReportsAndKeepsTheOpenDictionary) {
 TEST_F(DictionaryFileTest, AMissingDictionaryOffersAnotherOrEndsTheProgram) {
     t.app.store.dictionaryPath = (dir.path() / "missing.nkd").string();
     t.dialogs.answers = {Answer::Cancel};
-    EXPECT_EQ(LoadDictionary(t.app), LoadOutcome::NotFound);
+    EXPECT_EQ(loadDictionary(t.app), LoadOutcome::NotFound);
     ASSERT_EQ(t.dialogs.prompts.size(), 1u);
     EXPECT_EQ(
         t.dialogs.prompts[0].text,
@@ -172,20 +172,20 @@ TEST_F(DictionaryFileTest, MergeAppendsAndTakesTheMergedFilesHeaderAndPath) {
 
 TEST_F(DictionaryFileTest, NewDictionaryWritesTheHeaderOnlyAndEmptiesTheStore) {
     ASSERT_EQ(load("a.nkd", std::string(kWord1) + kWord2), LoadOutcome::Loaded);
-    struct HeaderWindow : Windows {
+    struct HeaderWindow : WindowHost {
         App* app = nullptr;
         DictionaryHeader shown{};
         void showHeaderDialog(const DictionaryHeader& boxes) override {
             shown = boxes;
             DictionaryHeader b = boxes;
             b[0] = "Fresh";
-            ConfirmHeader(*app, b);
+            confirmHeader(*app, b);
         }
     } w;
     w.app = &t.app;
     t.app.windows = &w;
     t.dialogs.files = {dir.path() / "new.nkd"};
-    NewDictionaryCommand(t.app);
+    newDictionaryCommand(t.app);
     EXPECT_EQ(w.shown[2], text::todayLongDate());
     EXPECT_EQ(w.shown[0], "");
     EXPECT_EQ(readFile(dir.path() / "new.nkd"),
@@ -201,10 +201,10 @@ TEST_F(DictionaryFileTest, ValuesTheFormatCannotHoldAreFlaggedOnceBeforeWriting)
     t.app.store.setField(1, FieldMeaning, "say \"hi\"");
     t.app.store.setField(1, FieldComment, "two\r\nlines");
     t.dialogs.answers = {Answer::No};
-    EXPECT_FALSE(SaveDictionary(t.app));
+    EXPECT_FALSE(saveDictionary(t.app));
     ASSERT_EQ(t.dialogs.messages().size(), 1u);
     EXPECT_NE(t.dialogs.messages()[0].find("Word 1, meaning"), std::string::npos);
     EXPECT_EQ(readFile(t.app.store.dictionaryPath), before);
     t.dialogs.answers = {Answer::Yes};
-    EXPECT_TRUE(SaveDictionary(t.app));
+    EXPECT_TRUE(saveDictionary(t.app));
 }

@@ -41,14 +41,14 @@ struct SaveFaults : ::testing::Test {
     void SetUp() override { t.app.settings.showDictionaryInfo = false; }
     void loadOld(const std::filesystem::path& file) {
         t.app.store.dictionaryPath = file.string();
-        ASSERT_EQ(LoadDictionary(t.app), LoadOutcome::Loaded);
+        ASSERT_EQ(loadDictionary(t.app), LoadOutcome::Loaded);
         t.app.store.setField(0, FieldComment, std::string(200000, 'n')); // a big change
         t.app.store.isChanged = true;
     }
     // The message names the file and the reason, and says that nothing is lost.
     void expectFailedSave(const std::filesystem::path& file, const std::string& reason) {
         t.dialogs.prompts.clear();
-        EXPECT_FALSE(SaveDictionary(t.app));
+        EXPECT_FALSE(saveDictionary(t.app));
         EXPECT_TRUE(t.app.store.isChanged);
         EXPECT_FALSE(t.app.endRequested);
         ASSERT_EQ(t.dialogs.messages().size(), 1u);
@@ -109,9 +109,9 @@ TEST_F(SaveFaults, FullDisk) {
     app.settings.showDictionaryInfo = false;
     const auto file = tmp.write("full/words.nkd", kOld);
     app.store.dictionaryPath = file.string();
-    ASSERT_EQ(LoadDictionary(app), LoadOutcome::Loaded);
+    ASSERT_EQ(loadDictionary(app), LoadOutcome::Loaded);
     app.store.isChanged = true;
-    EXPECT_FALSE(SaveDictionary(app));
+    EXPECT_FALSE(saveDictionary(app));
     EXPECT_TRUE(app.store.isChanged);
     EXPECT_NE(t.dialogs.messages().back().find("Disk full"), std::string::npos);
     EXPECT_EQ(readFile(file), kOld);

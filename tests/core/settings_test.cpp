@@ -16,7 +16,7 @@
 using namespace nebkaro;
 using namespace nebkaro::testing;
 
-TEST(ApplySettings, ValuesAreReadCaseBlindWithTheirOwnRulesAndRanges) {
+TEST(applySettings, ValuesAreReadCaseBlindWithTheirOwnRulesAndRanges) {
     struct Case {
         std::string file;
         bool basic, left, about, info;
@@ -38,7 +38,7 @@ TEST(ApplySettings, ValuesAreReadCaseBlindWithTheirOwnRulesAndRanges) {
     for (const auto& c : cases) {
         TestApp t;
         TempDir d;
-        ApplySettings(t.app, d.write("System/Settings.nks", c.file));
+        applySettings(t.app, d.write("System/Settings.nks", c.file));
         EXPECT_EQ(t.app.settings.library == Library::Basic, c.basic) << c.file;
         EXPECT_EQ(t.app.settings.direction == Direction::Left, c.left) << c.file;
         EXPECT_EQ(t.app.settings.showAbout, c.about) << c.file;
@@ -50,7 +50,7 @@ TEST(ApplySettings, ValuesAreReadCaseBlindWithTheirOwnRulesAndRanges) {
     }
 }
 
-TEST(ApplySettings, AnUnreadableFileGivesTheDefaultsAndANotice) {
+TEST(applySettings, AnUnreadableFileGivesTheDefaultsAndANotice) {
     TempDir d;
     std::filesystem::create_directories(d.path() / "dir.nks");
     const std::filesystem::path files[] = {d.path() / "missing.nks", d.write("empty.nks", ""),
@@ -58,7 +58,7 @@ TEST(ApplySettings, AnUnreadableFileGivesTheDefaultsAndANotice) {
     for (const auto& f : files) {
         TestApp t;
         t.app.settings.library = Library::Extended;
-        ApplySettings(t.app, f);
+        applySettings(t.app, f);
         EXPECT_EQ(t.app.settings.library, Library::Basic) << f;
         EXPECT_EQ(t.app.settings.direction, Direction::Left) << f;
         EXPECT_EQ(t.dialogs.messages(),
@@ -67,23 +67,23 @@ TEST(ApplySettings, AnUnreadableFileGivesTheDefaultsAndANotice) {
     }
 }
 
-TEST(WriteSettingsFile, WritesTheExactTextAndReadsBack) {
+TEST(writeSettingsFile, WritesTheExactTextAndReadsBack) {
     TestApp t;
     TempDir d;
     t.app.settings.library = Library::Extended;
     t.app.settings.showDictionaryInfo = false;
     t.app.store.dictionaryName = "Mine.nkd";
     const auto p = d.path() / "System" / "Settings.nks";
-    WriteSettingsFile(t.app, p);
+    writeSettingsFile(t.app, p);
     // A zoom and scale left at their defaults are not written.
     EXPECT_EQ(readFile(p), "Nebkaro Settings: \r\n\r\nLibrary = Extended\r\nDirection = Left\r\n"
                            "Dictionary Name = Mine.nkd\r\nShow About = True\r\n"
                            "Show Dictionary Info = False\r\n\r\n");
     t.app.settings.wordZoom = 300;
     t.app.settings.pictureScale = 8;
-    WriteSettingsFile(t.app, p);
+    writeSettingsFile(t.app, p);
     TestApp back;
-    ApplySettings(back.app, p);
+    applySettings(back.app, p);
     EXPECT_EQ(back.app.settings.library, Library::Extended);
     EXPECT_FALSE(back.app.settings.showDictionaryInfo);
     EXPECT_EQ(back.app.store.dictionaryName, "Mine.nkd");
@@ -94,7 +94,7 @@ TEST(WriteSettingsFile, WritesTheExactTextAndReadsBack) {
 namespace {
 
 // Records the order in which start-up reaches the windows.
-struct RecordingWindows : Windows {
+struct RecordingWindows : WindowHost {
     std::vector<std::string> calls;
     int browserUnloads = 0;
     void setPrinterDefaults() override { calls.push_back("printer"); }
@@ -137,7 +137,7 @@ std::map<std::string, std::string> snapshot(const std::filesystem::path& root) {
 TEST_F(StartUpTest, StepsRunInOrderWithTheRememberedDictionary) {
     settings("Library = Basic\r\nShow About = True\r\nShow Dictionary Info = True\r\n"
              "Dictionary Name = Words.nkd\r\n");
-    ASSERT_TRUE(StartUp(t.app, ""));
+    ASSERT_TRUE(startProgram(t.app, ""));
     EXPECT_EQ(windows.calls,
               (std::vector<std::string>{"printer", "about", "header:Starter",
                                         "caption:Nebkaro Ver: 1.0.0    Dictionary: Words.nkd"}));
@@ -157,7 +157,7 @@ TEST_F(StartUpTest, SpecialFilesInThePlaceOfProgramFilesNeverHoldTheStart) {
     const auto phonetic = home.path() / "Lists" / "Phonetic.csv";
     fs::remove(phonetic);
     ASSERT_EQ(::mkfifo(phonetic.c_str(), 0600), 0);
-    EXPECT_FALSE(StartUp(t.app, ""));
+    EXPECT_FALSE(startProgram(t.app, ""));
     EXPECT_TRUE(t.app.endRequested);
     EXPECT_EQ(t.dialogs.prompts[0].title, "Settings not found");
     EXPECT_EQ(t.dialogs.messages().back(),
@@ -167,31 +167,31 @@ TEST_F(StartUpTest, SpecialFilesInThePlaceOfProgramFilesNeverHoldTheStart) {
 
 TEST_F(StartUpTest, ClosingAsksOnlyWithUnsavedWorkAndCancelWritesNoSettings) {
     const auto settingsFile = home.path() / "System" / "Settings.nks";
-    EXPECT_TRUE(QuitCommand(t.app)); // nothing unsaved: no question
+    EXPECT_TRUE(quitCommand(t.app)); // nothing unsaved: no question
     EXPECT_TRUE(std::filesystem::exists(settingsFile));
     std::filesystem::remove(settingsFile);
     t.app.endRequested = false;
     t.app.store.composeAccepted = true; // composed work counts, as every edit does
     t.dialogs.answers = {Answer::Cancel, Answer::No};
-    EXPECT_FALSE(CloseMainWindow(t.app));
+    EXPECT_FALSE(closeMainWindow(t.app));
     EXPECT_FALSE(t.app.endRequested);
     EXPECT_FALSE(std::filesystem::exists(settingsFile));
-    EXPECT_TRUE(CloseMainWindow(t.app));
+    EXPECT_TRUE(closeMainWindow(t.app));
     ASSERT_EQ(t.dialogs.prompts.size(), 2u);
     EXPECT_EQ(t.dialogs.prompts[0].buttons, Buttons::YesNoCancel);
     EXPECT_TRUE(std::filesystem::exists(settingsFile));
 }
 
 TEST_F(StartUpTest, PreferencesLoadTheChosenSignListOrEndTheProgram) {
-    ASSERT_TRUE(ApplyPreferences(t.app, Library::Extended, Direction::Right));
+    ASSERT_TRUE(applyPreferences(t.app, Library::Extended, Direction::Right));
     EXPECT_EQ(t.app.settings.library, Library::Extended);
     EXPECT_EQ(t.app.settings.direction, Direction::Right);
     EXPECT_EQ(t.app.lists.signCount, 2);
     EXPECT_EQ(windows.browserUnloads, 1);
-    ASSERT_TRUE(ApplyPreferences(t.app, Library::Basic, Direction::Left));
+    ASSERT_TRUE(applyPreferences(t.app, Library::Basic, Direction::Left));
     EXPECT_EQ(t.app.lists.signCount, 3);
     std::filesystem::remove(home.path() / "Lists" / "Extendedlist.csv");
-    EXPECT_FALSE(ApplyPreferences(t.app, Library::Extended, Direction::Left));
+    EXPECT_FALSE(applyPreferences(t.app, Library::Extended, Direction::Left));
     EXPECT_TRUE(t.app.endRequested);
     EXPECT_NE(t.dialogs.messages().back().find("Extendedlist.csv"), std::string::npos);
 }
@@ -220,7 +220,7 @@ TEST(ProgramFoldersTest, OneFolderUnlessInstalledThenTheUsersDataFolder) {
             if (std::string(name) == "HOME") return "/home/ann";
             return c.xdg;
         };
-        const ProgramFolders f = ResolveFolders(c.home, c.exe, "../share/nebkaro", env);
+        const ProgramFolders f = resolveFolders(c.home, c.exe, "../share/nebkaro", env);
         EXPECT_EQ(f.shipped, c.shipped) << c.name;
         EXPECT_EQ(f.user, c.user) << c.name;
         EXPECT_EQ(f.separate(), c.shipped != c.user) << c.name;
@@ -233,15 +233,15 @@ TEST_F(StartUpTest, InstalledTheUserFolderIsMadeOnceAndTheShippedOneNeverWritten
     TempDir data;
     const ProgramFolders folders{home.path(), data.path() / "nebkaro"};
     const auto shipped = snapshot(home.path());
-    ASSERT_TRUE(PrepareUserFolder(folders));
-    EXPECT_FALSE(PrepareUserFolder(folders)); // said once
+    ASSERT_TRUE(prepareUserFolder(folders));
+    EXPECT_FALSE(prepareUserFolder(folders)); // said once
     t.app.userHome = folders.user;
-    ASSERT_TRUE(StartUp(t.app, ""));
+    ASSERT_TRUE(startProgram(t.app, ""));
     EXPECT_EQ(t.app.store.dictionaryPath, (folders.user / "Dictionaries" / "Words.nkd").string());
     t.app.store.setField(0, FieldMeaning, "rush");
     t.app.store.isChanged = true;
-    ASSERT_TRUE(SaveDictionary(t.app));
-    EXPECT_TRUE(QuitCommand(t.app));
+    ASSERT_TRUE(saveDictionary(t.app));
+    EXPECT_TRUE(quitCommand(t.app));
     EXPECT_EQ(snapshot(home.path()), shipped);
     const auto mine = snapshot(folders.user);
     EXPECT_NE(mine.at("Dictionaries/Words.nkd").find("rush"), std::string::npos);
@@ -249,7 +249,7 @@ TEST_F(StartUpTest, InstalledTheUserFolderIsMadeOnceAndTheShippedOneNeverWritten
     // A settings file removed later comes back from the defaults; the dictionary is the user's.
     std::filesystem::remove(folders.user / "System" / "Settings.nks");
     std::filesystem::remove(folders.user / "Dictionaries" / "Words.nkd");
-    EXPECT_FALSE(PrepareUserFolder(folders));
+    EXPECT_FALSE(prepareUserFolder(folders));
     EXPECT_TRUE(std::filesystem::exists(folders.user / "System" / "Settings.nks"));
     EXPECT_FALSE(std::filesystem::exists(folders.user / "Dictionaries" / "Words.nkd"));
 }

@@ -9,49 +9,49 @@
 using namespace nebkaro;
 using namespace nebkaro::testing;
 
-TEST(ParseSignList, PreambleAndCategoryStarts) {
+TEST(parseSignList, PreambleAndCategoryStarts) {
     SignLists l;
-    ParseSignList(
+    parseSignList(
         l, "\"G1\",\"D58\",\"N35\"\r\n\"A1\"\r\n\"A2\",\"Aa1\"\r\nB1\r\nD21\r\nG17,G43\r\nZ1\r\n");
     EXPECT_EQ(l.preambleCount, 3);
     EXPECT_EQ(l.signCount, 11);
-    EXPECT_EQ(l.SignCodes[4], "A1");
-    EXPECT_EQ(l.CategoryTable[1][1], 3); // '@': the preamble
-    EXPECT_EQ(l.CategoryTable[1][2], 1);
-    EXPECT_EQ(l.CategoryTable[2][1], 3); // A1, A2, Aa1
-    EXPECT_EQ(l.CategoryTable[2][2], 4);
-    EXPECT_EQ(l.CategoryTable[5][2], 8); // D
-    EXPECT_EQ(l.CategoryTable[8][1], 2); // G
-    EXPECT_EQ(l.CategoryTable[8][2], 9);
-    EXPECT_EQ(l.CategoryTable[27][2], 11); // Z
+    EXPECT_EQ(l.signCodes[4], "A1");
+    EXPECT_EQ(l.categoryTable[1][1], 3); // '@': the preamble
+    EXPECT_EQ(l.categoryTable[1][2], 1);
+    EXPECT_EQ(l.categoryTable[2][1], 3); // A1, A2, Aa1
+    EXPECT_EQ(l.categoryTable[2][2], 4);
+    EXPECT_EQ(l.categoryTable[5][2], 8); // D
+    EXPECT_EQ(l.categoryTable[8][1], 2); // G
+    EXPECT_EQ(l.categoryTable[8][2], 9);
+    EXPECT_EQ(l.categoryTable[27][2], 11); // Z
     EXPECT_EQ(l.findSign("G43"), 10);
     EXPECT_EQ(l.findSign("g43"), 0);
 }
 
-TEST(ParseSignList, MalformedListsAreErrorsAndAListWithoutA1KeepsThePreamble) {
+TEST(parseSignList, MalformedListsAreErrorsAndAListWithoutA1KeepsThePreamble) {
     SignLists l;
     l.preambleCount = 2;
-    ParseSignList(l, "X,Y,B1\r\n");
+    parseSignList(l, "X,Y,B1\r\n");
     EXPECT_EQ(l.preambleCount, 2);
     std::string tooMany;
     for (int i = 0; i < 7001; ++i) tooMany += "A1\r\n";
     for (const std::string& bad :
          {std::string("A1\r\n1B\r\n"), std::string("A1\r\n[1\r\n"), tooMany}) {
         SignLists m;
-        EXPECT_THROW(ParseSignList(m, bad), RunError);
+        EXPECT_THROW(parseSignList(m, bad), RunError);
     }
     std::string exactly;
     for (int i = 0; i < 7000; ++i) exactly += "A1\r\n";
     SignLists full;
-    EXPECT_NO_THROW(ParseSignList(full, exactly));
+    EXPECT_NO_THROW(parseSignList(full, exactly));
     EXPECT_EQ(full.signCount, 7000);
 }
 
-TEST(LoadSignList, TheFileNameIsLookedUpCaseBlind) {
+TEST(loadSignList, TheFileNameIsLookedUpCaseBlind) {
     TempDir d;
     SignLists l;
     d.write("lists/extendedlist.CSV", "A1\r\n");
-    EXPECT_NO_THROW(LoadSignList(l, d.path(), Library::Extended));
+    EXPECT_NO_THROW(loadSignList(l, d.path(), Library::Extended));
     EXPECT_EQ(l.signCount, 1);
 }
 
@@ -59,26 +59,26 @@ TEST(ParseTables, Trans2CodeNeeds225RecordsAndPhoneticAtMost501) {
     SignLists l;
     std::string t2c;
     for (int i = 31; i <= 255; ++i) t2c += "\"x\",\"y\"\r\n";
-    ParseTrans2Code(l, t2c);
-    EXPECT_EQ(l.Trans2Code[255][1], "y");
-    EXPECT_THROW(ParseTrans2Code(l, "\"a\",\"b\"\r\n"), RunError);
+    parseTrans2Code(l, t2c);
+    EXPECT_EQ(l.trans2Code[255][1], "y");
+    EXPECT_THROW(parseTrans2Code(l, "\"a\",\"b\"\r\n"), RunError);
 
-    ParsePhonetic(l, "\"G17\",\"m\"\r\n\"N35\",\"n\"\r\n\"G17\",\"im\"\r\n");
+    parsePhonetic(l, "\"G17\",\"m\"\r\n\"N35\",\"n\"\r\n\"G17\",\"im\"\r\n");
     EXPECT_EQ(l.phoneticLast, 2);
     EXPECT_EQ(l.findPhonetic(0, "G17"), 0);
     EXPECT_EQ(l.findPhonetic(1, "n"), 1);
     std::string many;
     for (int i = 0; i < 502; ++i) many += "A1,a\r\n";
-    EXPECT_THROW(ParsePhonetic(l, many), RunError);
+    EXPECT_THROW(parsePhonetic(l, many), RunError);
 }
 
 namespace {
 bool greater(std::string a, std::string b) {
-    return GardinerGreater(a, b);
+    return gardinerGreater(a, b);
 }
 } // namespace
 
-TEST(GardinerGreater, OrdersCodesByCategoryNumberAndVariant) {
+TEST(gardinerGreater, OrdersCodesByCategoryNumberAndVariant) {
     struct Case {
         const char* a;
         const char* b;
@@ -123,7 +123,7 @@ TEST(GardinerGreater, OrdersCodesByCategoryNumberAndVariant) {
     }
 }
 
-TEST(GardinerGreater, IsAConsistentOrderOnRandomNotations) {
+TEST(gardinerGreater, IsAConsistentOrderOnRandomNotations) {
     const std::vector<std::string> parts = {"A1", "A2",   "A10", "A1a", "A01",    "Aa15", "Aa2",
                                             "A",  "",     "G",   "G17", "G1b",    "N35",  "N35a",
                                             "Ab", "A1.5", "Aš1", "X1",  "A99999", "5",    "Z1"};

@@ -14,7 +14,7 @@ struct Slot {
 std::vector<Slot> parse(const std::string& s, int* error = nullptr) {
     GlyphTable t;
     try {
-        ParseLayoutString(s, t);
+        parseLayoutString(s, t);
     } catch (const RunError& e) {
         if (!error) throw;
         *error = e.number();
@@ -26,7 +26,7 @@ std::vector<Slot> parse(const std::string& s, int* error = nullptr) {
 }
 } // namespace
 
-TEST(ParseLayout, ReadsEntriesWithTheirPositionsOrRaisesTheirErrors) {
+TEST(parseLayout, ReadsEntriesWithTheirPositionsOrRaisesTheirErrors) {
     std::string twentyTwo;
     for (int i = 0; i < 22; ++i) twentyTwo += "A1(0,0) - ";
     struct Case {
@@ -74,15 +74,15 @@ TEST(LayoutWriters, ComposerTrimsNumbersMirroringKeepsTheLeadingBlankBothParseBa
     t[2].code = "Aa15"; // a gap is skipped
     t[2].x = -30;
     t[2].y = 7.5;
-    EXPECT_EQ(ComposerLayoutString(t), "A1(0,40) - Aa15(-30,7.5) ");
-    EXPECT_EQ(MirrorLayoutString(t), "A1( 0, 40) - Aa15(-30, 7.5) ");
-    for (const std::string& s : {ComposerLayoutString(t), MirrorLayoutString(t)}) {
+    EXPECT_EQ(composerLayoutString(t), "A1(0,40) - Aa15(-30,7.5) ");
+    EXPECT_EQ(mirrorLayoutString(t), "A1( 0, 40) - Aa15(-30, 7.5) ");
+    for (const std::string& s : {composerLayoutString(t), mirrorLayoutString(t)}) {
         auto back = parse(s);
         ASSERT_EQ(back.size(), 2u) << s;
         EXPECT_EQ(back[1].x, -30);
         EXPECT_EQ(back[1].y, 7.5);
     }
     GlyphTable none;
-    EXPECT_EQ(ComposerLayoutString(none), "");
-    EXPECT_THROW(MirrorLayoutString(none), RunError);
+    EXPECT_EQ(composerLayoutString(none), "");
+    EXPECT_THROW(mirrorLayoutString(none), RunError);
 }

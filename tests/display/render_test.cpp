@@ -19,7 +19,7 @@ struct RenderTest : ::testing::Test {
         t.pictures.sizes = {{"A1", {300, 540}}, {"G17", {420, 600}}, {"N35", {600, 90}}};
         t.app.storeWord = [this](App& a) {
             ++stores;
-            a.store.setField(a.store.currentIndex, FieldLayout, a.view.RichGardinerlbl);
+            a.store.setField(a.store.currentIndex, FieldLayout, a.view.richGardiner);
         };
     }
     void word(int i, const std::string& dir, const std::string& layout,
@@ -32,11 +32,11 @@ struct RenderTest : ::testing::Test {
 
 TEST_F(RenderTest, CentresTheGroupInTheDisplayArea) {
     word(0, "L", "A1(0,60) - G17(300,0) ");
-    RenderWord(t.app);
+    renderWord(t.app);
     const WordView& v = t.app.view;
     EXPECT_EQ(v.rightEdge, 720);
     EXPECT_EQ(v.bottomEdge, 600);
-    const Rect a = v.geometry.DispAreaShp;
+    const Rect a = v.geometry.displayArea;
     const int cx = a.left + a.width / 2, cy = a.top + a.height / 2;
     EXPECT_EQ(v.mainGlyphPic[0].left, cx - 360);
     EXPECT_EQ(v.mainGlyphPic[0].top, cy - 300 + 60);
@@ -46,10 +46,10 @@ TEST_F(RenderTest, CentresTheGroupInTheDisplayArea) {
     EXPECT_EQ(v.mainGlyphPic[0].picture.file, "/pictures/Basic/Left/A1.GIF");
     // Anything but "L" and "B" is the other direction and library.
     word(0, "x", "A1(0,0) ", "b");
-    RenderWord(t.app);
+    renderWord(t.app);
     EXPECT_EQ(v.mainGlyphPic[0].picture.file, "/pictures/Extended/Right/A1.GIF");
-    EXPECT_EQ(v.MeaningTxt, "m");
-    EXPECT_EQ(v.txtNumber, "0");
+    EXPECT_EQ(v.meaning, "m");
+    EXPECT_EQ(v.wordNumber, "0");
 }
 
 // Without a word to show (the only word deleted, a header-only file) the view is empty:
@@ -59,12 +59,12 @@ TEST_F(RenderTest, NothingToShowEmptiesTheView) {
     for (const auto& [last, current] : {std::pair{-1, -1}, std::pair{-1, 0}}) {
         word(0, "L", "A1(0,0) ");
         t.app.store.currentIndex = 0;
-        RenderWord(t.app);
+        renderWord(t.app);
         t.app.store.lastIndex = last;
         t.app.store.currentIndex = current;
-        RenderWord(t.app);
-        EXPECT_EQ(t.app.view.MeaningTxt, "");
-        EXPECT_EQ(t.app.view.RichGardinerlbl, "");
+        renderWord(t.app);
+        EXPECT_EQ(t.app.view.meaning, "");
+        EXPECT_EQ(t.app.view.richGardiner, "");
         EXPECT_FALSE(t.app.view.mainGlyphPic[0].visible);
     }
 }
@@ -77,12 +77,12 @@ TEST_F(RenderTest, AWordThatCannotBeDrawnShowsItsOwnTexts) {
         word(0, "L", "A1(0,0) ");
         t.app.store.lastIndex = 1;
         t.app.store.currentIndex = 0;
-        RenderWord(t.app);
+        renderWord(t.app);
         word(1, "L", layout);
         t.app.store.currentIndex = 1;
-        RenderWord(t.app);
-        EXPECT_EQ(t.app.view.RichGardinerlbl, layout);
-        EXPECT_EQ(t.app.view.txtNumber, "1");
+        renderWord(t.app);
+        EXPECT_EQ(t.app.view.richGardiner, layout);
+        EXPECT_EQ(t.app.view.wordNumber, "1");
         EXPECT_FALSE(t.app.view.mainGlyphPic[0].visible);
         EXPECT_NE(t.app.view.drawProblem.find("word 1"), std::string::npos);
     }
@@ -90,7 +90,7 @@ TEST_F(RenderTest, AWordThatCannotBeDrawnShowsItsOwnTexts) {
 
 TEST_F(RenderTest, MissingPicturesAreEmptySquaresAndNamed) {
     word(0, "L", "A1(0,0) - Q99(300,0) ");
-    RenderWord(t.app);
+    renderWord(t.app);
     EXPECT_TRUE(t.app.view.mainGlyphPic[1].visible);
     EXPECT_FALSE(t.app.view.mainGlyphPic[1].picture.ok);
     EXPECT_EQ(t.app.view.mainGlyphPic[1].picture.width, 612);
@@ -100,8 +100,8 @@ TEST_F(RenderTest, MissingPicturesAreEmptySquaresAndNamed) {
 
 TEST_F(RenderTest, WordPictureHasA32TwipMarginAndSlotOrder) {
     word(0, "L", "A1(0,60) - G17(300,0) ");
-    RenderWord(t.app);
-    const WordPicture& p = t.app.view.TemPic;
+    renderWord(t.app);
+    const WordPicture& p = t.app.view.picture;
     EXPECT_EQ(p.width, 720 + 64);
     EXPECT_EQ(p.height, 600 + 64);
     ASSERT_EQ(p.pictures.size(), 2u);
@@ -109,24 +109,24 @@ TEST_F(RenderTest, WordPictureHasA32TwipMarginAndSlotOrder) {
     EXPECT_EQ(p.pictures[0].y, 92);
     EXPECT_EQ(p.pictures[1].x, 332);
     word(0, "L", "");
-    RenderWord(t.app);
-    EXPECT_EQ(t.app.view.TemPic.width, 64);
-    EXPECT_EQ(t.app.view.TemPic.height, 64);
-    EXPECT_TRUE(t.app.view.TemPic.pictures.empty());
+    renderWord(t.app);
+    EXPECT_EQ(t.app.view.picture.width, 64);
+    EXPECT_EQ(t.app.view.picture.height, 64);
+    EXPECT_TRUE(t.app.view.picture.pictures.empty());
 }
 
 TEST_F(RenderTest, SetDirectionMirrorsAndStores) {
     // A1 is 300 wide, G17 420: R = Int(300 + 420/2) = 510 after G17 (300+420 > 300).
     word(0, "L", "A1(0,60) - G17(300,0) ");
-    RenderWord(t.app);
-    SetDirection(t.app, FlipMode::Invert);
+    renderWord(t.app);
+    setDirection(t.app, FlipMode::Invert);
     EXPECT_EQ(t.app.store.field(0, FieldDirection), "R");
     // X: 510-(0+300)=210, 510-(300+420)=-210 -> m=-210 -> 420, 0
     EXPECT_EQ(t.app.store.field(0, FieldLayout), "A1( 420, 60) - G17( 0, 0) ");
     EXPECT_EQ(stores, 1);
     // Flipping back returns to "L" but not necessarily to the first X values.
-    RenderWord(t.app);
-    SetDirection(t.app, FlipMode::Invert);
+    renderWord(t.app);
+    setDirection(t.app, FlipMode::Invert);
     EXPECT_EQ(t.app.store.field(0, FieldDirection), "L");
     EXPECT_EQ(t.app.store.field(0, FieldLayout), "A1( 0, 60) - G17( 300, 0) ");
 }
@@ -143,8 +143,8 @@ TEST_F(RenderTest, SetDirectionTurnsOnlyAWordFacingTheOtherWay) {
     int turned = 0;
     for (const auto& c : cases) {
         word(0, c.from, "A1(0,0) ");
-        RenderWord(t.app);
-        SetDirection(t.app, c.mode);
+        renderWord(t.app);
+        setDirection(t.app, c.mode);
         EXPECT_EQ(t.app.store.field(0, FieldDirection), c.to) << c.from;
         if (std::string(c.from) != c.to)
             ++turned;
@@ -156,8 +156,8 @@ TEST_F(RenderTest, SetDirectionTurnsOnlyAWordFacingTheOtherWay) {
 
 TEST_F(RenderTest, FlippingAWordWithoutSignsFails) {
     word(0, "L", "");
-    RenderWord(t.app);
-    EXPECT_THROW(SetDirection(t.app, FlipMode::Invert), RunError);
+    renderWord(t.app);
+    EXPECT_THROW(setDirection(t.app, FlipMode::Invert), RunError);
 }
 
 TEST(ImageExport, NameFolderAndFormatOfASavedPicture) {
@@ -165,20 +165,20 @@ TEST(ImageExport, NameFolderAndFormatOfASavedPicture) {
                                                          {"::**", "----"},
                                                          {"N35 - D21", "N35 - D21"},
                                                          {"A1/B2?", "A1/B2?"}};
-    for (auto [gardiner, name] : names) EXPECT_EQ(ProposedImageName(gardiner), name);
+    for (auto [gardiner, name] : names) EXPECT_EQ(proposedImageName(gardiner), name);
     TestApp t;
     t.app.home = "/prog";
-    t.app.view.GardinerTxt = "G17*X1";
-    EXPECT_EQ(ProposedImagePath(t.app), std::filesystem::path("/prog/Images/G17-X1"));
+    t.app.view.gardiner = "G17*X1";
+    EXPECT_EQ(proposedImagePath(t.app), std::filesystem::path("/prog/Images/G17-X1"));
     const std::pair<const char*, ImageFormat> formats[] = {
         {"a.BMP", ImageFormat::Bmp}, {"a.PnG", ImageFormat::Png}, {"a.svg", ImageFormat::Svg},
         {"a", ImageFormat::Bmp},     {"a.gif", ImageFormat::Bmp}, {"dir.png/a", ImageFormat::Bmp},
     };
-    for (auto [file, format] : formats) EXPECT_EQ(ImageFormatFor(file), format) << file;
+    for (auto [file, format] : formats) EXPECT_EQ(imageFormatFor(file), format) << file;
 }
 
 TEST(ImageExport, SaveImageSaysInTheStatusBarHowItWent) {
-    struct StatusWindows : Windows {
+    struct StatusWindows : WindowHost {
         std::vector<std::string> shown;
         void showStatus(const std::string& text) override { shown.push_back(text); }
     };
@@ -206,7 +206,7 @@ TEST(ImageExport, SaveImageSaysInTheStatusBarHowItWent) {
         EXPECT_EQ(windows.shown.size(), c.status ? 1u : 0u);
         if (c.status) {
             EXPECT_EQ(windows.shown.front(), c.status);
-            EXPECT_EQ(writes, std::vector<ImageFormat>{ImageFormatFor(*c.chosen)});
+            EXPECT_EQ(writes, std::vector<ImageFormat>{imageFormatFor(*c.chosen)});
         }
     }
 }

@@ -20,17 +20,17 @@ PlacedSign sign(const char* code, double x, double y, double w, double h) {
 }
 } // namespace
 
-TEST(UnicodeText, EveryCodeOfTheSortedTableIsFoundAndNothingElse) {
+TEST(unicodeText, EveryCodeOfTheSortedTableIsFoundAndNothingElse) {
     for (std::size_t i = 1; i < UnicodeSigns.size(); ++i)
         ASSERT_LT(std::strcmp(UnicodeSigns[i - 1].code, UnicodeSigns[i].code), 0) << i;
     for (const UnicodeSign& s : UnicodeSigns)
-        EXPECT_EQ(HieroglyphCodePoint(s.code), s.codePoint) << s.code;
-    EXPECT_EQ(HieroglyphCodePoint("Aa32"), 0x1342E);   // the last sign of the block
+        EXPECT_EQ(hieroglyphCodePoint(s.code), s.codePoint) << s.code;
+    EXPECT_EQ(hieroglyphCodePoint("Aa32"), 0x1342E);   // the last sign of the block
     for (const char* code : {"a1", "A1 ", "A999", ""}) // spelling is exact
-        EXPECT_EQ(HieroglyphCodePoint(code), std::nullopt) << code;
+        EXPECT_EQ(hieroglyphCodePoint(code), std::nullopt) << code;
 }
 
-TEST(UnicodeText, GroupsBecomeJoinedSequencesInReadingOrder) {
+TEST(unicodeText, GroupsBecomeJoinedSequencesInReadingOrder) {
     struct Case {
         const char* name;
         std::vector<PlacedSign> signs;
@@ -71,34 +71,34 @@ TEST(UnicodeText, GroupsBecomeJoinedSequencesInReadingOrder) {
         {"no signs", {}, true, {}},
     };
     for (const Case& c : cases) {
-        const UnicodeWord w = UnicodeText(c.signs, c.leftToRight);
+        const UnicodeWord w = unicodeText(c.signs, c.leftToRight);
         EXPECT_EQ(w.text, c.text) << c.name;
         EXPECT_TRUE(w.missing.empty()) << c.name;
     }
 }
 
-TEST(UnicodeText, SignsOutsideTheBlockAreReportedOnceAndLeaveNoStrayJoiner) {
+TEST(unicodeText, SignsOutsideTheBlockAreReportedOnceAndLeaveNoStrayJoiner) {
     const std::vector<PlacedSign> signs = {
         sign("N35", 0, 0, 600, 90),     sign("Q99x", 0, 200, 600, 150),
         sign("A1", 700, 0, 300, 540),   sign("Q99x", 1100, 0, 300, 540),
         sign("Zz1", 1500, 0, 300, 540),
     };
-    const UnicodeWord w = UnicodeText(signs, true);
+    const UnicodeWord w = unicodeText(signs, true);
     EXPECT_EQ(w.text, (std::u32string{N35, A1}));
     EXPECT_EQ(w.missing, (std::vector<std::string>{"Q99x", "Zz1"}));
 }
 
-TEST(UnicodeText, TheWordOnShowUsesItsDirectionAndPictureSizes) {
+TEST(unicodeText, TheWordOnShowUsesItsDirectionAndPictureSizes) {
     TestApp t;
     t.pictures.sizes = {{"A1", {300, 540}}, {"G17", {420, 600}}};
     t.app.store.setRow(0, {"R", "B", "A1(0,0) - G17(300,0) ", "A1*G17", "", "", ""});
-    RenderWord(t.app);
-    EXPECT_EQ(UnicodeWordText(t.app).text, (std::u32string{G17, A1}));
+    renderWord(t.app);
+    EXPECT_EQ(unicodeWordText(t.app).text, (std::u32string{G17, A1}));
     t.app.store.setField(0, FieldDirection, "L");
-    EXPECT_EQ(UnicodeWordText(t.app).text, (std::u32string{A1, G17}));
+    EXPECT_EQ(unicodeWordText(t.app).text, (std::u32string{A1, G17}));
 }
 
-TEST(UnicodeText, CopyTakesWhatTheBlockHoldsAndNamesTheRest) {
+TEST(unicodeText, CopyTakesWhatTheBlockHoldsAndNamesTheRest) {
     const struct {
         const char* layout;
         const char* copied; // the clipboard afterwards, which starts as "old"
@@ -117,7 +117,7 @@ TEST(UnicodeText, CopyTakesWhatTheBlockHoldsAndNamesTheRest) {
         TestApp t;
         t.pictures.sizes = {{"A1", {300, 540}}, {"Zz1", {300, 540}}, {"Q99x", {300, 540}}};
         t.app.store.setRow(0, {"L", "B", c.layout, "", "", "", ""});
-        RenderWord(t.app);
+        renderWord(t.app);
         t.clipboard.content = "old";
         copyWordAsUnicode(t.app);
         EXPECT_EQ(t.clipboard.content, c.copied) << c.layout;

@@ -13,7 +13,7 @@ struct WordViewTest : ::testing::Test {
     void SetUp() override {
         t.pictures.sizes = {{"A1", {300, 540}}, {"N35", {600, 90}}};
         t.app.store.setRow(0, {"L", "B", "A1(0,0) ", "A1", "i", "reed", ""});
-        RenderWord(t.app);
+        renderWord(t.app);
     }
 };
 
@@ -33,12 +33,12 @@ TEST_F(WordViewTest, LeavingABoxMarksTheWordEditedWhenItWasTypedInto) {
         SCOPED_TRACE(static_cast<int>(box));
         t.app.store.editPending = false;
         t.app.view.textChanged = true;
-        TextBoxGotFocus(t.app, box);
-        if (typed) TextBoxChanged(t.app, box, "typed");
-        TextBoxLostFocus(t.app, box);
+        textBoxGotFocus(t.app, box);
+        if (typed) textBoxChanged(t.app, box, "typed");
+        textBoxLostFocus(t.app, box);
         EXPECT_EQ(t.app.store.editPending, edited);
         // Only the transliteration reads scholarly letters as its plain ones.
-        TextBoxChanged(t.app, box, "ḥtp");
+        textBoxChanged(t.app, box, "ḥtp");
         EXPECT_EQ(textOf(t.app.view, box), box == TextBox::TransLit ? "Htp" : "ḥtp");
     }
 }
@@ -61,7 +61,7 @@ TEST_F(WordViewTest, ControlThenGOrMTogglesTheirHideBoxes) {
     };
     for (const Case& c : cases) {
         WordView v;
-        for (int k : c.keys) WindowKeyDown(v, k);
+        for (int k : c.keys) windowKeyDown(v, k);
         EXPECT_EQ(v.hidden[static_cast<int>(HideBox::Gardiner)], c.gardinerHidden);
         EXPECT_EQ(v.hidden[static_cast<int>(HideBox::Meaning)], c.meaningHidden);
         EXPECT_EQ(v.previousKey, c.keys.back());
@@ -69,7 +69,7 @@ TEST_F(WordViewTest, ControlThenGOrMTogglesTheirHideBoxes) {
 }
 
 TEST_F(WordViewTest, PopUpMenuOpensOnlyForTheRightButtonInsideTheDisplayArea) {
-    const Rect a = t.app.view.geometry.DispAreaShp;
+    const Rect a = t.app.view.geometry.displayArea;
     struct Case {
         int button, x, y;
         bool opens;
@@ -82,6 +82,6 @@ TEST_F(WordViewTest, PopUpMenuOpensOnlyForTheRightButtonInsideTheDisplayArea) {
         {1, a.left + 10, a.top + 10, false}, // left button
     };
     for (const Case& c : cases)
-        EXPECT_EQ(OpensFieldMenu(t.app.view, c.button, c.x, c.y), c.opens)
+        EXPECT_EQ(opensFieldMenu(t.app.view, c.button, c.x, c.y), c.opens)
             << c.button << " at " << c.x << "," << c.y;
 }

@@ -11,8 +11,8 @@ TEST(Zoom, StepsStayWithinOneToFourTimes) {
         {100, 125, 100}, {125, 150, 100}, {200, 250, 150}, {400, 400, 300}, {170, 200, 150},
     };
     for (const auto& [at, in, out] : cases) {
-        EXPECT_EQ(ZoomedIn(at), in) << at;
-        EXPECT_EQ(ZoomedOut(at), out) << at;
+        EXPECT_EQ(zoomedIn(at), in) << at;
+        EXPECT_EQ(zoomedOut(at), out) << at;
     }
 }
 
@@ -26,7 +26,7 @@ TEST(Zoom, ABoxGrowsAboutTheAreaCentreSoACentredWordStaysCentred) {
         {{3000, 1500, 600, 600}, 900, {2100, 600, 2400, 2400}}, // at most 400 %
     };
     for (const auto& [box, percent, want] : cases) {
-        const Rect got = ZoomedBox(box, area, percent);
+        const Rect got = zoomedBox(box, area, percent);
         EXPECT_EQ(got.left, want.left) << percent;
         EXPECT_EQ(got.top, want.top) << percent;
         EXPECT_EQ(got.width, want.width) << percent;

@@ -29,8 +29,8 @@ void collect(const MenuItem& m, std::vector<const MenuItem*>& out) {
 
 std::vector<const MenuItem*> allMenuItems() {
     std::vector<const MenuItem*> out;
-    for (const MenuItem& m : MenuBar()) collect(m, out);
-    collect(PopupMenu(), out);
+    for (const MenuItem& m : menuBarItems()) collect(m, out);
+    collect(popupMenuItems(), out);
     return out;
 }
 
@@ -39,8 +39,8 @@ std::vector<const MenuItem*> allMenuItems() {
 TEST(CommandTables, EveryCommandIsReachableAndEveryNameIsUnique) {
     std::set<CommandId> reachable;
     const CommandRegistry commands = everyCommand();
-    for (const ToolButton& b : ToolBar(commands)) reachable.insert(b.command);
-    for (const ViewButton& b : WordViewButtons()) reachable.insert(b.command);
+    for (const ToolButton& b : toolBarButtons(commands)) reachable.insert(b.command);
+    for (const ViewButton& b : wordViewButtons()) reachable.insert(b.command);
     std::set<std::string> names;
     for (const MenuItem* m : allMenuItems()) {
         EXPECT_TRUE(names.insert(m->objectName).second) << m->objectName;
@@ -48,14 +48,14 @@ TEST(CommandTables, EveryCommandIsReachableAndEveryNameIsUnique) {
         EXPECT_NE(m->command.has_value(), !m->children.empty()) << m->objectName;
         if (m->command) reachable.insert(*m->command);
     }
-    for (const ViewButton& b : WordViewButtons())
+    for (const ViewButton& b : wordViewButtons())
         EXPECT_TRUE(names.insert(std::string(b.objectName)).second) << b.objectName;
     for (const Command* c : commands.all())
         EXPECT_TRUE(reachable.count(c->id)) << c->name << " is offered nowhere";
 }
 
 TEST(CommandTables, ShortcutsLeaveTheHideTogglesAlone) {
-    const std::vector<Shortcut> shortcuts = Shortcuts(everyCommand());
+    const std::vector<Shortcut> shortcuts = allShortcuts(everyCommand());
     std::set<std::string_view> seen;
     for (const Shortcut& s : shortcuts) {
         EXPECT_TRUE(seen.insert(s.keys).second) << s.keys;
@@ -74,19 +74,19 @@ TEST_F(EditingTest, CommandsOfWindowsRunOnlyOnceProvided) {
     // Not registered at all (the sorts are not part of this library), and declared but
     // waiting for the settings window.
     for (const CommandId id : {CommandId::Shuffle, CommandId::Options}) {
-        EXPECT_FALSE(CommandAvailable(app, id));
-        EXPECT_FALSE(RunCommand(app, id));
+        EXPECT_FALSE(commandAvailable(app, id));
+        EXPECT_FALSE(executeCommand(app, id));
     }
     int runs = 0;
     EXPECT_FALSE(app.commands.provide(CommandId::Options, [&runs](App&) { ++runs; }));
-    EXPECT_TRUE(CommandAvailable(app, CommandId::Options));
-    EXPECT_TRUE(RunCommand(app, CommandId::Options));
+    EXPECT_TRUE(commandAvailable(app, CommandId::Options));
+    EXPECT_TRUE(executeCommand(app, CommandId::Options));
     EXPECT_EQ(runs, 1);
     EXPECT_TRUE(app.commands.provide(CommandId::Options, nullptr));
-    EXPECT_FALSE(CommandAvailable(app, CommandId::Options));
-    EXPECT_TRUE(CommandAvailable(app, CommandId::NewWord));
+    EXPECT_FALSE(commandAvailable(app, CommandId::Options));
+    EXPECT_TRUE(commandAvailable(app, CommandId::NewWord));
     // Undo has its code, and is available only with a step to take back.
-    EXPECT_FALSE(CommandAvailable(app, CommandId::Undo));
+    EXPECT_FALSE(commandAvailable(app, CommandId::Undo));
 }
 
 TEST_F(EditingTest, FailuresStopAtTheCommandBoundary) {
@@ -107,7 +107,7 @@ TEST_F(EditingTest, FailuresStopAtTheCommandBoundary) {
         t.dialogs.prompts.clear();
         app.endRequested = false;
         app.commands.provide(CommandId::Options, [&c](App&) { c.fail(); });
-        EXPECT_TRUE(RunCommand(app, CommandId::Options));
+        EXPECT_TRUE(executeCommand(app, CommandId::Options));
         ASSERT_EQ(t.dialogs.prompts.size(), 1u);
         EXPECT_EQ(t.dialogs.prompts[0].text, c.text);
         EXPECT_EQ(t.dialogs.prompts[0].icon, c.icon);
@@ -129,9 +129,9 @@ TEST_F(EditingTest, OnlyTheLeftDirectionItemMarksTheWordEdited) {
     for (const Case& c : cases) {
         words(1);
         app.store.setField(0, FieldDirection, "R");
-        RenderWord(app);
+        renderWord(app);
         app.store.editPending = false;
-        RunCommand(app, c.command);
+        executeCommand(app, c.command);
         EXPECT_EQ(app.store.field(0, FieldDirection), c.direction);
         EXPECT_EQ(app.store.editPending, c.edited);
         EXPECT_EQ(app.view.mainGlyphPic[0].picture.file.parent_path().filename(),
@@ -147,13 +147,13 @@ TEST(CommandTables, TheShippedHelpPageListsEveryCommandKeyAndLetter) {
     ASSERT_TRUE(in) << file;
     const std::string page((std::istreambuf_iterator<char>(in)), {});
     const CommandRegistry commands = everyCommand();
-    const std::string fresh = HelpPage(commands, page);
+    const std::string fresh = helpPage(commands, page);
     if (fresh != page) {
         const auto made = std::filesystem::temp_directory_path() / "nebkaro-help-index.html";
         std::ofstream(made, std::ios::binary) << fresh;
         FAIL() << "the help page is out of date: copy " << made << " over " << file;
     }
-    for (const Shortcut& s : Shortcuts(commands))
+    for (const Shortcut& s : allShortcuts(commands))
         EXPECT_NE(page.find(s.keys), std::string::npos) << s.keys;
     for (const char* row :
          {"<code>j</code></td><td class=\"scholarly\">i\xcc\xaf<",

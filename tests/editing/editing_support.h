@@ -12,7 +12,7 @@
 namespace nebkaro::testing {
 
 // Stands in for the composer: accepts with two signs, A1 and G17 side by side, or cancels.
-struct ScriptedComposer : Windows {
+struct ScriptedComposer : WindowHost {
     App* app = nullptr;
     bool accept = true;
     int runs = 0;
@@ -44,7 +44,7 @@ struct EditingTest : ::testing::Test {
         t.pictures.sizes = {{"A1", {300, 540}}, {"G17", {420, 600}}, {"N35", {600, 90}}};
         composer.app = &app;
         app.windows = &composer;
-        InstallEditing(app);
+        installEditing(app);
         app.store.dictionaryPath = (dir.path() / "Words.nkd").string();
     }
 
@@ -56,13 +56,13 @@ struct EditingTest : ::testing::Test {
         app.store.lastIndex = n - 1;
         app.store.currentIndex = 0;
         app.store.isChanged = false;
-        RenderWord(app);
+        renderWord(app);
     }
 
     // The word at index on show, as every move leaves it.
     void show(int index) {
         app.store.currentIndex = index;
-        RenderWord(app);
+        renderWord(app);
     }
 
     std::string translit(int row) const { return app.store.field(row, FieldTranslit); }

@@ -16,8 +16,8 @@ struct Move {
 };
 
 const Move moves[] = {
-    {"First", First}, {"Last", Last},     {"Go", [](App& a) { Go(a, "1"); }},
-    {"Next", Next},   {"Random", Random}, {"Previous", Previous},
+    {"First", showFirstWord}, {"Last", showLastWord},     {"Go", [](App& a) { goToWord(a, "1"); }},
+    {"Next", showNextWord},   {"Random", showRandomWord}, {"Previous", showPreviousWord},
 };
 
 struct NavigationTest : EditingTest {
@@ -34,24 +34,24 @@ struct NavigationTest : EditingTest {
 // into, a box the typewriter or Guess changed, a new word waiting. Every move asks the same
 // question then; Yes stores in memory, No shows the stored word again.
 TEST_F(NavigationTest, EveryMoveOffAnEditedWordAsksToStoreIt) {
-    struct Edit {
+    struct editWord {
         const char* name;
         std::function<void(App&)> make;
         bool asks;
     } edits[] = {
         {"nothing changed", [](App&) {}, false},
         {"edit flag with the stored text", [](App& a) { a.store.editPending = true; }, false},
-        {"text typed", [](App& a) { a.view.MeaningTxt = "typed"; }, true},
-        {"layout recomposed", [](App& a) { a.view.RichGardinerlbl = "A1(0,0) "; }, true},
+        {"text typed", [](App& a) { a.view.meaning = "typed"; }, true},
+        {"layout recomposed", [](App& a) { a.view.richGardiner = "A1(0,0) "; }, true},
         {"new word waiting", [](App& a) { a.store.newWordPending = true; }, true},
     };
     for (const Move& m : moves) {
-        for (const Edit& e : edits) {
+        for (const editWord& e : edits) {
             for (const Answer answer : {Answer::Yes, Answer::No}) {
                 SCOPED_TRACE(std::string(m.name) + ", " + e.name);
                 words(4);
                 app.store.currentIndex = 2;
-                RenderWord(app);
+                renderWord(app);
                 t.dialogs.prompts.clear();
                 e.make(app);
                 if (e.asks) t.dialogs.answers.push_back(answer);
@@ -66,7 +66,7 @@ TEST_F(NavigationTest, EveryMoveOffAnEditedWordAsksToStoreIt) {
                 }
                 EXPECT_FALSE(app.store.newWordPending || app.store.editPending);
                 EXPECT_FALSE(std::filesystem::exists(app.store.dictionaryPath));
-                EXPECT_EQ(app.view.TransLitTxt, translit(app.store.currentIndex));
+                EXPECT_EQ(app.view.transliteration, translit(app.store.currentIndex));
             }
         }
     }
@@ -74,10 +74,10 @@ TEST_F(NavigationTest, EveryMoveOffAnEditedWordAsksToStoreIt) {
 
 TEST_F(NavigationTest, YesStoresTheEditIntoTheWordItWasMadeOn) {
     app.store.currentIndex = 2;
-    RenderWord(app);
-    app.view.MeaningTxt = "changed";
+    renderWord(app);
+    app.view.meaning = "changed";
     t.dialogs.answers.push_back(Answer::Yes);
-    Next(app);
+    showNextWord(app);
     EXPECT_EQ(app.store.field(2, FieldMeaning), "changed");
     EXPECT_EQ(app.store.currentIndex, 3);
     EXPECT_EQ(app.store.lastIndex, 3);
@@ -90,37 +90,37 @@ TEST_F(NavigationTest, MovesStayWithinTheDictionary) {
         int from;
         int expected;
     } cases[] = {
-        {"Next on the last word", Next, 3, 3},
-        {"Next", Next, 1, 2},
-        {"Previous on word 0", Previous, 0, 0},
-        {"Previous", Previous, 2, 1},
-        {"First", First, 2, 0},
-        {"Last", Last, 0, 3},
+        {"Next on the last word", showNextWord, 3, 3},
+        {"Next", showNextWord, 1, 2},
+        {"Previous on word 0", showPreviousWord, 0, 0},
+        {"Previous", showPreviousWord, 2, 1},
+        {"First", showFirstWord, 2, 0},
+        {"Last", showLastWord, 0, 3},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         show(c.from);
         c.run(app);
         EXPECT_EQ(app.store.currentIndex, c.expected);
-        EXPECT_EQ(app.view.txtNumber, std::to_string(c.expected));
+        EXPECT_EQ(app.view.wordNumber, std::to_string(c.expected));
     }
 }
 
 TEST_F(NavigationTest, GoRefusesWhatIsNoWordOfTheDictionary) {
     app.store.currentIndex = 2;
-    RenderWord(app);
+    renderWord(app);
     for (const char* typed : {"abc", "", "  ", "3x", "99999999999", "-1", "4", "100000"}) {
         SCOPED_TRACE(typed);
         t.dialogs.prompts.clear();
-        EXPECT_FALSE(Go(app, typed));
+        EXPECT_FALSE(goToWord(app, typed));
         ASSERT_EQ(t.dialogs.prompts.size(), 1u);
         EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Exclamation);
         EXPECT_NE(t.dialogs.prompts[0].text.find("0 to 3"), std::string::npos);
         EXPECT_EQ(app.store.currentIndex, 2);
-        EXPECT_EQ(app.view.TransLitTxt, "w2");
+        EXPECT_EQ(app.view.transliteration, "w2");
     }
-    EXPECT_TRUE(Go(app, " 3 "));
-    EXPECT_EQ(app.view.TransLitTxt, "w3");
+    EXPECT_TRUE(goToWord(app, " 3 "));
+    EXPECT_EQ(app.view.transliteration, "w3");
 }
 
 TEST_F(NavigationTest, RandomNeverReachesTheLastWord) {
@@ -128,7 +128,7 @@ TEST_F(NavigationTest, RandomNeverReachesTheLastWord) {
     std::uint64_t seed = 0;
     app.randomSeed = [&seed] { return seed; };
     for (seed = 0; seed < 4000; ++seed) {
-        Random(app);
+        showRandomWord(app);
         ASSERT_GE(app.store.currentIndex, 0);
         ASSERT_LT(app.store.currentIndex, 3) << "seed " << seed;
         seen.insert(app.store.currentIndex);
@@ -148,5 +148,5 @@ TEST(RandomTest, IndexOfADraw) {
         {4, 0.999999, 3}, {-1, 0.5, -1}, // after the only word was deleted: nothing to show
     };
     for (const Case& c : cases)
-        EXPECT_EQ(RandomIndex(c.lastIndex, c.r), c.expected) << c.lastIndex << " " << c.r;
+        EXPECT_EQ(randomIndex(c.lastIndex, c.r), c.expected) << c.lastIndex << " " << c.r;
 }

@@ -8,14 +8,14 @@ using namespace nebkaro::testing;
 TEST_F(EditingTest, CopyThenPasteLeavesTwoEqualWordsTheSecondCurrent) {
     words(3);
     show(1);
-    Copy(app);
+    copyWord(app);
     EXPECT_EQ(t.clipboard.content, "L|B|N35(0,0) |N35|w1|meaning 1|");
-    Paste(app);
+    pasteWord(app);
     EXPECT_EQ(app.store.lastIndex, 3);
     EXPECT_EQ(app.store.currentIndex, 2);
     EXPECT_EQ(app.store.row(1), app.store.row(2));
     EXPECT_EQ(translit(3), "w2");
-    EXPECT_EQ(app.view.txtNumber, "2");
+    EXPECT_EQ(app.view.wordNumber, "2");
     EXPECT_TRUE(app.store.isChanged);
     EXPECT_TRUE(t.dialogs.prompts.empty());
 }
@@ -32,19 +32,19 @@ TEST_F(EditingTest, CutDeletesWithoutAsking) {
     for (const Case& c : cases) {
         words(4);
         show(c.from);
-        Cut(app);
+        cutWord(app);
         EXPECT_TRUE(t.dialogs.prompts.empty());
         EXPECT_EQ(t.clipboard.content, "L|B|N35(0,0) |N35|w" + std::to_string(c.from) +
                                            "|meaning " + std::to_string(c.from) + "|");
         EXPECT_EQ(app.cutIndex, c.from);
         EXPECT_EQ(app.store.lastIndex, 2);
         EXPECT_EQ(app.store.currentIndex, c.current);
-        EXPECT_EQ(app.view.TransLitTxt, c.shown);
+        EXPECT_EQ(app.view.transliteration, c.shown);
         EXPECT_FALSE(app.cutPending);
     }
     // After the Cut, Delete asks again.
     t.dialogs.answers.push_back(Answer::No);
-    Delete(app);
+    deleteWord(app);
     EXPECT_EQ(t.dialogs.prompts.size(), 1u);
 }
 
@@ -56,13 +56,13 @@ TEST_F(EditingTest, AnInvalidItemIsRefusedAfterTheRowWasInserted) {
         t.dialogs.prompts.clear();
         const int last = app.store.lastIndex, current = app.store.currentIndex;
         t.clipboard.content = text;
-        Paste(app);
+        pasteWord(app);
         ASSERT_EQ(t.dialogs.prompts.size(), 1u);
         EXPECT_EQ(t.dialogs.prompts[0].text, "Invalid Paste Item");
         EXPECT_EQ(app.store.lastIndex, last + 1);
         EXPECT_EQ(app.store.currentIndex, current + 1);
         EXPECT_EQ(app.store.row(current + 1), app.store.row(current));
-        EXPECT_EQ(app.view.txtNumber, std::to_string(current + 1)); // the copy is on show
+        EXPECT_EQ(app.view.wordNumber, std::to_string(current + 1)); // the copy is on show
     }
     EXPECT_TRUE(app.store.isChanged); // the copy is part of the dictionary now
 }
@@ -92,9 +92,9 @@ TEST_F(EditingTest, APastedItemFillsTheRowAfterTheWordOnShow) {
         SCOPED_TRACE(c.name);
         words(c.count);
         show(c.shown);
-        if (c.cutFirst) Cut(app);
+        if (c.cutFirst) cutWord(app);
         t.clipboard.content = c.item;
-        Paste(app);
+        pasteWord(app);
         EXPECT_EQ(app.store.row(c.row), c.expected);
         EXPECT_EQ(app.store.currentIndex, c.row);
         EXPECT_EQ(app.store.lastIndex, c.cutFirst ? 0 : c.count);
@@ -109,10 +109,10 @@ TEST_F(EditingTest, NoRowCanBeOpenedInAFullDictionary) {
     words(2);
     app.store.lastIndex = DictionaryStore::MaxWordIndex;
     t.clipboard.content = "L|B|||||";
-    EXPECT_TRUE(RunCommand(app, CommandId::PasteWord));
-    EXPECT_TRUE(RunCommand(app, CommandId::DuplicateWord));
-    New(app);
-    EXPECT_FALSE(Store(app));
+    EXPECT_TRUE(executeCommand(app, CommandId::PasteWord));
+    EXPECT_TRUE(executeCommand(app, CommandId::DuplicateWord));
+    newWord(app);
+    EXPECT_FALSE(storeCurrentWord(app));
     EXPECT_EQ(prompts(), std::vector<std::string>(3, StoreFull().what()));
     EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Exclamation);
     EXPECT_EQ(app.store.lastIndex, DictionaryStore::MaxWordIndex);

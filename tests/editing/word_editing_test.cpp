@@ -21,12 +21,12 @@ TEST_F(EditingTest, NewThenStorePutsTheWordIntoTheNextRow) {
         SCOPED_TRACE(count);
         words(count);
         app.store.lastIndex = std::max(count - 1, 0);
-        New(app);
+        newWord(app);
         EXPECT_TRUE(composer.openedForNew);
         EXPECT_TRUE(app.store.newWordPending);
-        EXPECT_EQ(app.view.txtNumber, std::to_string(app.store.lastIndex + 1));
-        app.view.TransLitTxt = "jAb";
-        EXPECT_TRUE(Store(app));
+        EXPECT_EQ(app.view.wordNumber, std::to_string(app.store.lastIndex + 1));
+        app.view.transliteration = "jAb";
+        EXPECT_TRUE(storeCurrentWord(app));
         EXPECT_EQ(app.store.lastIndex, count);
         EXPECT_EQ(app.store.currentIndex, count);
         EXPECT_EQ(app.store.row(count), composed("L", "B", "jAb"));
@@ -48,8 +48,8 @@ TEST_F(EditingTest, AnExistingWordKeepsItsDirectionAndLibraryUnlessExtendedWasCh
         app.settings.direction = Direction::Right;
         app.settings.library = Library::Extended;
         app.extendedChosen = c.extendedChosen;
-        app.view.MeaningTxt = "new meaning";
-        Store(app);
+        app.view.meaning = "new meaning";
+        storeCurrentWord(app);
         EXPECT_EQ(app.store.field(0, FieldDirection), "L");
         EXPECT_EQ(app.store.field(0, FieldLibrary), c.library);
         EXPECT_EQ(app.store.field(0, FieldMeaning), "new meaning");
@@ -60,12 +60,12 @@ TEST_F(EditingTest, AnExistingWordKeepsItsDirectionAndLibraryUnlessExtendedWasCh
 TEST_F(EditingTest, EditReplacesOnlyTheSignsAndKeepsTheTexts) {
     words(3);
     show(1);
-    RenderWord(app);
-    Edit(app);
+    renderWord(app);
+    editWord(app);
     EXPECT_TRUE(composer.openedForEdit);
     EXPECT_FALSE(composer.openedForNew);
-    EXPECT_EQ(app.view.MeaningTxt, "meaning 1");
-    Store(app);
+    EXPECT_EQ(app.view.meaning, "meaning 1");
+    storeCurrentWord(app);
     EXPECT_EQ(app.store.row(1),
               (WordRecord{"L", "B", "A1(0,0) - G17(300,0) ", "A1-G17", "w1", "meaning 1", ""}));
     EXPECT_EQ(app.store.lastIndex, 2);
@@ -76,10 +76,10 @@ TEST_F(EditingTest, DeleteAsksThenMovesTheLaterWordsUp) {
     words(4);
     show(1);
     t.dialogs.answers = {Answer::No, Answer::Yes};
-    Delete(app);
+    deleteWord(app);
     EXPECT_EQ(app.store.lastIndex, 3);
     EXPECT_FALSE(app.store.isChanged);
-    Delete(app);
+    deleteWord(app);
     ASSERT_EQ(t.dialogs.prompts.size(), 2u);
     EXPECT_EQ(t.dialogs.prompts[0].text, "Do you want to delete the current item?");
     EXPECT_EQ(t.dialogs.prompts[0].title, "Confirm Delete");
@@ -88,24 +88,24 @@ TEST_F(EditingTest, DeleteAsksThenMovesTheLaterWordsUp) {
     EXPECT_EQ(translit(1), "w2");
     EXPECT_EQ(translit(2), "w3");
     EXPECT_EQ(translit(3), "w3"); // the old last row stays behind, beyond the dictionary
-    EXPECT_EQ(app.view.TransLitTxt, "w2");
+    EXPECT_EQ(app.view.transliteration, "w2");
     EXPECT_TRUE(app.store.isChanged);
 }
 
 TEST_F(EditingTest, DeletingTheOnlyWordLeavesNothingOnShow) {
     words(1);
     t.dialogs.answers.push_back(Answer::Yes);
-    Delete(app);
+    deleteWord(app);
     EXPECT_EQ(app.store.lastIndex, -1);
     EXPECT_EQ(app.store.currentIndex, -1);
-    RenderWord(app);
+    renderWord(app);
     // Saving stores the word on show first: there is none, and nothing breaks.
-    EXPECT_TRUE(SaveDictionary(app));
+    EXPECT_TRUE(saveDictionary(app));
     EXPECT_EQ(readFile(app.store.dictionaryPath), "");
     EXPECT_EQ(app.store.lastIndex, -1);
     // The next new word becomes word 0 again.
-    New(app);
-    Store(app);
+    newWord(app);
+    storeCurrentWord(app);
     EXPECT_EQ(app.store.lastIndex, 0);
     EXPECT_EQ(app.store.currentIndex, 0);
     EXPECT_EQ(app.store.field(0, FieldGardiner), "A1-G17");
@@ -119,16 +119,16 @@ TEST_F(EditingTest, CommandsThatNeedAWordOnShowSaySoWhenThereIsNone) {
         int index;
     } cases[] = {
         // Moving, copying and deleting need a word of the dictionary ...
-        {"Delete", Delete, -1},
-        {"Delete", Delete, 2},
-        {"Duplicate", Duplicate, -1},
-        {"Duplicate", Duplicate, 5},
-        {"Copy", Copy, -1},
-        {"Cut", Cut, 2},
+        {"Delete", deleteWord, -1},
+        {"Delete", deleteWord, 2},
+        {"Duplicate", duplicateWord, -1},
+        {"Duplicate", duplicateWord, 5},
+        {"Copy", copyWord, -1},
+        {"Cut", cutWord, 2},
         // ... editing and storing need a row of the table.
-        {"Edit", Edit, -1},
-        {"Edit", Edit, 100001},
-        {"Store", StoreCommand, -1},
+        {"Edit", editWord, -1},
+        {"Edit", editWord, 100001},
+        {"Store", storeCommand, -1},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.name) + " at " + std::to_string(c.index));
@@ -148,7 +148,7 @@ TEST_F(EditingTest, CommandsThatNeedAWordOnShowSaySoWhenThereIsNone) {
     app.store.clear();
     app.store.lastIndex = -1;
     app.store.currentIndex = 0;
-    RenderWord(app);
+    renderWord(app);
     for (const Case& c : cases) {
         t.dialogs.prompts.clear();
         c.run(app);
@@ -161,9 +161,9 @@ TEST_F(EditingTest, CommandsThatNeedAWordOnShowSaySoWhenThereIsNone) {
 TEST_F(EditingTest, InsertStoresIntoTheCurrentRow) {
     words(3);
     show(1);
-    Insert(app);
+    insertWord(app);
     EXPECT_TRUE(app.insertPending);
-    Store(app);
+    storeCurrentWord(app);
     EXPECT_EQ(app.store.lastIndex, 2);
     EXPECT_EQ(app.store.currentIndex, 1);
     EXPECT_EQ(app.store.row(1), composed("L", "B"));
@@ -174,15 +174,15 @@ TEST_F(EditingTest, InsertStoresIntoTheCurrentRow) {
 TEST_F(EditingTest, AnInsertGivenUpDoesNotTurnTheNextNewWordIntoAReplacement) {
     words(3);
     composer.accept = false;
-    Insert(app);
+    insertWord(app);
     EXPECT_FALSE(app.insertPending);
     composer.accept = true;
-    Insert(app);
+    insertWord(app);
     t.dialogs.answers.push_back(Answer::No);
-    Next(app);
+    showNextWord(app);
     EXPECT_FALSE(app.insertPending);
-    New(app);
-    Store(app);
+    newWord(app);
+    storeCurrentWord(app);
     EXPECT_EQ(app.store.lastIndex, 3);
     EXPECT_EQ(translit(1), "w1");
 }

@@ -10,7 +10,7 @@
 namespace nebkaro::testing {
 namespace {
 
-TEST(MdcOfSigns, GroupsRowsAndSidesComeFromWhereTheSignsStand) {
+TEST(mdcOfSigns, GroupsRowsAndSidesComeFromWhereTheSignsStand) {
     struct Case {
         const char* name;
         std::vector<PlacedSign> signs;
@@ -47,7 +47,7 @@ TEST(MdcOfSigns, GroupsRowsAndSidesComeFromWhereTheSignsStand) {
         {"signs without a code are left out", {{"", 0, 0, 300, 600}}, true, ""},
         {"no signs", {}, true, ""},
     };
-    for (const Case& c : cases) EXPECT_EQ(MdcOfSigns(c.signs, c.left), c.mdc) << c.name;
+    for (const Case& c : cases) EXPECT_EQ(mdcOfSigns(c.signs, c.left), c.mdc) << c.name;
 }
 
 TEST(ScholarlyLetters, PlainLettersBecomeScholarlyAndBack) {
@@ -64,11 +64,11 @@ TEST(ScholarlyLetters, PlainLettersBecomeScholarlyAndBack) {
         {"nfr 3!", "nfr 3!"},
     };
     for (const Case& c : cases) {
-        EXPECT_EQ(ScholarlyFromPlain(c.plain), c.scholarly) << c.plain;
-        EXPECT_EQ(PlainFromScholarly(c.scholarly), c.plain) << c.plain;
+        EXPECT_EQ(scholarlyFromPlain(c.plain), c.scholarly) << c.plain;
+        EXPECT_EQ(plainFromScholarly(c.scholarly), c.plain) << c.plain;
     }
     // The typewriter's o is the plain q: it goes out as q and comes back as q.
-    EXPECT_EQ(ScholarlyFromPlain("o"), "q");
+    EXPECT_EQ(scholarlyFromPlain("o"), "q");
     // Read, never written: capitals, base letters with combining marks, older stand-ins.
     const std::pair<const char*, const char*> read[] = {
         {"nṯr ꜥꜣ", "nTr aA"},
@@ -78,18 +78,18 @@ TEST(ScholarlyLetters, PlainLettersBecomeScholarlyAndBack) {
          "Htp Sms Dd"},
         {"ȝḫ ʿnḫ ꞽmn", "Ax anx imn"},
     };
-    for (const auto& [text, plain] : read) EXPECT_EQ(PlainFromScholarly(text), plain) << text;
+    for (const auto& [text, plain] : read) EXPECT_EQ(plainFromScholarly(text), plain) << text;
 }
 
 struct ExchangeTest : ComposerTest {
     ExchangeTest() {
-        ParseSignList(app.lists, "G1,M17,N35,A1,A2,Aa1,D21,G17,G43,M17,N35,N35a,X1,Z1\r\n");
+        parseSignList(app.lists, "G1,M17,N35,A1,A2,Aa1,D21,G17,G43,M17,N35,N35a,X1,Z1\r\n");
         t.pictures.sizes["N35a"] = {600, 150};
         app.store.newWordPending = false;
         app.store.lastIndex = 0;
     }
     std::vector<std::string> exportLines() {
-        const ExportText e = ExportMdcLines(app, AllWords(app));
+        const ExportText e = exportMdcLines(app, allWords(app));
         std::vector<std::string> lines;
         std::size_t at = 0;
         while (at < e.text.size()) {
@@ -108,10 +108,10 @@ TEST_F(ExchangeTest, ExportedLinesImportBackToTheSameWordsAndNotations) {
         "N35a\tn\twater\tvariant",          "Aa1*D21:N35\txr\tunder\t",
     };
     std::string text;
-    for (const auto& l : lines) text += l + "\r\n"; // as a Windows editor saves them
-    const ImportReport r = ImportMdcLines(app, text);
+    for (const auto& l : lines) text += l + "\r\n"; // as a WindowHost editor saves them
+    const ImportReport r = importMdcLines(app, text);
     EXPECT_EQ(r.added, 6);
-    EXPECT_TRUE(r.refused.empty()) << ImportReportText(r);
+    EXPECT_TRUE(r.refused.empty()) << importReportText(r);
     EXPECT_EQ(exportLines(), lines);
     EXPECT_EQ(app.store.row(0), (WordRecord{"L", "B", "A1(0,0) - G17(300,0) ", "A1-G17", "Htp",
                                             "peace", "offering"}));
@@ -121,7 +121,7 @@ TEST_F(ExchangeTest, ExportedLinesImportBackToTheSameWordsAndNotations) {
     // Facing right, the same lines come back the same too.
     app.store = DictionaryStore{};
     app.settings.direction = Direction::Right;
-    EXPECT_EQ(ImportMdcLines(app, text).added, 6);
+    EXPECT_EQ(importMdcLines(app, text).added, 6);
     EXPECT_EQ(app.store.field(0, FieldDirection), "R");
     EXPECT_EQ(exportLines(), lines);
 }
@@ -144,33 +144,33 @@ TEST_F(ExchangeTest, ImportRefusesLinesItCannotStoreAndSaysWhy) {
          "a word holds at most 20 signs"},
     };
     for (const Case& c : cases) {
-        const ImportReport r = ImportMdcLines(app, std::string("\n") + c.line + "\r\n");
+        const ImportReport r = importMdcLines(app, std::string("\n") + c.line + "\r\n");
         EXPECT_EQ(r.added, 0) << c.line;
         ASSERT_EQ(r.refused.size(), 1u) << c.line;
         EXPECT_EQ(r.refused[0], std::string("line 2: ") + c.reason);
     }
     // The same word twice: the second is refused, the dictionary keeps one.
-    const ImportReport twice = ImportMdcLines(app, "A1\ts\tman\nA1\ts\tman\n");
+    const ImportReport twice = importMdcLines(app, "A1\ts\tman\nA1\ts\tman\n");
     EXPECT_EQ(twice.added, 1);
     EXPECT_EQ(twice.refused,
               std::vector<std::string>{"line 2: the dictionary already has this word"});
     // Phonetic values name signs; scholarly letters are stored plain.
-    const ImportReport r = ImportMdcLines(app, "n:t\t\xe1\xb8\xa5tp\tx\n");
+    const ImportReport r = importMdcLines(app, "n:t\t\xe1\xb8\xa5tp\tx\n");
     EXPECT_EQ(r.added, 1);
     EXPECT_EQ(app.store.field(1, FieldGardiner), "N35-X1");
     EXPECT_EQ(app.store.field(1, FieldTranslit), "Htp");
     // Twenty signs are still a word.
     std::string twenty = "N35";
     for (int i = 1; i < 20; ++i) twenty += "-N35";
-    EXPECT_EQ(ImportMdcLines(app, twenty + "\ts\tx\n").added, 1);
+    EXPECT_EQ(importMdcLines(app, twenty + "\ts\tx\n").added, 1);
 }
 
 TEST_F(ExchangeTest, ImportKeepsTheWordOnShowAndTheComposerResults) {
-    ImportMdcLines(app, "A1\ts\tman\nG17\tm\towl\n");
+    importMdcLines(app, "A1\ts\tman\nG17\tm\towl\n");
     app.store.currentIndex = 0;
     app.layoutText = "kept";
     app.store.editPending = true;
-    ImportMdcLines(app, "D21\tr\tmouth\n");
+    importMdcLines(app, "D21\tr\tmouth\n");
     EXPECT_EQ(app.store.currentIndex, 0);
     EXPECT_EQ(app.store.lastIndex, 2);
     EXPECT_EQ(app.layoutText, "kept");
@@ -179,7 +179,7 @@ TEST_F(ExchangeTest, ImportKeepsTheWordOnShowAndTheComposerResults) {
 
 TEST_F(ExchangeTest, TsvHasUnicodeGlyphsScholarlyLettersAndQuotesWhatNeedsIt) {
     app.store.setRow(0, {"L", "B", "N35(0,0) - X1(75,150) ", "N35:X1", "Htp", "a\tb", "say \"x\""});
-    const ExportText e = ExportTsv(app, AllWords(app));
+    const ExportText e = exportTsv(app, allWords(app));
     // N35 over X1: the two signs joined by the vertical control.
     const std::string stacked = "\xf0\x93\x88\x96\xf0\x93\x90\xb0\xf0\x93\x8f\x8f";
     EXPECT_EQ(e.text, "Hieroglyphs\tTransliteration\tGardiner\tMeaning\tComment\r\n" + stacked +

@@ -10,7 +10,7 @@ using namespace nebkaro::print;
 namespace {
 
 std::vector<Page> pages(std::vector<int> heights, int columns, int columnHeight, int gap) {
-    return Paginate(heights, columns, columnHeight, gap);
+    return paginate(heights, columns, columnHeight, gap);
 }
 
 // Every rule a laid-out list of words must keep, whatever the heights.
@@ -54,7 +54,7 @@ void expectWellLaidOut(const std::vector<int>& h, const std::vector<Page>& laid,
 
 } // namespace
 
-TEST(Paginate, WordsFillAColumnAndNeverSplit) {
+TEST(paginate, WordsFillAColumnAndNeverSplit) {
     struct Case {
         const char* name;
         std::vector<int> heights;
@@ -94,7 +94,7 @@ TEST(Paginate, WordsFillAColumnAndNeverSplit) {
     }
 }
 
-TEST(Paginate, KeepsEveryRuleForAnyHeights) {
+TEST(paginate, KeepsEveryRuleForAnyHeights) {
     std::mt19937 rng(20240611);
     for (int round = 0; round < 200; ++round) {
         const int columns = 1 + static_cast<int>(rng() % 2);
@@ -103,7 +103,7 @@ TEST(Paginate, KeepsEveryRuleForAnyHeights) {
         std::vector<int> h(static_cast<std::size_t>(rng() % 60));
         for (int& x : h) x = static_cast<int>(rng() % (rng() % 10 == 0 ? 15000 : 3000));
         SCOPED_TRACE(round);
-        expectWellLaidOut(h, Paginate(h, columns, columnHeight, gap), columns, columnHeight, gap);
+        expectWellLaidOut(h, paginate(h, columns, columnHeight, gap), columns, columnHeight, gap);
     }
 }
 
@@ -123,7 +123,7 @@ std::vector<int> span(int from, int to) {
 }
 } // namespace
 
-TEST(WordsInRange, EachRangeChoosesItsWords) {
+TEST(wordsInRange, EachRangeChoosesItsWords) {
     const DictionaryStore store = storeOf(10, 4);
     struct Case {
         const char* name;
@@ -142,16 +142,16 @@ TEST(WordsInRange, EachRangeChoosesItsWords) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
-        EXPECT_EQ(WordsInRange(c.range, store), c.words);
+        EXPECT_EQ(wordsInRange(c.range, store), c.words);
     }
     // Nothing to print from an empty dictionary, nor a current word outside the dictionary.
     for (RangeKind k : {RangeKind::CurrentWord, RangeKind::Words, RangeKind::Pages, RangeKind::All})
-        EXPECT_TRUE(WordsInRange({k, 0, 0}, DictionaryStore{}).empty());
+        EXPECT_TRUE(wordsInRange({k, 0, 0}, DictionaryStore{}).empty());
     for (int current : {-1, 3})
-        EXPECT_TRUE(WordsInRange({RangeKind::CurrentWord, 0, 0}, storeOf(3, current)).empty());
+        EXPECT_TRUE(wordsInRange({RangeKind::CurrentWord, 0, 0}, storeOf(3, current)).empty());
 }
 
-TEST(PagesInRange, PagesFromToAreClampedOtherRangesPrintAll) {
+TEST(pagesInRange, PagesFromToAreClampedOtherRangesPrintAll) {
     struct Case {
         PrintRange range;
         int count;
@@ -164,14 +164,14 @@ TEST(PagesInRange, PagesFromToAreClampedOtherRangesPrintAll) {
         {{RangeKind::Words, 2, 3}, 5, {0, 4}},  {{RangeKind::CurrentWord, 0, 0}, 1, {0, 0}},
         {{RangeKind::Pages, 1, 1}, 0, {0, -1}},
     };
-    for (const Case& c : cases) EXPECT_EQ(PagesInRange(c.range, c.count), c.pages);
+    for (const Case& c : cases) EXPECT_EQ(pagesInRange(c.range, c.count), c.pages);
 }
 
-TEST(FramePage, MarginsBandsAndColumnsShareThePaper) {
+TEST(framePage, MarginsBandsAndColumnsShareThePaper) {
     PrintOptions o;
     o.paper = "Letter";
     o.margins = {25.4, 12.7, 25.4, 12.7}; // an inch each side, half an inch top and bottom
-    PageFrame f = FramePage(o, 300, 200);
+    PageFrame f = framePage(o, 300, 200);
     EXPECT_EQ(f.pageWidth, 12240);
     EXPECT_EQ(f.pageHeight, 15840);
     EXPECT_EQ(f.left, 1440);
@@ -181,25 +181,25 @@ TEST(FramePage, MarginsBandsAndColumnsShareThePaper) {
     EXPECT_EQ(f.columnWidth, 12240 - 2880);
 
     o.columns = 2;
-    f = FramePage(o, 300, 200);
+    f = framePage(o, 300, 200);
     EXPECT_EQ(f.columnWidth, (12240 - 2880 - ColumnGutter) / 2);
     EXPECT_EQ(f.columnLeft(1), 1440 + f.columnWidth + ColumnGutter);
     EXPECT_LE(f.columnLeft(1) + f.columnWidth, f.right);
 
     o.landscape = true;
-    f = FramePage(o, 300, 200);
+    f = framePage(o, 300, 200);
     EXPECT_EQ(f.pageWidth, 15840);
     EXPECT_EQ(f.pageHeight, 12240);
 }
 
-TEST(FramePage, MarginsThatLeaveNoRoomAreNotUsable) {
+TEST(framePage, MarginsThatLeaveNoRoomAreNotUsable) {
     PrintOptions o;
-    EXPECT_TRUE(FramePage(o, 300, 300).usable());
+    EXPECT_TRUE(framePage(o, 300, 300).usable());
     o.margins.left = o.margins.right = 100;
-    EXPECT_FALSE(FramePage(o, 300, 300).usable()); // A4 is 210 mm wide
+    EXPECT_FALSE(framePage(o, 300, 300).usable()); // A4 is 210 mm wide
     o = PrintOptions{};
     o.margins.top = o.margins.bottom = 140;
-    EXPECT_FALSE(FramePage(o, 300, 300).usable());
+    EXPECT_FALSE(framePage(o, 300, 300).usable());
 }
 
 TEST(PrintResolution, QualityValuesBecomeDotsPerInch) {
@@ -210,17 +210,17 @@ TEST(PrintResolution, QualityValuesBecomeDotsPerInch) {
 
 TEST(PageTexts, TitleFooterAndWordGuide) {
     DictionaryHeader header{};
-    EXPECT_EQ(DocumentTitle(header, "Words.nkd"), "Words");
-    EXPECT_EQ(DocumentTitle(header, "my.words.csv"), "my.words");
-    EXPECT_EQ(DocumentTitle(header, "NoExtension"), "NoExtension");
-    EXPECT_EQ(DocumentTitle(header, ".nkd"), ".nkd");
+    EXPECT_EQ(documentTitle(header, "Words.nkd"), "Words");
+    EXPECT_EQ(documentTitle(header, "my.words.csv"), "my.words");
+    EXPECT_EQ(documentTitle(header, "NoExtension"), "NoExtension");
+    EXPECT_EQ(documentTitle(header, ".nkd"), ".nkd");
     header[0] = "  Middle Egyptian Verbs "; // the dictionary's own title wins
-    EXPECT_EQ(DocumentTitle(header, "Words.nkd"), "Middle Egyptian Verbs");
+    EXPECT_EQ(documentTitle(header, "Words.nkd"), "Middle Egyptian Verbs");
 
-    EXPECT_EQ(PageFooter(3, 12), "Page 3 of 12");
-    EXPECT_EQ(PageFooter(4, 0), "Page 4");
+    EXPECT_EQ(pageFooter(3, 12), "Page 3 of 12");
+    EXPECT_EQ(pageFooter(4, 0), "Page 4");
 
-    EXPECT_EQ(PageWordsText(7, 7), "Word 7");
-    EXPECT_EQ(PageWordsText(3, 17), "Words 3\u201317");
-    EXPECT_EQ(PageWordsText(-1, -1), "");
+    EXPECT_EQ(pageWordsText(7, 7), "Word 7");
+    EXPECT_EQ(pageWordsText(3, 17), "Words 3\u201317");
+    EXPECT_EQ(pageWordsText(-1, -1), "");
 }

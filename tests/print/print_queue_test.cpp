@@ -13,7 +13,7 @@ TEST(PrintQueue, StatusSaysHowManyWordsWait) {
         {1, "1 word waits to be printed (Form Feed prints the page)"},
         {2, "2 words wait to be printed (Form Feed prints the page)"},
     };
-    for (auto [n, text] : cases) EXPECT_EQ(WaitingStatusText(n), text);
+    for (auto [n, text] : cases) EXPECT_EQ(waitingStatusText(n), text);
 }
 
 TEST(PrintQueue, WordsWaitAsTheyWereAddedAndSheetsCountOn) {
@@ -52,7 +52,7 @@ TEST(PrintQueue, TheSheetGoesOutOnlyWhenTheNextWordWouldNotFit) {
         {"a tall word after a short one", {100, 9000}, 1, true},
     };
     for (const Case& c : cases)
-        EXPECT_EQ(SheetFullWith(c.heights, c.columns, 1000, 100), c.full) << c.name;
+        EXPECT_EQ(sheetFullWith(c.heights, c.columns, 1000, 100), c.full) << c.name;
 }
 
 TEST(PrintQueue, QuittingAsksOnlyWhenWordsWait) {
@@ -70,7 +70,7 @@ TEST(PrintQueue, QuittingAsksOnlyWhenWordsWait) {
     for (const Case& c : cases) {
         ScriptedDialogs d;
         if (c.answer) d.answers.push_back(*c.answer);
-        EXPECT_EQ(AskAboutWaitingWords(d, c.waiting), c.choice);
+        EXPECT_EQ(askAboutWaitingWords(d, c.waiting), c.choice);
         if (!c.answer) {
             EXPECT_TRUE(d.prompts.empty());
             continue;
@@ -78,8 +78,8 @@ TEST(PrintQueue, QuittingAsksOnlyWhenWordsWait) {
         ASSERT_EQ(d.prompts.size(), 1u);
         EXPECT_EQ(d.prompts[0].buttons, Buttons::YesNoCancel);
     }
-    EXPECT_EQ(WaitingWordsQuestion(1), "1 word waits to be printed on the page being collected.\n"
+    EXPECT_EQ(waitingWordsQuestion(1), "1 word waits to be printed on the page being collected.\n"
                                        "Do you want to print it before quitting?");
-    EXPECT_EQ(WaitingWordsQuestion(3), "3 words wait to be printed on the page being collected.\n"
+    EXPECT_EQ(waitingWordsQuestion(3), "3 words wait to be printed on the page being collected.\n"
                                        "Do you want to print them before quitting?");
 }

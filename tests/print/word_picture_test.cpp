@@ -44,7 +44,7 @@ TEST_F(WordPictureTest, SignsAtNaturalSizeInsideA32TwipMargin) {
         {"", 64, 64, {}},
     };
     for (const Case& c : cases) {
-        const WordPicture p = PictureOfRecord(t.pictures, word("L", "B", c.layout));
+        const WordPicture p = pictureOfRecord(t.pictures, word("L", "B", c.layout));
         SCOPED_TRACE(c.layout);
         EXPECT_EQ(p.width, c.width);
         EXPECT_EQ(p.height, c.height);
@@ -59,9 +59,9 @@ TEST_F(WordPictureTest, MatchesThePictureTheWordViewDraws) {
                              "N35(0,0) - A1(600,90) - MISSING(1000,0) ", ""};
     for (const char* layout : layouts) {
         t.app.store.setRow(0, word("R", "B", layout));
-        RenderWord(t.app);
-        const WordPicture& screen = t.app.view.TemPic;
-        const WordPicture paper = PictureOfWord(t.app, 0);
+        renderWord(t.app);
+        const WordPicture& screen = t.app.view.picture;
+        const WordPicture paper = pictureOfWord(t.app, 0);
         SCOPED_TRACE(layout);
         EXPECT_EQ(paper.width, screen.width);
         EXPECT_EQ(paper.height, screen.height);
@@ -79,8 +79,8 @@ TEST_F(WordPictureTest, CollectingWordsReadsEachSignOnce) {
     CountingPictures counting;
     CachedSignPictures cached(counting);
     for (int i = 0; i < 50; ++i) {
-        PictureOfRecord(cached, word("L", "B", "A1(0,0) - G17(100,0) - A1(200,0) "));
-        PictureOfRecord(cached, word("R", "B", "A1(0,0) "));
+        pictureOfRecord(cached, word("L", "B", "A1(0,0) - G17(100,0) - A1(200,0) "));
+        pictureOfRecord(cached, word("R", "B", "A1(0,0) "));
     }
     EXPECT_EQ(counting.calls, 3); // A1 left, G17 left, A1 right
 
@@ -88,13 +88,13 @@ TEST_F(WordPictureTest, CollectingWordsReadsEachSignOnce) {
     t.app.store.setRow(1, word("L", "B", "broken"));
     t.app.store.setRow(2, word("L", "B", "G17(0,0) "));
     t.app.store.lastIndex = 2;
-    const auto words = CollectWords(t.app, {2, 0, 1});
+    const auto words = collectWords(t.app, {2, 0, 1});
     ASSERT_EQ(words.size(), 3u);
     EXPECT_EQ(words[0].index, 2);
     EXPECT_EQ(words[0].picture.pictures.at(0).picture.file, "/pictures/Basic/Left/G17.GIF");
     EXPECT_EQ(words[1].index, 0);
     // A layout that cannot be read fails alone, and its word is printed without signs.
-    EXPECT_THROW(PictureOfRecord(t.pictures, t.app.store.row(1)), RunError);
+    EXPECT_THROW(pictureOfRecord(t.pictures, t.app.store.row(1)), RunError);
     EXPECT_TRUE(words[2].picture.pictures.empty());
     EXPECT_EQ(words[2].record[FieldLayout], "broken");
 }

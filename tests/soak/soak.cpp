@@ -86,7 +86,7 @@ std::string randomLayout() {
 }
 
 // A composer that places one to four random signs, or is cancelled.
-struct ScriptedComposer : Windows {
+struct ScriptedComposer : WindowHost {
     App* app = nullptr;
     void runComposer() override {
         App& a = *app;
@@ -190,7 +190,7 @@ int main(int argc, char** argv) {
     app.windows = &composer;
     app.home = dir;
     app.settings.showDictionaryInfo = false;
-    InstallEditing(app);
+    installEditing(app);
     app.store.dictionaryPath = dictionaryFile.string();
 
     const CommandId editing[] = {
@@ -208,34 +208,34 @@ int main(int argc, char** argv) {
         try {
             if (r < 18) {
                 if (editing[r] != CommandId::PasteWord || pick(3)) {
-                    RunCommand(app, editing[r]);
+                    executeCommand(app, editing[r]);
                 } else {
                     clipboard.content = randomText(); // sometimes paste something that is no word
-                    RunCommand(app, CommandId::PasteWord);
+                    executeCommand(app, CommandId::PasteWord);
                 }
                 // Typing into the boxes of the word on show.
                 if (pick(3) == 0) {
-                    app.view.MeaningTxt = randomText();
+                    app.view.meaning = randomText();
                     app.store.editPending = true;
                 }
             } else if (app.store.lastIndex >= 0) {
                 switch (r) {
                 case 18:
-                    MenuSort(app, static_cast<SortField>(std::array{3, 4, 5, 6}[pick(4)]),
+                    menuSort(app, static_cast<SortField>(std::array{3, 4, 5, 6}[pick(4)]),
                              {pick(2) == 0, pick(2) == 0});
                     break;
                 case 19:
-                    ToolbarSort(app, static_cast<SortField>(std::array{3, 4, 5, 6}[pick(4)]),
+                    toolbarSort(app, static_cast<SortField>(std::array{3, 4, 5, 6}[pick(4)]),
                                 {pick(2) == 0, pick(2) == 0});
                     break;
                 case 20:
-                    ShuffleDictionary(app, rng());
+                    shuffleDictionary(app, rng());
                     break;
                 case 21:
-                    FlipAll(app, static_cast<FlipMode>(pick(3)));
+                    flipAll(app, static_cast<FlipMode>(pick(3)));
                     break;
                 default:
-                    RunCommand(app, CommandId::SaveDictionary);
+                    executeCommand(app, CommandId::SaveDictionary);
                     break;
                 }
             }
@@ -253,10 +253,10 @@ int main(int argc, char** argv) {
         // word, where a load stops by design).
         if (step % 50 == 0 && s.lastIndex >= 0) {
             app.storeWord = [](App&) {};
-            const bool saved = SaveDictionary(app);
-            InstallEditing(app);
+            const bool saved = saveDictionary(app);
+            installEditing(app);
             if (saved) {
-                const ParsedDictionary back = ReadDictionaryText(readFileBytes(files.lastWritten),
+                const ParsedDictionary back = readDictionaryText(readFileBytes(files.lastWritten),
                                                                  DictionaryStore::MaxWordIndex + 1);
                 int k = 0;
                 while (k <= s.lastIndex && (s.field(k, 0) == "L" || s.field(k, 0) == "R")) ++k;

@@ -27,7 +27,7 @@ struct GuessTest : ::testing::Test {
     }
     void phonetic(const std::vector<std::pair<std::string, std::string>>& rows) {
         for (std::size_t k = 0; k < rows.size(); ++k)
-            t.app.lists.Phonetic[k] = {rows[k].first, rows[k].second};
+            t.app.lists.phonetic[k] = {rows[k].first, rows[k].second};
         t.app.lists.phoneticLast = static_cast<int>(rows.size()) - 1;
     }
     // Codes by slot; an empty code is an empty slot.
@@ -38,7 +38,7 @@ struct GuessTest : ::testing::Test {
     }
     std::string guess(const std::vector<std::string>& codes) {
         glyphs(codes);
-        return GuessTransliteration(t.app.glyphs, t.app.lists);
+        return guessTransliteration(t.app.glyphs, t.app.lists);
     }
 };
 
@@ -76,12 +76,12 @@ TEST_F(GuessTest, TheGuessReplacesTheBoxAndCountsAsAnEdit) {
     const std::tuple<const char*, const char*, const char*, bool> cases[] = {
         {"old", "N35", "nf", true}, {"", "X99", "", false}, {"x", "X99", "", true}};
     for (const auto& [before, code, after, edited] : cases) {
-        t.app.view.TransLitTxt = before;
+        t.app.view.transliteration = before;
         t.app.view.textChanged = t.app.store.editPending = false;
         glyphs({code, "I9"});
         if (std::string(code) == "X99") t.app.glyphs[1].code.reset();
-        TransGuess(t.app);
-        EXPECT_EQ(t.app.view.TransLitTxt, after) << before;
+        transGuess(t.app);
+        EXPECT_EQ(t.app.view.transliteration, after) << before;
         EXPECT_EQ(t.app.view.textChanged, edited) << before;
         EXPECT_EQ(t.app.store.editPending, edited) << before;
     }

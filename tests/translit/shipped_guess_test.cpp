@@ -32,8 +32,8 @@ std::string lettersOnly(const std::string& s) {
 
 TEST(ShippedGuess, GivesTheStoredTransliterationForFourStarterWordsInFive) {
     SignLists lists;
-    LoadPhonetic(lists, kData);
-    const ParsedDictionary dict = ReadDictionaryText(
+    loadPhonetic(lists, kData);
+    const ParsedDictionary dict = readDictionaryText(
         text::decodeFileText(readFileBytes(kData / "Dictionaries" / "Words.nkd")), 100001);
     ASSERT_GE(dict.words.size(), 600u);
 
@@ -41,8 +41,8 @@ TEST(ShippedGuess, GivesTheStoredTransliterationForFourStarterWordsInFive) {
     std::string misses;
     for (const WordRecord& w : dict.words) {
         GlyphTable glyphs;
-        ParseLayoutString(w[FieldLayout], glyphs);
-        const std::string guess = GuessTransliteration(glyphs, lists);
+        parseLayoutString(w[FieldLayout], glyphs);
+        const std::string guess = guessTransliteration(glyphs, lists);
         if (guess == lettersOnly(w[FieldTranslit]))
             ++right;
         else

@@ -3,7 +3,7 @@
 #include "core/sign_lists.h"
 #include "harness.h"
 #include "ui/compose_window.h"
-#include "ui/lookup_window.h"
+#include "ui/sign_browser_window.h"
 
 #include <QAction>
 #include <QApplication>
@@ -66,7 +66,8 @@ class ComposeWindowTest : public QObject {
     AtomicFileWriter writer_;
     std::unique_ptr<App> app_;
     ScriptedWindows windows_;
-    std::unique_ptr<ui::LookupHost> lookup_; // the browser as the program gives it to the composer
+    std::unique_ptr<ui::SignBrowserHost>
+        lookup_; // the browser as the program gives it to the composer
 
     // Where a screenshot goes when NEBKARO_SCREENSHOTS names a folder.
     static void screenshot(QWidget* w, const char* name) {
@@ -87,9 +88,9 @@ private slots:
         pictures_ = std::make_unique<FolderSignPictures>(folder_->path());
         app_ = std::make_unique<App>(dialogs_, clipboard_, events_, *pictures_, writer_);
         app_->home = folder_->path();
-        LoadSignList(app_->lists, app_->home, Library::Basic);
-        LoadPhonetic(app_->lists, app_->home);
-        lookup_ = std::make_unique<ui::LookupHost>(*app_);
+        loadSignList(app_->lists, app_->home, Library::Basic);
+        loadPhonetic(app_->lists, app_->home);
+        lookup_ = std::make_unique<ui::SignBrowserHost>(*app_);
         windows_.chooseSign = [this] { return lookup_->chooseSign(); };
         windows_.onUnloadBrowser = [this] { lookup_->unload(); };
         windows_.typewriters = 0;
@@ -211,7 +212,7 @@ private slots:
         QTest::mouseClick(child<QPushButton>(&w, "cmdDelLast"), Qt::LeftButton);
         QVERIFY(!child<QLabel>(&w, "GlyphPic2")->isVisible());
         QVERIFY(second->pixmap().isNull());
-        QCOMPARE(w.model().LastGlyph, 1);
+        QCOMPARE(w.model().firstFreeSlot, 1);
         QCOMPARE(child<QLabel>(&w, "Gardinerlbl")->text(), QString("Gardiner: - A1"));
     }
 };

@@ -184,7 +184,7 @@ private Q_SLOTS:
         };
         pic.pictures = {placed("black.png", 0, 0), placed("white.png", 0, 0),
                         placed("black.png", 30, 0), placed("gone.png", 60, 0, false)};
-        const QImage image = WordPictureImage(pic);
+        const QImage image = wordPictureImage(pic);
         QCOMPARE(image.size(), QSize(9, 7)); // 124 x 94 twips, each part of a pixel counted
         QCOMPARE(image.pixelColor(2, 2), QColor(Qt::white)); // the later sign covers
         QCOMPARE(image.pixelColor(3, 3), QColor(Qt::white));
@@ -196,15 +196,15 @@ private Q_SLOTS:
         QVERIFY(image.pixelColor(8, 2) != QColor(Qt::white));
         QCOMPARE(image.pixelColor(7, 3), QColor(Qt::white));
 
-        const QByteArray svg = WordPictureSvg(pic);
+        const QByteArray svg = wordPictureSvg(pic);
         QVERIFY(svg.startsWith("<?xml"));
         QVERIFY(svg.contains("width=\"9\" height=\"7\""));
         QCOMPARE(svg.count("<image "), 3);
         QCOMPARE(svg.count("<rect "), 2); // background and the empty frame
         const QString file = folder.file("w.svg");
-        QVERIFY(SaveWordPicture(pic, file, ImageFormat::Svg));
+        QVERIFY(saveWordPicture(pic, file, ImageFormat::Svg));
         QCOMPARE(QImage(file).size(), QSize(9, 7));
-        QVERIFY(!SaveWordPicture(pic, folder.file("no/such/folder/w.bmp"), ImageFormat::Bmp));
+        QVERIFY(!saveWordPicture(pic, folder.file("no/such/folder/w.bmp"), ImageFormat::Bmp));
     }
 
     // Meaning is chosen the first time, so that OK sorts at once; the choices stay for the
@@ -252,7 +252,7 @@ private Q_SLOTS:
             child<QRadioButton>(&d, "optGardiner")->click();
             child<QPushButton>(&d, "cmdOk")->click();
         });
-        QCOMPARE(ShowSortDialog(f.app), SortField::Gardiner);
+        QCOMPARE(showSortDialog(f.app), SortField::Gardiner);
         QVERIFY(!d.isVisible());
     }
 

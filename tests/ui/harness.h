@@ -141,7 +141,7 @@ struct Program {
     explicit Program(bool settings = true) {
         if (settings) folder.settings(false, false);
         app.home = folder.path();
-        InstallEditing(app);
+        installEditing(app);
         window = std::make_unique<MainWindow>(app);
     }
     template <typename T = QWidget> T* find(const char* name) const {

@@ -7,11 +7,11 @@
 #include "ui/cancel_dialog.h"
 #include "ui/compose_window.h"
 #include "ui/header_dialog.h"
-#include "ui/lookup_window.h"
 #include "ui/preferences_dialog.h"
 #include "ui/print_options_dialog.h"
 #include "ui/screen_fit.h"
 #include "ui/search_dialog.h"
+#include "ui/sign_browser_window.h"
 #include "ui/sort_dialog.h"
 #include "ui/trans_table_window.h"
 #include "ui/typewriter_window.h"
@@ -243,7 +243,7 @@ private Q_SLOTS:
         QCOMPARE(p.app.view.windowWidth, 6960);
         p.window->resize(700, p.window->height());
         QTRY_COMPARE(p.window->width(), 700);
-        QCOMPARE(p.app.view.geometry.DispAreaShp.width, 700 * 15 - 500);
+        QCOMPARE(p.app.view.geometry.displayArea.width, 700 * 15 - 500);
         QCOMPARE(p.find<QFrame>("DispAreaShp")->width(), (700 * 15 - 500 + 7) / 15);
         QCOMPARE(p.find<QLineEdit>("MeaningTxt")->width(), (700 * 15 - 800 + 7) / 15);
         QCOMPARE(p.find<QLineEdit>("TransLitTxt")->width(), (700 * 15 - 1400 + 7) / 15);
@@ -328,7 +328,7 @@ private Q_SLOTS:
     void savedAndCopiedPicturesHoldTheWordWithItsMargin() {
         Program p;
         QVERIFY(p.startAndShow());
-        p.app.view.GardinerTxt = "A1:D21*X1";
+        p.app.view.gardiner = "A1:D21*X1";
         p.answerFile(std::nullopt);
         p.action("mnuSaveGlyphImage")->trigger();
         QCOMPARE(p.dialogs.prompts[0].text, p.folder.path() + "/Images/A1-D21-X1");
@@ -411,7 +411,7 @@ private Q_SLOTS:
         QVERIFY(space);
         QTest::mouseClick(space, Qt::LeftButton);
         QCOMPARE(translit->text(), QStringLiteral("m "));
-        QCOMPARE(p.app.view.TransLitTxt, std::string("m "));
+        QCOMPARE(p.app.view.transliteration, std::string("m "));
         QVERIFY(p.app.view.textChanged);
     }
 
@@ -541,7 +541,7 @@ private Q_SLOTS:
     void everyControlCarriesItsNameCaptionAndTip() {
         Program p;
         QVERIFY(p.startAndShow());
-        SearchDialogLoad(p.app);
+        searchDialogLoad(p.app);
         std::unique_ptr<QWidget> windows[] = {
             std::make_unique<AboutDialog>(p.app),
             std::make_unique<HeaderDialog>(p.app, p.app.store.header),
@@ -549,7 +549,7 @@ private Q_SLOTS:
             std::make_unique<SortDialog>(p.app),
             std::make_unique<CancelDialog>(p.app),
             std::make_unique<ui::ComposeWindow>(p.app),
-            std::make_unique<ui::LookupWindow>(p.app),
+            std::make_unique<ui::SignBrowserWindow>(p.app),
             std::make_unique<SearchDialog>(p.app),
             std::make_unique<TypewriterWindow>(p.app),
             std::make_unique<TransTableWindow>(),

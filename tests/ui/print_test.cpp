@@ -86,7 +86,7 @@ struct Fixture {
 };
 
 PrintDocument layoutOf(App& app, const PrintOptions& o) {
-    return PrintDocument(CollectWords(app, WordsInRange(o.range, app.store)), o, "Starter");
+    return PrintDocument(collectWords(app, wordsInRange(o.range, app.store)), o, "Starter");
 }
 
 // A word of signs stacked far taller than any page.
@@ -115,8 +115,8 @@ struct Opened {
 
 std::unique_ptr<PrintDocument> documentOf(App& app, const PrintOptions& o) {
     return std::make_unique<PrintDocument>(
-        CollectWords(app, WordsInRange(o.range, app.store)), o,
-        DocumentTitle(app.store.header, app.store.dictionaryName));
+        collectWords(app, wordsInRange(o.range, app.store)), o,
+        documentTitle(app.store.header, app.store.dictionaryName));
 }
 
 // Prints pages first..last of doc into a PDF file through QPrinter, as the program does.
@@ -555,7 +555,7 @@ void PrintTest::aPageRangePrintsOnlyThosePages() {
     auto doc = documentOf(*f.app, o);
     const int total = doc->pageCount();
     QVERIFY(total >= 4);
-    const auto [first, last] = PagesInRange(o.range, total);
+    const auto [first, last] = pagesInRange(o.range, total);
     const auto pdf = f.file("pages.pdf");
     QVERIFY(printToPdf(*doc, pdf, first, last));
     QCOMPARE(pdfPageCount(pdf), 2);
@@ -700,7 +700,7 @@ void PrintTest::theStarterDictionaryPrintsInTwoColumns() {
     FolderSignPictures shipped(data);
     App app(f.dialogs, f.clipboard, f.events, shipped, f.files);
     app.home = data;
-    const ParsedDictionary parsed = ReadDictionaryText(
+    const ParsedDictionary parsed = readDictionaryText(
         readFileBytes(data / "Dictionaries" / "Words.nkd"), DictionaryStore::MaxWordIndex + 1);
     QVERIFY(parsed.words.size() > 100);
     for (std::size_t i = 0; i < parsed.words.size(); ++i)

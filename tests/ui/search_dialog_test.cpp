@@ -5,7 +5,7 @@
 #include "core/sign_lists.h"
 #include "harness.h"
 #include "ui/search_dialog.h"
-#include "ui/search_tools.h"
+#include "ui/search_windows.h"
 #include "ui/typewriter_window.h"
 
 #include <QCheckBox>
@@ -30,7 +30,7 @@ class SearchWindowsTest : public QObject {
     testing::MemoryFileWriter writer;
     std::unique_ptr<App> app;
     std::unique_ptr<QWidget> mainWindow;
-    std::unique_ptr<SearchTools> tools;
+    std::unique_ptr<SearchWindows> tools;
     ScriptedWindows windows;
     std::string browserSign; // the sign the browser hands over next; empty: none
     std::vector<int> rendered;
@@ -43,7 +43,7 @@ class SearchWindowsTest : public QObject {
             // A failed check returns early: let the waiting Find go on all the same.
             if (d && d->isVisible()) d->close();
         });
-        FindCommand(*app);
+        findCommand(*app);
     }
 
 private Q_SLOTS:
@@ -69,7 +69,7 @@ private Q_SLOTS:
         mainWindow->setObjectName(QStringLiteral("Main"));
         mainWindow->setGeometry(200, 150, 400, 300);
         mainWindow->show();
-        tools = std::make_unique<SearchTools>(*app, mainWindow.get());
+        tools = std::make_unique<SearchWindows>(*app, mainWindow.get());
         windows.onSearchDialog = [this] { tools->showSearchDialogAndWait(); };
         windows.onTypewriterText = [this](TypewriterTarget t) { tools->typewriterTextChanged(t); };
         windows.chooseSign = [this] {
@@ -134,7 +134,7 @@ private Q_SLOTS:
         // Accepted: the keys go to the main window's transliteration again.
         QCOMPARE(app->typewriterTarget, TypewriterTarget::MainTransLit);
         QTest::mouseClick(tools->typewriter()->key(16), Qt::LeftButton);
-        QCOMPARE(app->view.TransLitTxt, std::string("a")); // the Alphabetical keys stay
+        QCOMPARE(app->view.transliteration, std::string("a")); // the Alphabetical keys stay
     }
 
     void findAllListsWhatFindWouldFind() {
@@ -165,13 +165,13 @@ private Q_SLOTS:
             QTest::mouseClick(child<QPushButton>(d, "cmdCancel"), Qt::LeftButton);
         });
         // Find Previous goes on from the word shown, with the same criteria.
-        FindPreviousCommand(*app);
+        findPreviousCommand(*app);
         QCOMPARE(rendered, (std::vector<int>{4, 2}));
         QVERIFY(dialogs.prompts.empty());
     }
 
     void signsListFollowsTheTypingWithPictures() {
-        ParsePhonetic(app->lists, "\"G17\",\"m\"\r\n\"D21\",\"r\"\r\n");
+        parsePhonetic(app->lists, "\"G17\",\"m\"\r\n\"D21\",\"r\"\r\n");
         const char* layouts[] = {"G17(0,0) - D21(300,0) ", "D21(0,0) ", "D21(0,0) - G17a(300,0) ",
                                  "X1(0,0) ", "G17(0,0) "};
         for (int i = 0; i < 5; ++i) app->store.setField(i, FieldLayout, layouts[i]);
@@ -224,7 +224,7 @@ private Q_SLOTS:
             QTest::mouseClick(child<QPushButton>(d, "cmdCancel"), Qt::LeftButton);
         });
         // Find Next goes on with the signs.
-        FindNextCommand(*app);
+        findNextCommand(*app);
         QCOMPARE(rendered, (std::vector<int>{2, 4}));
     }
 };

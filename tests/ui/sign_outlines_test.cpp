@@ -66,7 +66,7 @@ private Q_SLOTS:
                     const SignPicture p = pictures.picture(library, direction, code);
                     if (!p.ok) continue;
                     ++checked;
-                    QVERIFY2(!SignOutline(p).isEmpty(),
+                    QVERIFY2(!signOutline(p).isEmpty(),
                              (code + " " + libraryName(library)).c_str());
                     // At 100 % the outline covers the picture's ink, facing the same way.
                     if (checked % 97 != 0) continue;
@@ -74,7 +74,7 @@ private Q_SLOTS:
                     QImage outline(p.width / 15, p.height / 15, QImage::Format_RGB32);
                     outline.fill(Qt::white);
                     QPainter painter(&outline);
-                    QVERIFY(PaintSignOutline(painter, p, QRectF(outline.rect())));
+                    QVERIFY(paintSignOutline(painter, p, QRectF(outline.rect())));
                     painter.end();
                     const QImage picture(QString::fromStdString(p.file.string()));
                     QVERIFY2(sharedInk(picture, outline) >= 0.75,
@@ -97,8 +97,8 @@ private Q_SLOTS:
         for (const char* code : {"A1", "Z9"}) {
             const SignPicture p = pictures.picture(Library::Basic, Direction::Left, code);
             QVERIFY(p.ok);
-            QVERIFY2(SignOutline(p).isEmpty(), code);
-            const QImage big = SignImage(p, 4);
+            QVERIFY2(signOutline(p).isEmpty(), code);
+            const QImage big = signImage(p, 4);
             QCOMPARE(big.size(), QSize(p.width / 15 * 4, p.height / 15 * 4));
         }
     }
@@ -117,10 +117,10 @@ private Q_SLOTS:
             word.width = x + 30;
             word.height = std::max(word.height, p.picture.height + 60);
         }
-        const QRect one = inkBox(WordPictureImage(word, 1));
+        const QRect one = inkBox(wordPictureImage(word, 1));
         for (double scale : {2.0, 3.0, 4.0, 8.0}) {
-            const QImage image = WordPictureImage(word, scale);
-            QCOMPARE(image.size(), WordPictureImage(word, 1).size() * scale);
+            const QImage image = wordPictureImage(word, scale);
+            QCOMPARE(image.size(), wordPictureImage(word, 1).size() * scale);
             const QRect ink = inkBox(image);
             // The same box, scaled, to within the pixel the picture's crop may add.
             QVERIFY(std::abs(ink.left() - one.left() * scale) <= 1.5 * scale);
@@ -128,10 +128,10 @@ private Q_SLOTS:
             QVERIFY(std::abs(ink.top() - one.top() * scale) <= 1.5 * scale);
             QVERIFY(std::abs(ink.bottom() - one.bottom() * scale) <= 1.5 * scale);
         }
-        const QByteArray svg = WordPictureSvg(word, 4);
+        const QByteArray svg = wordPictureSvg(word, 4);
         QCOMPARE(svg.count("<path "), 3);
         QCOMPARE(svg.count("<image "), 0);
-        const QSize size = WordPictureImage(word, 1).size();
+        const QSize size = wordPictureImage(word, 1).size();
         QVERIFY(svg.contains(QStringLiteral("width=\"%1\" height=\"%2\" viewBox=\"0 0 %3 %4\"")
                                  .arg(size.width() * 4)
                                  .arg(size.height() * 4)

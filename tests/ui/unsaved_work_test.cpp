@@ -135,12 +135,13 @@ private Q_SLOTS:
             [&] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageDown); },
             [&] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageUp); },
         };
-        p.app.searchCriteria = PrepareCriteria("", false, false, false, false); // every word matches
+        p.app.searchCriteria =
+            prepareCriteria("", false, false, false, false); // every word matches
         int way = 0;
         for (const auto& leave : ways) {
             const bool yes = way++ % 2 == 0;
             p.find<QLineEdit>("txtNumber")->setText(QStringLiteral("1"));
-            p.app.view.txtNumber = "1";
+            p.app.view.wordNumber = "1";
             p.click("cmdGo");
             p.dialogs.reset();
             const std::string before = p.app.store.field(1, FieldMeaning);

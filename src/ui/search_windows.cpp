@@ -4,7 +4,7 @@
 #include "translit/trans_table.h"
 #include "translit/typewriter.h"
 
-#include "ui/search_tools.h"
+#include "ui/search_windows.h"
 
 #include "ui/search_dialog.h"
 #include "ui/trans_table_window.h"
@@ -18,24 +18,24 @@
 
 namespace nebkaro {
 
-SearchTools::SearchTools(App& app, QWidget* mainWindow)
+SearchWindows::SearchWindows(App& app, QWidget* mainWindow)
     : QObject(mainWindow), app_(app), main_(mainWindow) {}
 
-SearchTools::~SearchTools() {
+SearchWindows::~SearchWindows() {
     delete typewriter_.data();
 }
 
-SearchDialog* SearchTools::searchDialog() const {
+SearchDialog* SearchWindows::searchDialog() const {
     return search_;
 }
-TypewriterWindow* SearchTools::typewriter() const {
+TypewriterWindow* SearchWindows::typewriter() const {
     return typewriter_;
 }
-TransTableWindow* SearchTools::transTable() const {
+TransTableWindow* SearchWindows::transTable() const {
     return table_;
 }
 
-SearchDialog* SearchTools::ensureSearchDialog() {
+SearchDialog* SearchWindows::ensureSearchDialog() {
     if (!search_) {
         search_ = new SearchDialog(app_, main_);
         connect(search_, &SearchDialog::typewriterRequested, this,
@@ -44,7 +44,7 @@ SearchDialog* SearchTools::ensureSearchDialog() {
     return search_;
 }
 
-void SearchTools::showSearchDialogAndWait() {
+void SearchWindows::showSearchDialogAndWait() {
     SearchDialog* d = ensureSearchDialog();
     d->refresh();
     d->show();
@@ -59,11 +59,11 @@ void SearchTools::showSearchDialogAndWait() {
     loop.exec();
 }
 
-void SearchTools::typewriterTextChanged(TypewriterTarget target) {
+void SearchWindows::typewriterTextChanged(TypewriterTarget target) {
     if (target == TypewriterTarget::SearchText && search_) search_->refresh();
 }
 
-TypewriterWindow* SearchTools::ensureTypewriter() {
+TypewriterWindow* SearchWindows::ensureTypewriter() {
     if (!typewriter_) {
         // A window of its own, not the main window's: the composer holds the main window
         // while it is open, and the typewriter must still type into the composer's code line
@@ -77,7 +77,7 @@ TypewriterWindow* SearchTools::ensureTypewriter() {
     return typewriter_;
 }
 
-void SearchTools::showTypewriterBesideMain() {
+void SearchWindows::showTypewriterBesideMain() {
     TypewriterWindow* t = ensureTypewriter();
     const bool first = !t->isVisible();
     t->show();
@@ -85,33 +85,33 @@ void SearchTools::showTypewriterBesideMain() {
     const QRect m = main_->frameGeometry();
     if (first) t->move(t->frameGeometry().x(), m.y());
     runGuarded(app_, [&] {
-        const int left = TypewriterLeftBesideMain(m.x() * TwipsPerPixel, m.width() * TwipsPerPixel,
+        const int left = typewriterLeftBesideMain(m.x() * TwipsPerPixel, m.width() * TwipsPerPixel,
                                                   t->frameGeometry().width() * TwipsPerPixel);
         t->move(left / TwipsPerPixel, t->frameGeometry().y());
     });
     fitOnScreen(t);
 }
 
-void SearchTools::showTypewriterBeside(QWidget* caller) {
+void SearchWindows::showTypewriterBeside(QWidget* caller) {
     if (!caller) return;
     TypewriterWindow* t = ensureTypewriter();
     t->show();
     t->raise();
     const QRect c = caller->frameGeometry();
     const QRect screen = screenRoom(caller);
-    const int left = TypewriterLeftBeside(c.x() * TwipsPerPixel, c.width() * TwipsPerPixel,
+    const int left = typewriterLeftBeside(c.x() * TwipsPerPixel, c.width() * TwipsPerPixel,
                                           t->frameGeometry().width() * TwipsPerPixel,
                                           (screen.x() + screen.width()) * TwipsPerPixel);
     t->move(left / TwipsPerPixel, c.y());
     fitOnScreen(t);
 }
 
-void SearchTools::showTransTable() {
+void SearchWindows::showTransTable() {
     if (!table_) table_ = new TransTableWindow(main_);
     table_->show();
     table_->raise();
     const QRect m = main_->frameGeometry();
-    const int top = TransTableTop(m.y() * TwipsPerPixel, m.height() * TwipsPerPixel,
+    const int top = transTableTop(m.y() * TwipsPerPixel, m.height() * TwipsPerPixel,
                                   table_->frameGeometry().height() * TwipsPerPixel);
     table_->move(m.x(), top / TwipsPerPixel);
     fitOnScreen(table_);

@@ -15,11 +15,11 @@ class QLineEdit;
 
 namespace nebkaro::ui {
 
-class LookupWindow : public QWidget {
+class SignBrowserWindow : public QWidget {
     Q_OBJECT
 public:
     // Builds the window and runs the browser's Load (the first page).
-    explicit LookupWindow(App& app, QWidget* parent = nullptr);
+    explicit SignBrowserWindow(App& app, QWidget* parent = nullptr);
 
     SignBrowser& model() { return model_; }
     // Whether a sign was chosen since the window was last shown.
@@ -46,27 +46,27 @@ private:
     App& app_;
     SignBrowser model_;
     bool chose_ = false;
-    QComboBox* cmbCategory_;
-    QLineEdit* txtGlyph_;
-    QLineEdit* txtTrans_;
-    QCheckBox* chkShowTrans_;
-    QLabel* lblLibrary_;
-    QLabel* lblCategory_;
-    std::array<QLabel*, SignBrowser::PageSize> picGlyph_{};
-    std::array<QLabel*, SignBrowser::PageSize> lblGlyph_{};
-    std::array<QLabel*, SignBrowser::PageSize> lblTranslit_{};
+    QComboBox* categoryCombo_;
+    QLineEdit* glyphBox_;
+    QLineEdit* transBox_;
+    QCheckBox* showTransCheck_;
+    QLabel* libraryLabel_;
+    QLabel* categoryLabel_;
+    std::array<QLabel*, SignBrowser::PageSize> glyphPictures_{};
+    std::array<QLabel*, SignBrowser::PageSize> glyphLabel_{};
+    std::array<QLabel*, SignBrowser::PageSize> translitLabel_{};
 };
 
 // The one Lookup window of the program.
-class LookupHost {
+class SignBrowserHost {
 public:
-    explicit LookupHost(App& app) : app_(app) {}
-    ~LookupHost();
-    LookupHost(const LookupHost&) = delete;
-    LookupHost& operator=(const LookupHost&) = delete;
+    explicit SignBrowserHost(App& app) : app_(app) {}
+    ~SignBrowserHost();
+    SignBrowserHost(const SignBrowserHost&) = delete;
+    SignBrowserHost& operator=(const SignBrowserHost&) = delete;
 
     // The window, built (and loaded) when first asked for.
-    LookupWindow* window();
+    SignBrowserWindow* window();
     bool isLoaded() const { return !window_.isNull(); }
     // Shown on its own, without waiting (the main window's sign list).
     void show();
@@ -78,7 +78,7 @@ public:
 
 private:
     App& app_;
-    QPointer<LookupWindow> window_;
+    QPointer<SignBrowserWindow> window_;
     bool waiting_ = false;
 };
 

@@ -3,11 +3,11 @@
 // each is created on first use and placed as the program has always placed it, then brought
 // wholly onto the screen (fitOnScreen) where that placement would leave part of it off.
 //
-// The main window's Windows port hands these on:
-//   showSearchDialogAndWait()      -> SearchTools::showSearchDialogAndWait()
-//   typewriterTextChanged(target)  -> SearchTools::typewriterTextChanged(target)
-// Its commands call FindCommand / FindNextCommand / FindPreviousCommand (bulk/search.h),
-// TransGuess (translit/guess.h), showTypewriterBesideMain() and showTransTable(); the sign
+// The main window's WindowHost port hands these on:
+//   showSearchDialogAndWait()      -> SearchWindows::showSearchDialogAndWait()
+//   typewriterTextChanged(target)  -> SearchWindows::typewriterTextChanged(target)
+// Its commands call findCommand / findNextCommand / findPreviousCommand (bulk/search.h),
+// transGuess (translit/guess.h), showTypewriterBesideMain() and showTransTable(); the sign
 // browser's typewriter button calls showTypewriterBeside(browser window). A window whose box
 // the typewriter may type into listens to typed() and shows the box's text again.
 #include <QObject>
@@ -23,11 +23,11 @@ class SearchDialog;
 class TypewriterWindow;
 class TransTableWindow;
 
-class SearchTools : public QObject {
+class SearchWindows : public QObject {
     Q_OBJECT
 public:
-    SearchTools(App& app, QWidget* mainWindow);
-    ~SearchTools() override;
+    SearchWindows(App& app, QWidget* mainWindow);
+    ~SearchWindows() override;
 
     // Find: shows the Search dialog (creating it if Cancel closed it) and returns once it is
     // hidden or closed, the events of every window going on meanwhile.
