@@ -4,6 +4,7 @@
 #include "bulk/search_dialog.h"
 #include "core/app.h"
 #include "core/errors.h"
+#include "core/guarded.h"
 #include "core/text.h"
 
 namespace nebkaro {
@@ -17,7 +18,7 @@ bool isDigit(unsigned char c) {
     return c >= '0' && c <= '9';
 }
 
-// PrepareValue into a buffer that the walk over the dictionary reuses for every word.
+// prepareValue into a buffer that the walk over the dictionary reuses for every word.
 void prepareInto(std::string& out, std::string_view value, const SearchCriteria& c) {
     // Blanks go first and case after, in the order the pattern was prepared: only then do
     // both sides agree on texts that are not valid UTF-8.
@@ -36,7 +37,7 @@ void prepareInto(std::string& out, std::string_view value, const SearchCriteria&
             out = text::upper(out);
         }
     }
-    if (c.ignoreVariants) out = StripVariants(out);
+    if (c.ignoreVariants) out = stripVariants(out);
 }
 
 // Whether the value, once prepared, holds the pattern of a plain substring search: 0 when it
@@ -68,13 +69,9 @@ int plainOccurrence(std::string_view v, const SearchCriteria& c) {
     return 0;
 }
 
-void reportError(App& app, const RunError& e) {
-    app.dialogs.message(e.report(), "", Buttons::OK, Icon::Critical);
-}
-
 } // namespace
 
-SearchCriteria PrepareCriteria(std::string_view text, bool exact, bool exactWord,
+SearchCriteria prepareCriteria(std::string_view text, bool exact, bool exactWord,
                                bool caseSensitive, bool ignoreVariants) {
     SearchCriteria c;
     c.exact = exact;
@@ -84,17 +81,17 @@ SearchCriteria PrepareCriteria(std::string_view text, bool exact, bool exactWord
     c.caseSensitive = caseSensitive;
     c.ignoreVariants = ignoreVariants;
     if (!caseSensitive) c.pattern = text::upper(c.pattern);
-    if (ignoreVariants) c.pattern = StripVariants(c.pattern);
+    if (ignoreVariants) c.pattern = stripVariants(c.pattern);
     return c;
 }
 
-std::string PrepareValue(std::string_view value, const SearchCriteria& criteria) {
+std::string prepareValue(std::string_view value, const SearchCriteria& criteria) {
     std::string out;
     prepareInto(out, value, criteria);
     return out;
 }
 
-std::string StripVariants(std::string_view s) {
+std::string stripVariants(std::string_view s) {
     // Only texts with a digit followed by a letter somewhere ("*#[A-z]*") carry variants.
     bool variant = false;
     for (std::size_t i = 0; i + 1 < s.size() && !variant; ++i)
@@ -119,7 +116,7 @@ std::string StripVariants(std::string_view s) {
     return out;
 }
 
-bool IsWholeWord(std::size_t pos, std::string_view needle, std::string_view haystack) {
+bool isWholeWord(std::size_t pos, std::string_view needle, std::string_view haystack) {
     // The rules are the patterns needle & "[!A-z]*", "*[!A-z]" & needle and
     // "*[!A-z]" & needle & "[!A-z]*" with the needle taken literally. A character outside
     // [A-z] is either one byte outside it or a multi-byte character, none of whose bytes is
@@ -151,10 +148,10 @@ bool SearchMatcher::matches(std::string_view value) const {
     if (criteria_.exact) return value == criteria_.pattern;
     const std::size_t pos = text::find(value, criteria_.pattern);
     if (pos == 0) return false;
-    return !criteria_.exactWord || IsWholeWord(pos, criteria_.pattern, value);
+    return !criteria_.exactWord || isWholeWord(pos, criteria_.pattern, value);
 }
 
-int FindMatch(const DictionaryStore& store, const SearchCriteria& criteria, int field, int start,
+int findMatch(const DictionaryStore& store, const SearchCriteria& criteria, int field, int start,
               int end, int step, const SearchProgress& progress) {
     if (step != 1 && step != -1) throw RunError(InvalidArgument);
     const SearchMatcher matcher(criteria);
@@ -173,7 +170,7 @@ int FindMatch(const DictionaryStore& store, const SearchCriteria& criteria, int 
     return -1;
 }
 
-std::vector<int> FindAll(const DictionaryStore& store, const SearchCriteria& criteria, int field) {
+std::vector<int> findAll(const DictionaryStore& store, const SearchCriteria& criteria, int field) {
     std::vector<int> found;
     const SearchMatcher matcher(criteria);
     std::string value;
@@ -186,17 +183,17 @@ std::vector<int> FindAll(const DictionaryStore& store, const SearchCriteria& cri
     return found;
 }
 
-int FindWord(App& app, int start, int end, int step, bool reuse) {
+int findWord(App& app, int start, int end, int step, bool reuse) {
     if (!reuse && app.searchField == FieldLayout) {
-        if (!PrepareSignCriteria(app, app.searchCriteria)) return -1;
+        if (!prepareSignCriteria(app, app.searchCriteria)) return -1;
     } else if (!reuse) {
         const SearchDialogState& d = app.search;
-        app.searchCriteria = PrepareCriteria(d.txtSearch, d.ChkExact, d.chkExactWord, d.chkCase,
-                                             d.chkIgnoreVariants);
+        app.searchCriteria = prepareCriteria(d.searchText, d.exactChecked, d.exactWordChecked,
+                                             d.caseChecked, d.ignoreVariantsChecked);
     }
     const int found = app.searchField == FieldLayout
-                          ? FindSignMatch(app.store, app.searchCriteria, start, end, step)
-                          : FindMatch(app.store, app.searchCriteria, app.searchField, start, end,
+                          ? findSignMatch(app.store, app.searchCriteria, start, end, step)
+                          : findMatch(app.store, app.searchCriteria, app.searchField, start, end,
                                       step, [&app](float f) { app.windows->setProgress(f); });
     if (found < 0) {
         app.dialogs.message("Not Found!", "Not Found", Buttons::OK, Icon::Exclamation);
@@ -207,14 +204,14 @@ int FindWord(App& app, int start, int end, int step, bool reuse) {
     return found;
 }
 
-void FindCommand(App& app) {
+void findCommand(App& app) {
     // A second Find while the first still waits for the dialog only brings nothing new: the
     // dialog is already up, and the waiting Find searches once it is left.
     if (app.search.waiting) return;
-    try {
+    runGuarded(app, [&] {
         app.leaveWord(app);
         app.typewriterTarget = TypewriterTarget::SearchText;
-        if (!app.search.loaded) SearchDialogLoad(app);
+        if (!app.search.loaded) searchDialogLoad(app);
         app.search.visible = true;
         app.search.waiting = true;
         struct Done {
@@ -222,43 +219,40 @@ void FindCommand(App& app) {
             ~Done() { d.waiting = false; }
         } done{app.search};
         app.windows->showSearchDialogAndWait();
-        if (app.searchAccepted) FindWord(app, 0, app.store.lastIndex, 1, false);
-    } catch (const RunError& e) {
-        reportError(app, e);
-    }
+        if (app.searchAccepted) findWord(app, 0, app.store.lastIndex, 1, false);
+    });
 }
 
-void FindNextCommand(App& app) {
-    try {
+namespace {
+
+// Find Next (step 1) and Find Previous (step -1): the search starts from the word beside the
+// one on show; at the end of the dictionary the end is reported and the last word tested
+// again.
+void findAgain(App& app, int step) {
+    runGuarded(app, [&] {
         app.leaveWord(app);
         DictionaryStore& s = app.store;
         const std::int32_t onShow = s.currentIndex;
-        if (s.currentIndex < s.lastIndex)
-            ++s.currentIndex;
-        else
+        const bool atEnd = step > 0 ? s.currentIndex >= s.lastIndex : s.currentIndex < 1;
+        if (atEnd)
             app.dialogs.message("No more words to search", "END OF FILE", Buttons::OK,
                                 Icon::Information);
+        else
+            s.currentIndex += step;
         // Nothing found: the word on show stays the word that commands act on.
-        if (FindWord(app, s.currentIndex, s.lastIndex, 1, true) < 0) s.currentIndex = onShow;
-    } catch (const RunError& e) {
-        reportError(app, e);
-    }
+        const int to = step > 0 ? s.lastIndex : 0;
+        if (findWord(app, s.currentIndex, to, step, true) < 0) s.currentIndex = onShow;
+    });
 }
 
-void FindPreviousCommand(App& app) {
-    try {
-        app.leaveWord(app);
-        DictionaryStore& s = app.store;
-        const std::int32_t onShow = s.currentIndex;
-        if (s.currentIndex < 1)
-            app.dialogs.message("No more words to search", "END OF FILE", Buttons::OK,
-                                Icon::Information);
-        else
-            --s.currentIndex;
-        if (FindWord(app, s.currentIndex, 0, -1, true) < 0) s.currentIndex = onShow;
-    } catch (const RunError& e) {
-        reportError(app, e);
-    }
+} // namespace
+
+void findNextCommand(App& app) {
+    findAgain(app, 1);
+}
+
+void findPreviousCommand(App& app) {
+    findAgain(app, -1);
 }
 
 } // namespace nebkaro
