@@ -7,7 +7,7 @@
 namespace nebkaro::fuzz {
 
 struct FixedPictures : SignPictures {
-    SignPicture picture(const std::string&, const std::string&, const std::string& code) override {
+    SignPicture picture(Library, Direction, const std::string& code) override {
         SignPicture p;
         p.file = code;
         p.width = 300 + 15 * static_cast<int>(code.size());

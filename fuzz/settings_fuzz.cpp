@@ -14,8 +14,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         (void)getSettingValue(text, key);
     if (size < 1) return 0;
     Settings s;
-    s.useBasicLibrary = data[0] & 1;
-    s.directionLeft = data[0] & 2;
+    s.library = data[0] & 1 ? Library::Basic : Library::Extended;
+    s.direction = data[0] & 2 ? Direction::Left : Direction::Right;
     s.showAbout = data[0] & 4;
     s.showDictionaryInfo = data[0] & 8;
     std::string name = text::trim(text.substr(1));
@@ -29,7 +29,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::string written = settingsText(s, name) + "\r\n";
     FUZZ_CHECK(getSettingValue(written, "Dictionary Name") == name);
     FUZZ_CHECK((text::upper(getSettingValue(written, "Library")) != "EXTENDED") ==
-               s.useBasicLibrary);
-    FUZZ_CHECK((text::upper(getSettingValue(written, "Direction")) != "RIGHT") == s.directionLeft);
+               (s.library == Library::Basic));
+    FUZZ_CHECK((text::upper(getSettingValue(written, "Direction")) != "RIGHT") ==
+               (s.direction == Direction::Left));
     return 0;
 }
