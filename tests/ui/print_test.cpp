@@ -594,9 +594,7 @@ void PrintTest::thePrintDialogPrintsIntoTheChosenFile() {
     Fixture f(10);
     f.app->store.currentIndex = 3;
     Printing printing;
-    PrintOptions o;
-    o.printer = PdfPrinterName;
-    printing.setOptions(o);
+    printing.setOptions(Opened::pdfOptions());
     const auto pdf = f.file("dialog.pdf");
     f.dialogs.files.push_back(pdf);
     QTimer::singleShot(0, [] {
@@ -617,9 +615,7 @@ void PrintTest::thePrintDialogPrintsIntoTheChosenFile() {
 void PrintTest::printOneCollectsWordsAndFormFeedPrintsThem() {
     Fixture f(8);
     Printing printing;
-    PrintOptions o;
-    o.printer = PdfPrinterName;
-    printing.setOptions(o);
+    printing.setOptions(Opened::pdfOptions());
     for (int i : {5, 1, 6}) {
         f.app->store.currentIndex = i;
         printing.addCurrentWordToPage(*f.app);
@@ -671,9 +667,7 @@ void PrintTest::printOneCollectsWordsAndFormFeedPrintsThem() {
 void PrintTest::aFullPageGoesOutByItself() {
     Fixture f(40);
     Printing printing;
-    PrintOptions o;
-    o.printer = PdfPrinterName;
-    printing.setOptions(o);
+    printing.setOptions(Opened::pdfOptions());
     const auto sheet = f.file("full.pdf");
     f.dialogs.files.push_back(sheet);
     int added = 0;
