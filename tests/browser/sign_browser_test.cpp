@@ -7,11 +7,11 @@
 namespace nebkaro::testing {
 namespace {
 
-// Three monoliterals; A with a two-letter code; 30 signs of G; no J; Z last.
+// Three monoliterals; A with a two-letter code; 30 signs of G; no J; Y and Z last.
 std::string browserList() {
     std::string s = "G1,M17,N35\r\nA1,A2,Aa1\r\nB1\r\n";
     for (int k = 1; k <= 30; ++k) s += "G" + std::to_string(k) + (k % 10 == 0 ? "\r\n" : ",");
-    s += "I9\r\nK1\r\nM17\r\nN35\r\nZ1,Z2\r\n";
+    s += "I9\r\nK1\r\nM17\r\nN35\r\nY1\r\nZ1,Z2\r\n";
     return s;
 }
 
