@@ -11,20 +11,15 @@ namespace nebkaro::testing {
 namespace {
 
 TEST(mdcOfSigns, GroupsRowsAndSidesComeFromWhereTheSignsStand) {
+    const PlacedSign a1{"A1", 0, 0, 300, 600}, g17{"G17", 300, 0, 450, 600};
     struct Case {
         const char* name;
         std::vector<PlacedSign> signs;
         bool left;
         const char* mdc;
     } cases[] = {
-        {"a row of touching signs is a row of groups",
-         {{"A1", 0, 0, 300, 600}, {"G17", 300, 0, 450, 600}},
-         true,
-         "A1-G17"},
-        {"facing right, the row is read from the right",
-         {{"A1", 0, 0, 300, 600}, {"G17", 300, 0, 450, 600}},
-         false,
-         "G17-A1"},
+        {"a row of touching signs is a row of groups", {a1, g17}, true, "A1-G17"},
+        {"facing right, the row is read from the right", {a1, g17}, false, "G17-A1"},
         {"one sign above another is a stack",
          {{"N35", 0, 0, 600, 150}, {"X1", 75, 150, 450, 225}},
          true,
@@ -35,13 +30,13 @@ TEST(mdcOfSigns, GroupsRowsAndSidesComeFromWhereTheSignsStand) {
          "X1*Z1:N35"},
         {"a stack between two signs, slot order aside",
          {{"X1", 375, 262.5, 450, 225},
-          {"A1", 0, 0, 300, 600},
+          a1,
           {"N35", 300, 112.5, 600, 150},
           {"G17", 900, 0, 450, 600}},
          true,
          "A1-N35:X1-G17"},
         {"overlapping signs in one row stay single signs",
-         {{"A1", 0, 0, 300, 600}, {"G17", 200, 0, 450, 600}},
+         {a1, {"G17", 200, 0, 450, 600}},
          true,
          "A1-G17"},
         {"signs without a code are left out", {{"", 0, 0, 300, 600}}, true, ""},

@@ -7,18 +7,8 @@ using namespace nebkaro;
 using namespace nebkaro::print;
 using namespace nebkaro::testing;
 
-TEST(PrintQueue, StatusSaysHowManyWordsWait) {
-    const std::pair<int, const char*> cases[] = {
-        {0, ""},
-        {1, "1 word waits to be printed (Form Feed prints the page)"},
-        {2, "2 words wait to be printed (Form Feed prints the page)"},
-    };
-    for (auto [n, text] : cases) EXPECT_EQ(waitingStatusText(n), text);
-}
-
 TEST(PrintQueue, WordsWaitAsTheyWereAddedAndSheetsCountOn) {
     PrintQueue q;
-    EXPECT_EQ(q.sheetNumber(), 1);
     WordRecord w{"L", "B", "A1(0,0) ", "A1", "iw", "is", ""};
     q.add({3, w});
     w[FieldMeaning] = "changed afterwards";
@@ -55,29 +45,25 @@ TEST(PrintQueue, TheSheetGoesOutOnlyWhenTheNextWordWouldNotFit) {
         EXPECT_EQ(sheetFullWith(c.heights, c.columns, 1000, 100), c.full) << c.name;
 }
 
+// The status line and the question on quitting count the waiting words.
 TEST(PrintQueue, QuittingAsksOnlyWhenWordsWait) {
-    struct Case {
-        int waiting;
-        std::optional<Answer> answer;
-        WaitingWordsChoice choice;
+    const std::tuple<int, std::optional<Answer>, WaitingWordsChoice, const char*> cases[] = {
+        {0, std::nullopt, WaitingWordsChoice::NothingWaiting, ""},
+        {1, Answer::Yes, WaitingWordsChoice::Print, "1 word waits"},
+        {3, Answer::No, WaitingWordsChoice::Discard, "3 words wait"},
+        {3, Answer::Cancel, WaitingWordsChoice::Cancel, "3 words wait"},
     };
-    const Case cases[] = {
-        {0, std::nullopt, WaitingWordsChoice::NothingWaiting},
-        {1, Answer::Yes, WaitingWordsChoice::Print},
-        {3, Answer::No, WaitingWordsChoice::Discard},
-        {3, Answer::Cancel, WaitingWordsChoice::Cancel},
-    };
-    for (const Case& c : cases) {
+    for (const auto& [waiting, answer, choice, words] : cases) {
         ScriptedDialogs d;
-        if (c.answer) d.answers.push_back(*c.answer);
-        EXPECT_EQ(askAboutWaitingWords(d, c.waiting), c.choice);
-        if (!c.answer) {
-            EXPECT_TRUE(d.prompts.empty());
-            continue;
-        }
-        ASSERT_EQ(d.prompts.size(), 1u);
+        if (answer) d.answers.push_back(*answer);
+        EXPECT_EQ(askAboutWaitingWords(d, waiting), choice);
+        EXPECT_EQ(d.prompts.size(), answer ? 1u : 0u);
+        if (!answer) continue;
         EXPECT_EQ(d.prompts[0].buttons, Buttons::YesNoCancel);
+        EXPECT_EQ(waitingStatusText(waiting),
+                  std::string(words) + " to be printed (Form Feed prints the page)");
     }
+    EXPECT_EQ(waitingStatusText(0), "");
     EXPECT_EQ(waitingWordsQuestion(1), "1 word waits to be printed on the page being collected.\n"
                                        "Do you want to print it before quitting?");
     EXPECT_EQ(waitingWordsQuestion(3), "3 words wait to be printed on the page being collected.\n"
