@@ -44,12 +44,8 @@ TEST_F(WordViewTest, LeavingABoxMarksTheWordEditedWhenItWasTypedInto) {
 }
 
 TEST_F(WordViewTest, ControlThenGOrMTogglesTheirHideBoxes) {
-    struct Case {
-        std::vector<int> keys;
-        bool gardinerHidden;
-        bool meaningHidden;
-    };
-    const Case cases[] = {
+    const std::tuple<std::vector<int>, bool, bool> cases[] = {
+        // keys, Gardiner, meaning hidden
         {{KeyControl, KeyG}, true, false},
         {{KeyControl, KeyM}, false, true},
         {{KeyG}, false, false},                               // G alone
@@ -59,29 +55,28 @@ TEST_F(WordViewTest, ControlThenGOrMTogglesTheirHideBoxes) {
         {{KeyControl, KeyControl, KeyM}, false, true},        // a held Ctrl repeats its code
         {{KeyM, KeyControl}, false, false},                   // wrong order
     };
-    for (const Case& c : cases) {
+    for (const auto& [keys, gardiner, meaning] : cases) {
         WordView v;
-        for (int k : c.keys) windowKeyDown(v, k);
-        EXPECT_EQ(v.hidden[static_cast<int>(HideBox::Gardiner)], c.gardinerHidden);
-        EXPECT_EQ(v.hidden[static_cast<int>(HideBox::Meaning)], c.meaningHidden);
-        EXPECT_EQ(v.previousKey, c.keys.back());
+        for (int k : keys) windowKeyDown(v, k);
+        EXPECT_EQ(std::pair(v.hidden[static_cast<int>(HideBox::Gardiner)],
+                            v.hidden[static_cast<int>(HideBox::Meaning)]),
+                  std::pair(gardiner, meaning))
+            << ::testing::PrintToString(keys);
+        EXPECT_EQ(v.previousKey, keys.back());
     }
 }
 
 TEST_F(WordViewTest, PopUpMenuOpensOnlyForTheRightButtonInsideTheDisplayArea) {
     const Rect a = t.app.view.geometry.displayArea;
-    struct Case {
-        int button, x, y;
-        bool opens;
-    };
-    const Case cases[] = {
+    const std::tuple<int, int, int, bool> cases[] = {
+        // button, x, y, opens
         {RightButton, a.left, a.top, true}, // the edges belong to the area
         {RightButton, a.left + a.width, a.top + a.height, true},
         {RightButton, a.left - 1, a.top + 10, false}, // just outside
         {RightButton, a.left + 10, a.top + a.height + 1, false},
         {1, a.left + 10, a.top + 10, false}, // left button
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(opensFieldMenu(t.app.view, c.button, c.x, c.y), c.opens)
-            << c.button << " at " << c.x << "," << c.y;
+    for (const auto& [button, x, y, opens] : cases)
+        EXPECT_EQ(opensFieldMenu(t.app.view, button, x, y), opens)
+            << button << " at " << x << "," << y;
 }
