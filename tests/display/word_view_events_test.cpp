@@ -65,18 +65,3 @@ TEST_F(WordViewTest, ControlThenGOrMTogglesTheirHideBoxes) {
         EXPECT_EQ(v.previousKey, keys.back());
     }
 }
-
-TEST_F(WordViewTest, PopUpMenuOpensOnlyForTheRightButtonInsideTheDisplayArea) {
-    const Rect a = t.app.view.geometry.displayArea;
-    const std::tuple<int, int, int, bool> cases[] = {
-        // button, x, y, opens
-        {RightButton, a.left, a.top, true}, // the edges belong to the area
-        {RightButton, a.left + a.width, a.top + a.height, true},
-        {RightButton, a.left - 1, a.top + 10, false}, // just outside
-        {RightButton, a.left + 10, a.top + a.height + 1, false},
-        {1, a.left + 10, a.top + 10, false}, // left button
-    };
-    for (const auto& [button, x, y, opens] : cases)
-        EXPECT_EQ(opensFieldMenu(t.app.view, button, x, y), opens)
-            << button << " at " << x << "," << y;
-}

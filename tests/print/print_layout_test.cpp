@@ -169,27 +169,26 @@ TEST(pagesInRange, PagesFromToAreClampedOtherRangesPrintAll) {
 
 TEST(framePage, MarginsBandsAndColumnsShareThePaper) {
     PrintOptions o;
-    o.paper = "Letter";
+    o.paper = "Letter";                   // 12240 x 15840 twips
     o.margins = {25.4, 12.7, 25.4, 12.7}; // an inch each side, half an inch top and bottom
-    PageFrame f = framePage(o, 300, 200);
-    EXPECT_EQ(f.pageWidth, 12240);
-    EXPECT_EQ(f.pageHeight, 15840);
-    EXPECT_EQ(f.left, 1440);
-    EXPECT_EQ(f.right, 12240 - 1440);
-    EXPECT_EQ(f.bodyTop, 720 + 300);
-    EXPECT_EQ(f.columnHeight, 15840 - 720 - 200 - (720 + 300));
-    EXPECT_EQ(f.columnWidth, 12240 - 2880);
-
-    o.columns = 2;
-    f = framePage(o, 300, 200);
-    EXPECT_EQ(f.columnWidth, (12240 - 2880 - ColumnGutter) / 2);
-    EXPECT_EQ(f.columnLeft(1), 1440 + f.columnWidth + ColumnGutter);
-    EXPECT_LE(f.columnLeft(1) + f.columnWidth, f.right);
-
-    o.landscape = true;
-    f = framePage(o, 300, 200);
-    EXPECT_EQ(f.pageWidth, 15840);
-    EXPECT_EQ(f.pageHeight, 12240);
+    // Bands of 300 and 200 twips: the words start at 720 + 300 and end 720 + 200 above the foot.
+    const std::tuple<int, bool, std::tuple<int, int, int, int, int>> cases[] = {
+        // columns, landscape: page width and height, column width and height, second column
+        {1, false, {12240, 15840, 9360, 13900, 10800}},
+        {2, false, {12240, 15840, 4500, 13900, 6300}}, // 360 twips between the columns
+        {2, true, {15840, 12240, 6300, 10300, 8100}},
+    };
+    for (const auto& [columns, landscape, want] : cases) {
+        o.columns = columns;
+        o.landscape = landscape;
+        const PageFrame f = framePage(o, 300, 200);
+        EXPECT_EQ(
+            std::tuple(f.pageWidth, f.pageHeight, f.columnWidth, f.columnHeight, f.columnLeft(1)),
+            want)
+            << columns << landscape;
+        EXPECT_EQ(std::tuple(f.left, f.right, f.bodyTop),
+                  std::tuple(1440, f.pageWidth - 1440, 1020));
+    }
 }
 
 TEST(framePage, MarginsThatLeaveNoRoomAreNotUsable) {
@@ -210,16 +209,16 @@ TEST(PrintResolution, QualityValuesBecomeDotsPerInch) {
 
 TEST(PageTexts, TitleFooterAndWordGuide) {
     DictionaryHeader header{};
-    EXPECT_EQ(documentTitle(header, "Words.nkd"), "Words");
-    EXPECT_EQ(documentTitle(header, "my.words.csv"), "my.words");
-    EXPECT_EQ(documentTitle(header, "NoExtension"), "NoExtension");
-    EXPECT_EQ(documentTitle(header, ".nkd"), ".nkd");
+    const std::pair<const char*, const char*> titles[] = {{"Words.nkd", "Words"},
+                                                          {"my.words.csv", "my.words"},
+                                                          {"NoExtension", "NoExtension"},
+                                                          {".nkd", ".nkd"}};
+    for (auto [file, title] : titles) EXPECT_EQ(documentTitle(header, file), title);
     header[0] = "  Middle Egyptian Verbs "; // the dictionary's own title wins
     EXPECT_EQ(documentTitle(header, "Words.nkd"), "Middle Egyptian Verbs");
 
     EXPECT_EQ(pageFooter(3, 12), "Page 3 of 12");
     EXPECT_EQ(pageFooter(4, 0), "Page 4");
-
     EXPECT_EQ(pageWordsText(7, 7), "Word 7");
     EXPECT_EQ(pageWordsText(3, 17), "Words 3\u201317");
     EXPECT_EQ(pageWordsText(-1, -1), "");

@@ -7,24 +7,6 @@ using namespace nebkaro;
 using namespace nebkaro::print;
 using namespace nebkaro::testing;
 
-TEST(PrintQueue, WordsWaitAsTheyWereAddedAndSheetsCountOn) {
-    PrintQueue q;
-    WordRecord w{"L", "B", "A1(0,0) ", "A1", "iw", "is", ""};
-    q.add({3, w});
-    w[FieldMeaning] = "changed afterwards";
-    q.add({5, w});
-    ASSERT_EQ(q.waiting(), 2);
-    EXPECT_EQ(q.words()[0].index, 3);
-    EXPECT_EQ(q.words()[0].record[FieldMeaning], "is");
-    q.sheetPrinted();
-    EXPECT_EQ(q.waiting(), 0);
-    EXPECT_EQ(q.sheetNumber(), 2);
-    q.add({1, w});
-    q.discard();
-    EXPECT_EQ(q.waiting(), 0);
-    EXPECT_EQ(q.sheetNumber(), 2); // nothing was printed
-}
-
 TEST(PrintQueue, TheSheetGoesOutOnlyWhenTheNextWordWouldNotFit) {
     struct Case {
         const char* name;

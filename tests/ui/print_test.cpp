@@ -125,210 +125,177 @@ QString bodyText(const std::filesystem::path& pdf) {
 class PrintTest : public QObject {
     Q_OBJECT
 private slots:
-    void wholeDictionaryHasEveryFieldAndNumberedPages();
-    void everyFieldSwitchedOffInTurnLeavesThePaper();
-    void aPageRangePrintsOnlyThosePages();
-    void thePrintDialogPrintsIntoTheChosenFile();
-    void printOneCollectsWordsAndFormFeedPrintsThem();
-    void aFullPageGoesOutByItself();
-};
-
-void PrintTest::wholeDictionaryHasEveryFieldAndNumberedPages() {
-    Fixture f(24);
-    PrintOptions o;
-    o.columns = 2;
-    auto doc = documentOf(*f.app, o);
-    QVERIFY(doc->pageCount() >= 2);
-    const auto pdf = f.file("all.pdf");
-    QVERIFY(printToPdf(*doc, pdf));
-    QCOMPARE(pdfPageCount(pdf), doc->pageCount());
-
-    const QString text = pdfText(pdf);
-    const QStringList words = tokens(text);
-    for (int i = 0; i < 24; ++i)
-        QVERIFY2(words.contains(QString::fromStdString(Fixture::meaningOf(i))),
-                 Fixture::meaningOf(i).c_str());
-    for (const TestWord& w : Words) {
-        QVERIFY2(text.contains(QString::fromUtf8(w.gardiner)), w.gardiner);
-        QVERIFY2(text.contains(QString::fromUtf8(w.comment)), w.comment);
-        QVERIFY2(words.contains(QString::fromUtf8(w.translit)), w.translit);
-    }
-    const QStringList pages = text.split(QLatin1Char('\f'), Qt::SkipEmptyParts);
-    QCOMPARE(pages.size(), doc->pageCount());
-    for (int p = 0; p < pages.size(); ++p) {
-        QVERIFY2(
-            pages[p].contains(QStringLiteral("Page %1 of %2").arg(p + 1).arg(doc->pageCount())),
-            qPrintable(pages[p]));
-        QVERIFY(pages[p].contains(QLatin1String("Starter")));
-    }
-    // The header's guide names the first and the last word of the page.
-    const int lastOnFirst =
-        doc->words()[static_cast<std::size_t>(doc->pages()[0].back().item)].index;
-    QVERIFY(pages[0].contains(QStringLiteral("Words 0\u2013%1").arg(lastOnFirst)));
-    // The signs are pictures in the PDF; the missing one is a frame, not an error.
-    QVERIFY(!pdfImageWidths(pdf).empty());
-}
-
-void PrintTest::everyFieldSwitchedOffInTurnLeavesThePaper() {
-    Fixture f(8);
-    const std::pair<bool PrintFields::*, const char * TestWord::*> fields[] = {
-        {&PrintFields::gardiner, &TestWord::gardiner},
-        {&PrintFields::transliteration, &TestWord::translit},
-        {&PrintFields::meaning, &TestWord::meaning},
-        {&PrintFields::comment, &TestWord::comment}};
-    const TestWord& probe = Words[4]; // "D21:N35-A1", "rn", "namesake", "with a man"
-    for (const auto& off : fields) {
+    // The whole dictionary: every field of every word, each page headed and numbered; then
+    // pages 2 to 3 of it alone.
+    void wholeDictionaryHasEveryFieldAndNumberedPages() {
+        Fixture f(40);
         PrintOptions o;
-        o.fields.number = false;
-        o.fields.*(off.first) = false;
-        const auto pdf = f.file("without.pdf");
-        QVERIFY(printToPdf(*documentOf(*f.app, o), pdf));
+        o.range = {RangeKind::Pages, 2, 3}; // pages are counted over every word
+        auto doc = documentOf(*f.app, o);
+        const int total = doc->pageCount();
+        QVERIFY(total >= 4);
+        const auto pdf = f.file("all.pdf");
+        QVERIFY(printToPdf(*doc, pdf));
+        QCOMPARE(pdfPageCount(pdf), total);
+
         const QString text = pdfText(pdf);
-        for (const auto& other : fields) {
-            const QString t = QString::fromUtf8(probe.*(other.second));
-            const bool found = t.contains(' ') ? text.contains(t) : tokens(text).contains(t);
-            QVERIFY2(found == (&other != &off), qPrintable(t));
+        const QStringList words = tokens(text);
+        for (int i = 0; i < 40; ++i)
+            QVERIFY2(words.contains(QString::fromStdString(Fixture::meaningOf(i))),
+                     Fixture::meaningOf(i).c_str());
+        for (const TestWord& w : Words) {
+            QVERIFY2(text.contains(QString::fromUtf8(w.gardiner)), w.gardiner);
+            QVERIFY2(text.contains(QString::fromUtf8(w.comment)), w.comment);
+            QVERIFY2(words.contains(QString::fromUtf8(w.translit)), w.translit);
         }
+        const QStringList pages = text.split(QLatin1Char('\f'), Qt::SkipEmptyParts);
+        QCOMPARE(pages.size(), total);
+        for (int p = 0; p < pages.size(); ++p) {
+            QVERIFY2(pages[p].contains(QStringLiteral("Page %1 of %2").arg(p + 1).arg(total)),
+                     qPrintable(pages[p]));
+            QVERIFY(pages[p].contains(QLatin1String("Starter")));
+        }
+        // The header's guide names the first and the last word of the page.
+        const int lastOnFirst =
+            doc->words()[static_cast<std::size_t>(doc->pages()[0].back().item)].index;
+        QVERIFY(pages[0].contains(QStringLiteral("Words 0\u2013%1").arg(lastOnFirst)));
+        // The signs are pictures in the PDF; the missing one is a frame, not an error.
         QVERIFY(!pdfImageWidths(pdf).empty());
+
+        const auto [first, last] = pagesInRange(o.range, total);
+        const auto range = f.file("pages.pdf");
+        QVERIFY(printToPdf(*doc, range, first, last));
+        QCOMPARE(pdfPageCount(range), 2);
+        const QString two = pdfText(range);
+        QVERIFY(two.contains(QStringLiteral("Page 2 of %1").arg(total)));
+        QVERIFY(two.contains(QStringLiteral("Page 3 of %1").arg(total)));
+        QVERIFY(!two.contains(QStringLiteral("Page 1 of")));
+        QVERIFY(!tokens(two).contains(QStringLiteral("likewise"))); // word 0 is on page 1
     }
-    // The word numbers: on, each word's number stands before it; off, none does.
-    for (bool numbers : {true, false}) {
+
+    void everyFieldSwitchedOffInTurnLeavesThePaper() {
+        Fixture f(8);
+        const std::pair<bool PrintFields::*, const char * TestWord::*> fields[] = {
+            {&PrintFields::gardiner, &TestWord::gardiner},
+            {&PrintFields::transliteration, &TestWord::translit},
+            {&PrintFields::meaning, &TestWord::meaning},
+            {&PrintFields::comment, &TestWord::comment}};
+        const TestWord& probe = Words[4]; // "D21:N35-A1", "rn", "namesake", "with a man"
+        for (const auto& off : fields) {
+            PrintOptions o;
+            o.fields.number = false;
+            o.fields.*(off.first) = false;
+            const auto pdf = f.file("without.pdf");
+            QVERIFY(printToPdf(*documentOf(*f.app, o), pdf));
+            const QString text = pdfText(pdf);
+            for (const auto& other : fields) {
+                const QString t = QString::fromUtf8(probe.*(other.second));
+                const bool found = t.contains(' ') ? text.contains(t) : tokens(text).contains(t);
+                QVERIFY2(found == (&other != &off), qPrintable(t));
+            }
+            QVERIFY(!pdfImageWidths(pdf).empty());
+        }
+        // The word numbers: on, each word's number stands before it; off, none does.
+        for (bool numbers : {true, false}) {
+            PrintOptions o;
+            o.fields = {false, false, false, true, false, numbers};
+            const auto pdf = f.file("numbers.pdf");
+            QVERIFY(printToPdf(*documentOf(*f.app, o), pdf));
+            const QStringList body = tokens(bodyText(pdf));
+            for (int i = 0; i < 8; ++i)
+                QVERIFY2(body.contains(QString::number(i)) == numbers, qPrintable(body.join(' ')));
+        }
+        // The signs: off, the PDF holds no picture at all.
         PrintOptions o;
-        o.fields = {false, false, false, true, false, numbers};
-        const auto pdf = f.file("numbers.pdf");
+        o.fields.signs = false;
+        const auto pdf = f.file("no-signs.pdf");
         QVERIFY(printToPdf(*documentOf(*f.app, o), pdf));
-        const QStringList body = tokens(bodyText(pdf));
-        for (int i = 0; i < 8; ++i)
-            QVERIFY2(body.contains(QString::number(i)) == numbers, qPrintable(body.join(' ')));
+        QVERIFY(pdfImageWidths(pdf).empty());
+        QVERIFY(tokens(pdfText(pdf)).contains(QStringLiteral("namesake")));
     }
-    // The signs: off, the PDF holds no picture at all.
-    PrintOptions o;
-    o.fields.signs = false;
-    const auto pdf = f.file("no-signs.pdf");
-    QVERIFY(printToPdf(*documentOf(*f.app, o), pdf));
-    QVERIFY(pdfImageWidths(pdf).empty());
-    QVERIFY(tokens(pdfText(pdf)).contains(QStringLiteral("namesake")));
-}
 
-void PrintTest::aPageRangePrintsOnlyThosePages() {
-    Fixture f(40);
-    PrintOptions o;
-    o.range = {RangeKind::Pages, 2, 3};
-    auto doc = documentOf(*f.app, o);
-    const int total = doc->pageCount();
-    QVERIFY(total >= 4);
-    const auto [first, last] = pagesInRange(o.range, total);
-    const auto pdf = f.file("pages.pdf");
-    QVERIFY(printToPdf(*doc, pdf, first, last));
-    QCOMPARE(pdfPageCount(pdf), 2);
-    const QString text = pdfText(pdf);
-    QVERIFY(text.contains(QStringLiteral("Page 2 of %1").arg(total)));
-    QVERIFY(text.contains(QStringLiteral("Page 3 of %1").arg(total)));
-    QVERIFY(!text.contains(QStringLiteral("Page 1 of")));
-    QVERIFY(!tokens(text).contains(QStringLiteral("likewise"))); // word 0 is on page 1
-}
+    void thePrintDialogPrintsIntoTheChosenFile() {
+        Fixture f(10);
+        f.app->store.currentIndex = 3;
+        f.app->settings.printQuality = 0;
+        Printing printing;
+        printing.setOptions(pdfOptions());
+        // Cancelling the file name leaves the dialog open; a name without an extension gets ".pdf".
+        f.dialogs.files = {std::nullopt, f.file("dialog")};
+        QTimer::singleShot(0, [&f] {
+            QWidget* dialog = QApplication::activeModalWidget();
+            QVERIFY(dialog && dialog->objectName() == QLatin1String("frmPrintOptions"));
+            child<QAbstractButton>(dialog, "optCurrentWord")->click();
+            child<QAbstractButton>(dialog, "optMedium")->click();
+            auto* print = child<QPushButton>(dialog, "cmdPrint");
+            print->click();
+            QVERIFY(dialog->isVisible());
+            QCOMPARE(f.app->settings.printQuality, 0);
+            print->click();
+        });
+        printing.printDictionaryDialog(*f.app, nullptr);
+        QVERIFY(f.dialogs.files.empty());
+        QVERIFY(f.dialogs.prompts.at(0).text.ends_with("Starter.pdf"));
+        const QStringList words = tokens(pdfText(f.file("dialog.pdf")));
+        QVERIFY(words.contains(QStringLiteral("breadloaf"))); // word 3
+        QVERIFY(!words.contains(QStringLiteral("likewise")));
+        QCOMPARE(printing.options().range.kind, RangeKind::CurrentWord);
+        QCOMPARE(f.app->settings.printQuality, -3);
+        QCOMPARE(f.windows.status.back(), std::string("1 page printed"));
+    }
 
-void PrintTest::thePrintDialogPrintsIntoTheChosenFile() {
-    Fixture f(10);
-    f.app->store.currentIndex = 3;
-    f.app->settings.printQuality = 0;
-    Printing printing;
-    printing.setOptions(pdfOptions());
-    // Cancelling the file name leaves the dialog open; a name without an extension gets ".pdf".
-    f.dialogs.files = {std::nullopt, f.file("dialog")};
-    QTimer::singleShot(0, [&f] {
-        QWidget* dialog = QApplication::activeModalWidget();
-        QVERIFY(dialog && dialog->objectName() == QLatin1String("frmPrintOptions"));
-        child<QAbstractButton>(dialog, "optCurrentWord")->click();
-        child<QAbstractButton>(dialog, "optMedium")->click();
-        auto* print = child<QPushButton>(dialog, "cmdPrint");
-        print->click();
-        QVERIFY(dialog->isVisible());
-        QCOMPARE(f.app->settings.printQuality, 0);
-        print->click();
-    });
-    printing.printDictionaryDialog(*f.app, nullptr);
-    QVERIFY(f.dialogs.files.empty());
-    QVERIFY(f.dialogs.prompts.at(0).text.ends_with("Starter.pdf"));
-    const QStringList words = tokens(pdfText(f.file("dialog.pdf")));
-    QVERIFY(words.contains(QStringLiteral("breadloaf"))); // word 3
-    QVERIFY(!words.contains(QStringLiteral("likewise")));
-    QCOMPARE(printing.options().range.kind, RangeKind::CurrentWord);
-    QCOMPARE(f.app->settings.printQuality, -3);
-    QCOMPARE(f.windows.status.back(), std::string("1 page printed"));
-}
+    void printOneCollectsWordsAndFormFeedPrintsThem() {
+        Fixture f(8);
+        Printing printing;
+        printing.setOptions(pdfOptions());
+        for (int i : {5, 1, 6}) {
+            f.app->store.currentIndex = i;
+            printing.addCurrentWordToPage(*f.app);
+        }
+        QCOMPARE(printing.wordsWaiting(), 3);
+        QCOMPARE(f.windows.status.back(),
+                 std::string("3 words wait to be printed (Form Feed prints the page)"));
+        // A word changed after it was added prints as it was added.
+        f.app->store.setField(1, FieldMeaning, "changed");
 
-void PrintTest::printOneCollectsWordsAndFormFeedPrintsThem() {
-    Fixture f(8);
-    Printing printing;
-    printing.setOptions(pdfOptions());
-    for (int i : {5, 1, 6}) {
-        f.app->store.currentIndex = i;
+        const auto sheet1 = f.file("sheet1.pdf");
+        f.dialogs.files.push_back(sheet1);
+        QVERIFY(printing.formFeed(*f.app));
+        QCOMPARE(printing.wordsWaiting(), 0);
+        QCOMPARE(pdfPageCount(sheet1), 1);
+        QString text = pdfText(sheet1);
+        const QStringList words = tokens(text);
+        for (const char* m : {"gentleman", "sunshine", "valley"}) QVERIFY2(words.contains(m), m);
+        QVERIFY(!words.contains(QStringLiteral("changed")));
+        QVERIFY(!words.contains(QStringLiteral("likewise")));
+        QVERIFY(text.indexOf("gentleman") < text.indexOf("sunshine"));
+        QVERIFY(text.contains(QStringLiteral("Page 1")) && !text.contains(QStringLiteral(" of ")));
+        // Words collected out of order get no "Words 5–6" guide, which would mislead.
+        QVERIFY(!words.contains(QStringLiteral("Words")));
+
+        // The next sheet carries the next number; an empty sheet is not fed.
+        QVERIFY(!printing.formFeed(*f.app));
+        f.app->store.currentIndex = 2;
         printing.addCurrentWordToPage(*f.app);
-    }
-    QCOMPARE(printing.wordsWaiting(), 3);
-    QCOMPARE(f.windows.status.back(),
-             std::string("3 words wait to be printed (Form Feed prints the page)"));
-    // A word changed after it was added prints as it was added.
-    f.app->store.setField(1, FieldMeaning, "changed");
+        const auto sheet2 = f.file("sheet2.pdf");
+        f.dialogs.files.push_back(sheet2);
+        QVERIFY(printing.formFeed(*f.app));
+        QVERIFY(pdfText(sheet2).contains(QStringLiteral("Page 2")));
 
-    const auto sheet1 = f.file("sheet1.pdf");
-    f.dialogs.files.push_back(sheet1);
-    QVERIFY(printing.formFeed(*f.app));
-    QCOMPARE(printing.wordsWaiting(), 0);
-    QCOMPARE(pdfPageCount(sheet1), 1);
-    QString text = pdfText(sheet1);
-    const QStringList words = tokens(text);
-    for (const char* m : {"gentleman", "sunshine", "valley"}) QVERIFY2(words.contains(m), m);
-    QVERIFY(!words.contains(QStringLiteral("changed")));
-    QVERIFY(!words.contains(QStringLiteral("likewise")));
-    QVERIFY(text.indexOf("gentleman") < text.indexOf("sunshine"));
-    QVERIFY(text.contains(QStringLiteral("Page 1")) && !text.contains(QStringLiteral(" of ")));
-    // Words collected out of order get no "Words 5–6" guide, which would mislead.
-    QVERIFY(!words.contains(QStringLiteral("Words")));
-
-    // The next sheet carries the next number; an empty sheet is not fed.
-    QVERIFY(!printing.formFeed(*f.app));
-    f.app->store.currentIndex = 2;
-    printing.addCurrentWordToPage(*f.app);
-    const auto sheet2 = f.file("sheet2.pdf");
-    f.dialogs.files.push_back(sheet2);
-    QVERIFY(printing.formFeed(*f.app));
-    QVERIFY(pdfText(sheet2).contains(QStringLiteral("Page 2")));
-
-    // Cancelling the file name keeps the words waiting.
-    printing.addCurrentWordToPage(*f.app);
-    f.dialogs.files.push_back(std::nullopt);
-    QVERIFY(!printing.formFeed(*f.app));
-    QCOMPARE(printing.wordsWaiting(), 1);
-
-    // Nothing to add from an empty dictionary.
-    Fixture empty(0);
-    Printing p2;
-    p2.addCurrentWordToPage(*empty.app);
-    QCOMPARE(p2.wordsWaiting(), 0);
-    QCOMPARE(empty.dialogs.messages().back(), std::string("There is no word to print."));
-}
-
-void PrintTest::aFullPageGoesOutByItself() {
-    Fixture f(40);
-    Printing printing;
-    printing.setOptions(pdfOptions());
-    const auto sheet = f.file("full.pdf");
-    f.dialogs.files.push_back(sheet);
-    int added = 0;
-    while (!std::filesystem::exists(sheet) && added < 40) {
-        f.app->store.currentIndex = added++;
+        // Cancelling the file name keeps the words waiting.
         printing.addCurrentWordToPage(*f.app);
+        f.dialogs.files.push_back(std::nullopt);
+        QVERIFY(!printing.formFeed(*f.app));
+        QCOMPARE(printing.wordsWaiting(), 1);
+
+        // Nothing to add from an empty dictionary.
+        Fixture empty(0);
+        Printing p2;
+        p2.addCurrentWordToPage(*empty.app);
+        QCOMPARE(p2.wordsWaiting(), 0);
+        QCOMPARE(empty.dialogs.messages().back(), std::string("There is no word to print."));
     }
-    QVERIFY2(std::filesystem::exists(sheet), "the page never went out");
-    // The word that did not fit waits alone on the new sheet; the full one printed the rest.
-    QCOMPARE(printing.wordsWaiting(), 1);
-    QCOMPARE(pdfPageCount(sheet), 1);
-    const QStringList words = tokens(pdfText(sheet));
-    QVERIFY(words.contains(QString::fromStdString(Fixture::meaningOf(added - 2))));
-    QVERIFY(!words.contains(QString::fromStdString(Fixture::meaningOf(added - 1))));
-}
+};
 
 QTEST_MAIN(PrintTest)
 #include "print_test.moc"
