@@ -101,10 +101,8 @@ TEST_F(ExchangeTest, ExportedLinesImportBackToTheSameWordsAndNotations) {
 }
 
 TEST_F(ExchangeTest, ImportRefusesLinesItCannotStoreAndSaysWhy) {
-    struct Case {
-        const char* line;
-        const char* reason;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
+        // line, why it is refused
         {"A1\tsA", "3 or 4 fields separated by tabs were expected, not 2"},
         {"A1\ta\tb\tc\td", "3 or 4 fields separated by tabs were expected, not 5"},
         {"A1\tsA\t\"son\"", "a double quote cannot be stored in a dictionary file"},
@@ -117,11 +115,10 @@ TEST_F(ExchangeTest, ImportRefusesLinesItCannotStoreAndSaysWhy) {
         {"A1-A1-A1-A1-A1-A1-A1-A1-A1-A1-A1-A1-A1-A1-A1-A1-A1-A1-A1-A1-A1\ts\tx",
          "a word holds at most 20 signs"},
     };
-    for (const Case& c : cases) {
-        const ImportReport r = importMdcLines(app, std::string("\n") + c.line + "\r\n");
-        EXPECT_EQ(r.added, 0) << c.line;
-        ASSERT_EQ(r.refused.size(), 1u) << c.line;
-        EXPECT_EQ(r.refused[0], std::string("line 2: ") + c.reason);
+    for (auto [line, reason] : cases) {
+        const ImportReport r = importMdcLines(app, std::string("\n") + line + "\r\n");
+        EXPECT_EQ(r.added, 0) << line;
+        EXPECT_EQ(r.refused, std::vector<std::string>{std::string("line 2: ") + reason});
     }
     // The same word twice: the second is refused, the dictionary keeps one.
     const ImportReport twice = importMdcLines(app, "A1\ts\tman\nA1\ts\tman\n");

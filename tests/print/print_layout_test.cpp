@@ -125,12 +125,7 @@ std::vector<int> span(int from, int to) {
 
 TEST(wordsInRange, EachRangeChoosesItsWords) {
     const DictionaryStore store = storeOf(10, 4);
-    struct Case {
-        const char* name;
-        PrintRange range;
-        std::vector<int> words;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, PrintRange, std::vector<int>> cases[] = {
         {"current word", {RangeKind::CurrentWord, 0, 0}, {4}},
         {"words from-to", {RangeKind::Words, 2, 5}, span(2, 5)},
         {"one word", {RangeKind::Words, 7, 7}, {7}},
@@ -140,10 +135,8 @@ TEST(wordsInRange, EachRangeChoosesItsWords) {
         {"whole dictionary", {RangeKind::All, 0, 0}, span(0, 9)},
         {"pages lay out every word", {RangeKind::Pages, 2, 3}, span(0, 9)},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        EXPECT_EQ(wordsInRange(c.range, store), c.words);
-    }
+    for (const auto& [name, range, words] : cases)
+        EXPECT_EQ(wordsInRange(range, store), words) << name;
     // Nothing to print from an empty dictionary, nor a current word outside the dictionary.
     for (RangeKind k : {RangeKind::CurrentWord, RangeKind::Words, RangeKind::Pages, RangeKind::All})
         EXPECT_TRUE(wordsInRange({k, 0, 0}, DictionaryStore{}).empty());
@@ -152,19 +145,17 @@ TEST(wordsInRange, EachRangeChoosesItsWords) {
 }
 
 TEST(pagesInRange, PagesFromToAreClampedOtherRangesPrintAll) {
-    struct Case {
-        PrintRange range;
-        int count;
-        std::pair<int, int> pages;
-    };
-    const Case cases[] = {
+    const std::tuple<PrintRange, int, std::pair<int, int>> cases[] = {
+        // range, pages laid out, first and last page printed (from 0)
         {{RangeKind::Pages, 2, 3}, 5, {1, 2}},  {{RangeKind::Pages, 3, 2}, 5, {1, 2}},
         {{RangeKind::Pages, 4, 99}, 5, {3, 4}}, {{RangeKind::Pages, 0, 1}, 5, {0, 0}},
         {{RangeKind::Pages, 9, 12}, 5, {4, 4}}, {{RangeKind::All, 2, 3}, 5, {0, 4}},
         {{RangeKind::Words, 2, 3}, 5, {0, 4}},  {{RangeKind::CurrentWord, 0, 0}, 1, {0, 0}},
         {{RangeKind::Pages, 1, 1}, 0, {0, -1}},
     };
-    for (const Case& c : cases) EXPECT_EQ(pagesInRange(c.range, c.count), c.pages);
+    for (const auto& [range, count, pages] : cases)
+        EXPECT_EQ(pagesInRange(range, count), pages)
+            << range.from << "-" << range.to << " of " << count;
 }
 
 TEST(framePage, MarginsBandsAndColumnsShareThePaper) {

@@ -23,11 +23,7 @@ inline const std::vector<Sign> PrintSigns = {{"A1", 28, 40},  {"G17", 34, 40}, {
 
 // A word of the test dictionary: meanings are unique words that pdftotext can find.
 struct TestWord {
-    const char* layout;
-    const char* gardiner;
-    const char* translit;
-    const char* meaning;
-    const char* comment;
+    const char *layout, *gardiner, *translit, *meaning, *comment;
 };
 inline const TestWord Words[] = {
     {"G17(0,0) - M17(510,0) ", "G17-M17", "mi", "likewise", "preposition"},
