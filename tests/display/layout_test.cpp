@@ -6,10 +6,7 @@
 using namespace nebkaro;
 
 namespace {
-struct Slot {
-    std::string code;
-    double x, y;
-};
+using Slot = std::tuple<std::string, double, double>;
 // The signs a layout string places, or the number of the error it raises.
 std::vector<Slot> parse(const std::string& s, int* error = nullptr) {
     GlyphTable t;
@@ -21,7 +18,7 @@ std::vector<Slot> parse(const std::string& s, int* error = nullptr) {
     }
     std::vector<Slot> out;
     for (const auto& g : t.cells)
-        if (g.used()) out.push_back({*g.code, g.x, g.y});
+        if (g.used()) out.emplace_back(*g.code, g.x, g.y);
     return out;
 }
 } // namespace
@@ -52,17 +49,11 @@ TEST(parseLayout, ReadsEntriesWithTheirPositionsOrRaisesTheirErrors) {
         {"A1(1e0777777777777,0) ", {}, Overflow}, // found by fuzzing: beyond a double
     };
     for (const auto& c : cases) {
-        const std::string name = c.layout.substr(0, 40);
         int error = 0;
-        auto got = parse(c.layout, &error);
-        EXPECT_EQ(error, c.error) << name;
+        const auto got = parse(c.layout, &error);
+        EXPECT_EQ(error, c.error) << c.layout.substr(0, 40);
         if (c.error) continue;
-        ASSERT_EQ(got.size(), c.want.size()) << name;
-        for (std::size_t i = 0; i < got.size(); ++i) {
-            EXPECT_EQ(got[i].code, c.want[i].code) << name;
-            EXPECT_EQ(got[i].x, c.want[i].x) << name;
-            EXPECT_EQ(got[i].y, c.want[i].y) << name;
-        }
+        EXPECT_EQ(got, c.want) << c.layout;
     }
 }
 
@@ -76,12 +67,8 @@ TEST(LayoutWriters, ComposerTrimsNumbersMirroringKeepsTheLeadingBlankBothParseBa
     t[2].y = 7.5;
     EXPECT_EQ(composerLayoutString(t), "A1(0,40) - Aa15(-30,7.5) ");
     EXPECT_EQ(mirrorLayoutString(t), "A1( 0, 40) - Aa15(-30, 7.5) ");
-    for (const std::string& s : {composerLayoutString(t), mirrorLayoutString(t)}) {
-        auto back = parse(s);
-        ASSERT_EQ(back.size(), 2u) << s;
-        EXPECT_EQ(back[1].x, -30);
-        EXPECT_EQ(back[1].y, 7.5);
-    }
+    for (const std::string& s : {composerLayoutString(t), mirrorLayoutString(t)})
+        EXPECT_EQ(parse(s), (std::vector<Slot>{{"A1", 0, 40}, {"Aa15", -30, 7.5}})) << s;
     GlyphTable none;
     EXPECT_EQ(composerLayoutString(none), "");
     EXPECT_THROW(mirrorLayoutString(none), RunError);

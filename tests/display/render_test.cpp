@@ -1,7 +1,6 @@
-#include "core/errors.h"
 #include "display/image_export.h"
-#include "display/layout.h"
 #include "display/render.h"
+#include "display/word_view_events.h"
 #include "fakes.h"
 
 #include <gtest/gtest.h>
@@ -30,172 +29,115 @@ struct RenderTest : ::testing::Test {
 };
 } // namespace
 
-TEST_F(RenderTest, CentresTheGroupInTheDisplayArea) {
-    word(0, "L", "A1(0,60) - G17(300,0) ");
+// The signs come from the word's library and direction folders, anything but "L" and "B"
+// being the other ones; a missing picture is an empty square, named for the status bar.
+TEST_F(RenderTest, PicturesComeFromTheWordsFoldersAndMissingOnesAreNamed) {
+    word(0, "x", "A1(0,0) - Q99(300,0) ", "b");
     renderWord(t.app);
     const WordView& v = t.app.view;
-    EXPECT_EQ(v.rightEdge, 720);
-    EXPECT_EQ(v.bottomEdge, 600);
-    const Rect a = v.geometry.displayArea;
-    const int cx = a.left + a.width / 2, cy = a.top + a.height / 2;
-    EXPECT_EQ(v.mainGlyphPic[0].left, cx - 360);
-    EXPECT_EQ(v.mainGlyphPic[0].top, cy - 300 + 60);
-    EXPECT_EQ(v.mainGlyphPic[1].left, cx - 360 + 300);
-    EXPECT_TRUE(v.mainGlyphPic[1].visible);
-    EXPECT_FALSE(v.mainGlyphPic[2].visible);
-    EXPECT_EQ(v.mainGlyphPic[0].picture.file, "/pictures/Basic/Left/A1.GIF");
-    // Anything but "L" and "B" is the other direction and library.
-    word(0, "x", "A1(0,0) ", "b");
-    renderWord(t.app);
     EXPECT_EQ(v.mainGlyphPic[0].picture.file, "/pictures/Extended/Right/A1.GIF");
-    EXPECT_EQ(v.meaning, "m");
-    EXPECT_EQ(v.wordNumber, "0");
+    EXPECT_TRUE(v.mainGlyphPic[1].visible);
+    EXPECT_FALSE(v.mainGlyphPic[1].picture.ok);
+    EXPECT_EQ(v.mainGlyphPic[1].picture.width, 612);
+    EXPECT_EQ(v.missingPictures, std::vector<std::string>{"/pictures/Extended/Right/Q99.GIF"});
 }
 
-// Without a word to show (the only word deleted, a header-only file) the view is empty:
-// another word left on show would be taken for the word commands act on.
-TEST_F(RenderTest, NothingToShowEmptiesTheView) {
-    // The only word deleted; a header-only file.
-    for (const auto& [last, current] : {std::pair{-1, -1}, std::pair{-1, 0}}) {
+// Without a word to show (the only word deleted, a header-only file), or with one whose layout
+// cannot be drawn, the previous word's signs and texts are never left on show: they would be
+// taken for the word commands act on. A broken layout shows the word's own texts and says why.
+TEST_F(RenderTest, NoWordOrABrokenLayoutLeavesNothingOfThePreviousWord) {
+    struct Case {
+        int last, current;
+        const char* layout; // of word 1
+    } cases[] = {{-1, -1, ""},       {-1, 0, ""},        {1, 1, "A1(0,0"},
+                 {1, 1, "A1(0 0) "}, {1, 1, "A1(x,0) "}, {1, 1, "A1(40000,0) "}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.layout);
         word(0, "L", "A1(0,0) ");
+        word(1, "L", c.layout);
         t.app.store.currentIndex = 0;
         renderWord(t.app);
-        t.app.store.lastIndex = last;
-        t.app.store.currentIndex = current;
+        t.app.store.lastIndex = c.last;
+        t.app.store.currentIndex = c.current;
         renderWord(t.app);
-        EXPECT_EQ(t.app.view.meaning, "");
-        EXPECT_EQ(t.app.view.richGardiner, "");
-        EXPECT_FALSE(t.app.view.mainGlyphPic[0].visible);
+        const WordView& v = t.app.view;
+        EXPECT_FALSE(v.mainGlyphPic[0].visible);
+        EXPECT_EQ(v.richGardiner, c.layout);
+        EXPECT_EQ(v.meaning, c.last < 0 ? "" : "m");
+        if (c.last < 0) continue;
+        EXPECT_EQ(v.wordNumber, "1");
+        EXPECT_NE(v.drawProblem.find("word 1"), std::string::npos);
     }
 }
 
-// A layout that cannot be drawn leaves an empty picture under the word's own texts, and the
-// status bar says why; the previous word's signs and texts are never left on show.
-TEST_F(RenderTest, AWordThatCannotBeDrawnShowsItsOwnTexts) {
-    for (const char* layout : {"A1(0,0", "A1(0 0) ", "A1(x,0) ", "A1(40000,0) "}) {
-        SCOPED_TRACE(layout);
-        word(0, "L", "A1(0,0) ");
-        t.app.store.lastIndex = 1;
-        t.app.store.currentIndex = 0;
-        renderWord(t.app);
-        word(1, "L", layout);
-        t.app.store.currentIndex = 1;
-        renderWord(t.app);
-        EXPECT_EQ(t.app.view.richGardiner, layout);
-        EXPECT_EQ(t.app.view.wordNumber, "1");
-        EXPECT_FALSE(t.app.view.mainGlyphPic[0].visible);
-        EXPECT_NE(t.app.view.drawProblem.find("word 1"), std::string::npos);
-    }
-}
-
-TEST_F(RenderTest, MissingPicturesAreEmptySquaresAndNamed) {
-    word(0, "L", "A1(0,0) - Q99(300,0) ");
-    renderWord(t.app);
-    EXPECT_TRUE(t.app.view.mainGlyphPic[1].visible);
-    EXPECT_FALSE(t.app.view.mainGlyphPic[1].picture.ok);
-    EXPECT_EQ(t.app.view.mainGlyphPic[1].picture.width, 612);
-    ASSERT_EQ(t.app.view.missingPictures.size(), 1u);
-    EXPECT_EQ(t.app.view.missingPictures[0], "/pictures/Basic/Left/Q99.GIF");
-}
-
-TEST_F(RenderTest, WordPictureHasA32TwipMarginAndSlotOrder) {
-    word(0, "L", "A1(0,60) - G17(300,0) ");
-    renderWord(t.app);
-    const WordPicture& p = t.app.view.picture;
-    EXPECT_EQ(p.width, 720 + 64);
-    EXPECT_EQ(p.height, 600 + 64);
-    ASSERT_EQ(p.pictures.size(), 2u);
-    EXPECT_EQ(p.pictures[0].x, 32);
-    EXPECT_EQ(p.pictures[0].y, 92);
-    EXPECT_EQ(p.pictures[1].x, 332);
-    word(0, "L", "");
-    renderWord(t.app);
-    EXPECT_EQ(t.app.view.picture.width, 64);
-    EXPECT_EQ(t.app.view.picture.height, 64);
-    EXPECT_TRUE(t.app.view.picture.pictures.empty());
-}
-
+// Turning a word mirrors its signs about the middle of the group and stores it; turning it
+// back gives its first layout again. Which words each mode turns is for the flip-all tests.
 TEST_F(RenderTest, SetDirectionMirrorsAndStores) {
-    // A1 is 300 wide, G17 420: R = Int(300 + 420/2) = 510 after G17 (300+420 > 300).
     word(0, "L", "A1(0,60) - G17(300,0) ");
-    renderWord(t.app);
-    setDirection(t.app, FlipMode::Invert);
-    EXPECT_EQ(t.app.store.field(0, FieldDirection), "R");
-    // X: 510-(0+300)=210, 510-(300+420)=-210 -> m=-210 -> 420, 0
-    EXPECT_EQ(t.app.store.field(0, FieldLayout), "A1( 420, 60) - G17( 0, 0) ");
-    EXPECT_EQ(stores, 1);
-    // Flipping back returns to "L" but not necessarily to the first X values.
-    renderWord(t.app);
-    setDirection(t.app, FlipMode::Invert);
-    EXPECT_EQ(t.app.store.field(0, FieldDirection), "L");
-    EXPECT_EQ(t.app.store.field(0, FieldLayout), "A1( 0, 60) - G17( 300, 0) ");
-}
-
-TEST_F(RenderTest, SetDirectionTurnsOnlyAWordFacingTheOtherWay) {
-    const struct {
-        const char* from;
-        FlipMode mode;
-        const char* to;
-    } cases[] = {
-        {"L", FlipMode::Left, "L"},  {"R", FlipMode::Right, "R"},  {"R", FlipMode::Left, "L"},
-        {"L", FlipMode::Right, "R"}, {"L", FlipMode::Invert, "R"}, {"R", FlipMode::Invert, "L"},
-    };
-    int turned = 0;
-    for (const auto& c : cases) {
-        word(0, c.from, "A1(0,0) ");
+    // A1 is 300 wide, G17 420: X 0 and 300 become 510-(0+300)=210 and 510-(300+420)=-210,
+    // then both move right by 210.
+    const std::pair<const char*, const char*> turns[] = {{"R", "A1( 420, 60) - G17( 0, 0) "},
+                                                         {"L", "A1( 0, 60) - G17( 300, 0) "}};
+    for (auto [direction, layout] : turns) {
         renderWord(t.app);
-        setDirection(t.app, c.mode);
-        EXPECT_EQ(t.app.store.field(0, FieldDirection), c.to) << c.from;
-        if (std::string(c.from) != c.to)
-            ++turned;
-        else
-            EXPECT_EQ(t.app.store.field(0, FieldLayout), "A1(0,0) ") << c.from;
+        setDirection(t.app, FlipMode::Invert);
+        EXPECT_EQ(t.app.store.field(0, FieldDirection), direction);
+        EXPECT_EQ(t.app.store.field(0, FieldLayout), layout);
     }
-    EXPECT_EQ(stores, turned);
-}
-
-TEST_F(RenderTest, FlippingAWordWithoutSignsFails) {
-    word(0, "L", "");
     renderWord(t.app);
-    EXPECT_THROW(setDirection(t.app, FlipMode::Invert), RunError);
+    setDirection(t.app, FlipMode::Left); // already facing left: left alone
+    EXPECT_EQ(stores, 2);
 }
 
-TEST(ImageExport, NameFolderAndFormatOfASavedPicture) {
-    const std::pair<const char*, const char*> names[] = {{"A1:D21*X1", "A1-D21-X1"},
-                                                         {"::**", "----"},
-                                                         {"N35 - D21", "N35 - D21"},
-                                                         {"A1/B2?", "A1/B2?"}};
-    for (auto [gardiner, name] : names) EXPECT_EQ(proposedImageName(gardiner), name);
+// Drawing the word changed the boxes' texts, so textChanged is set when the user arrives.
+// Typing and leaving marks the word edited; entering and leaving does so only for the
+// transliteration, which does not forget the change on entry.
+TEST(WordViewEvents, LeavingABoxMarksTheWordEditedWhenItWasTypedInto) {
     TestApp t;
-    t.app.home = "/prog";
-    t.app.view.gardiner = "G17*X1";
-    EXPECT_EQ(proposedImagePath(t.app), std::filesystem::path("/prog/Images/G17-X1"));
-    const std::pair<const char*, ImageFormat> formats[] = {
-        {"a.BMP", ImageFormat::Bmp}, {"a.PnG", ImageFormat::Png}, {"a.svg", ImageFormat::Svg},
-        {"a", ImageFormat::Bmp},     {"a.gif", ImageFormat::Bmp}, {"dir.png/a", ImageFormat::Bmp},
+    t.pictures.sizes = {{"A1", {300, 540}}};
+    t.app.store.setRow(0, {"L", "B", "A1(0,0) ", "A1", "i", "reed", ""});
+    renderWord(t.app);
+    const std::tuple<TextBox, bool, bool> cases[] = {
+        {TextBox::Gardiner, true, true},   {TextBox::TransLit, true, true},
+        {TextBox::Meaning, true, true},    {TextBox::Comment, true, true},
+        {TextBox::Gardiner, false, false}, {TextBox::Meaning, false, false},
+        {TextBox::Comment, false, false},  {TextBox::TransLit, false, true},
     };
-    for (auto [file, format] : formats) EXPECT_EQ(imageFormatFor(file), format) << file;
+    for (auto [box, typed, edited] : cases) {
+        SCOPED_TRACE(static_cast<int>(box));
+        t.app.store.editPending = false;
+        t.app.view.textChanged = true;
+        textBoxGotFocus(t.app, box);
+        if (typed) textBoxChanged(t.app, box, "typed");
+        textBoxLostFocus(t.app, box);
+        EXPECT_EQ(t.app.store.editPending, edited);
+        // Only the transliteration reads scholarly letters as its plain ones.
+        textBoxChanged(t.app, box, "ḥtp");
+        EXPECT_EQ(textOf(t.app.view, box), box == TextBox::TransLit ? "Htp" : "ḥtp");
+    }
 }
 
-TEST(ImageExport, SaveImageSaysInTheStatusBarHowItWent) {
-    struct StatusWindows : WindowHost {
-        std::vector<std::string> shown;
-        void showStatus(const std::string& text) override { shown.push_back(text); }
-    };
+// Save Image proposes the Gardiner notation as the name, writes the format the extension
+// names whatever its case, and says in the status bar how it went.
+TEST(ImageExport, SaveImageWritesTheChosenFormatAndSaysHowItWent) {
     const struct {
         std::optional<std::filesystem::path> chosen;
         bool written;
+        ImageFormat format;
         const char* status; // nullptr: nothing written, nothing said
     } cases[] = {
-        {std::nullopt, true, nullptr},
-        {std::filesystem::path(), true, nullptr},
-        {"/pics/a.PNG", true, "Picture saved: /pics/a.PNG"},
-        {"/pics/a.svg", false, "The picture could not be saved: /pics/a.svg"},
+        {std::nullopt, true, ImageFormat::Bmp, nullptr},
+        {std::filesystem::path(), true, ImageFormat::Bmp, nullptr},
+        {"/p/a.PnG", true, ImageFormat::Png, "Picture saved: /p/a.PnG"},
+        {"/p/a.svg", false, ImageFormat::Svg, "The picture could not be saved: /p/a.svg"},
+        {"/p/dir.png/a", true, ImageFormat::Bmp, "Picture saved: /p/dir.png/a"},
     };
     for (const auto& c : cases) {
         TestApp t;
-        StatusWindows windows;
+        ScriptedWindows windows;
         t.app.windows = &windows;
+        t.app.home = "/prog";
+        t.app.view.gardiner = "G17*X1:N35";
         t.dialogs.files.push_back(c.chosen);
         std::vector<ImageFormat> writes;
         saveWordImage(t.app, [&](const std::filesystem::path& file, ImageFormat format) {
@@ -203,10 +145,12 @@ TEST(ImageExport, SaveImageSaysInTheStatusBarHowItWent) {
             writes.push_back(format);
             return c.written;
         });
-        EXPECT_EQ(windows.shown.size(), c.status ? 1u : 0u);
-        if (c.status) {
-            EXPECT_EQ(windows.shown.front(), c.status);
-            EXPECT_EQ(writes, std::vector<ImageFormat>{imageFormatFor(*c.chosen)});
+        EXPECT_EQ(t.dialogs.prompts.at(0).text, "/prog/Images/G17-X1-N35");
+        if (!c.status) {
+            EXPECT_TRUE(windows.status.empty() && writes.empty());
+            continue;
         }
+        EXPECT_EQ(windows.status, std::vector<std::string>{c.status});
+        EXPECT_EQ(writes, std::vector{c.format});
     }
 }

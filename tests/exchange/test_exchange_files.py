@@ -1,5 +1,5 @@
 """The exported files as other tools read them: the TSV through Python's csv module, the
-Anki package as a zip with an SQLite collection, and MdC lines imported back unchanged."""
+Anki package as a zip with an SQLite collection, the HTML page."""
 
 import csv
 import io
@@ -52,16 +52,6 @@ class ExportedFiles(unittest.TestCase):
             self.assertTrue(all(0x13000 <= ord(c) <= 0x1343F for c in row[0]), row[0])
             # Scholarly letters: no plain letter that has a scholarly form is left.
             self.assertFalse(set(row[1]) & set("AaiHxXqSTD"), row[1])
-
-    def test_mdc_lines_import_back_to_the_same_lines(self):
-        run("export", STARTER, "--format", "mdc", "-o", self.path("a.txt"))
-        with open(self.path("empty.nkd"), "w", newline="") as f:
-            f.write('"","","","","","",""\r\n')
-        p = run("import", self.path("empty.nkd"), self.path("a.txt"), "-o", self.path("b.nkd"))
-        self.assertIn(f"{len(starter_words())} words were added.", p.stderr)
-        run("export", self.path("b.nkd"), "--format", "mdc", "-o", self.path("b.txt"))
-        with open(self.path("a.txt"), "rb") as a, open(self.path("b.txt"), "rb") as b:
-            self.assertEqual(a.read(), b.read())
 
     def test_apkg_is_a_collection_with_a_note_and_two_cards_per_word(self):
         run("export", STARTER, "--format", "apkg", "--time", "1700000000000", "-o",

@@ -7,34 +7,6 @@ using namespace nebkaro;
 using namespace nebkaro::print;
 using namespace nebkaro::testing;
 
-TEST(PrintQueue, StatusSaysHowManyWordsWait) {
-    const std::pair<int, const char*> cases[] = {
-        {0, ""},
-        {1, "1 word waits to be printed (Form Feed prints the page)"},
-        {2, "2 words wait to be printed (Form Feed prints the page)"},
-    };
-    for (auto [n, text] : cases) EXPECT_EQ(waitingStatusText(n), text);
-}
-
-TEST(PrintQueue, WordsWaitAsTheyWereAddedAndSheetsCountOn) {
-    PrintQueue q;
-    EXPECT_EQ(q.sheetNumber(), 1);
-    WordRecord w{"L", "B", "A1(0,0) ", "A1", "iw", "is", ""};
-    q.add({3, w});
-    w[FieldMeaning] = "changed afterwards";
-    q.add({5, w});
-    ASSERT_EQ(q.waiting(), 2);
-    EXPECT_EQ(q.words()[0].index, 3);
-    EXPECT_EQ(q.words()[0].record[FieldMeaning], "is");
-    q.sheetPrinted();
-    EXPECT_EQ(q.waiting(), 0);
-    EXPECT_EQ(q.sheetNumber(), 2);
-    q.add({1, w});
-    q.discard();
-    EXPECT_EQ(q.waiting(), 0);
-    EXPECT_EQ(q.sheetNumber(), 2); // nothing was printed
-}
-
 TEST(PrintQueue, TheSheetGoesOutOnlyWhenTheNextWordWouldNotFit) {
     struct Case {
         const char* name;
@@ -55,28 +27,22 @@ TEST(PrintQueue, TheSheetGoesOutOnlyWhenTheNextWordWouldNotFit) {
         EXPECT_EQ(sheetFullWith(c.heights, c.columns, 1000, 100), c.full) << c.name;
 }
 
+// The status line and the question on quitting count the waiting words.
 TEST(PrintQueue, QuittingAsksOnlyWhenWordsWait) {
-    struct Case {
-        int waiting;
-        std::optional<Answer> answer;
-        WaitingWordsChoice choice;
+    const std::tuple<int, std::optional<Answer>, WaitingWordsChoice, const char*> cases[] = {
+        {0, std::nullopt, WaitingWordsChoice::NothingWaiting, ""},
+        {1, Answer::Yes, WaitingWordsChoice::Print, "1 word waits"},
+        {3, Answer::No, WaitingWordsChoice::Discard, "3 words wait"},
+        {3, Answer::Cancel, WaitingWordsChoice::Cancel, "3 words wait"},
     };
-    const Case cases[] = {
-        {0, std::nullopt, WaitingWordsChoice::NothingWaiting},
-        {1, Answer::Yes, WaitingWordsChoice::Print},
-        {3, Answer::No, WaitingWordsChoice::Discard},
-        {3, Answer::Cancel, WaitingWordsChoice::Cancel},
-    };
-    for (const Case& c : cases) {
+    for (const auto& [waiting, answer, choice, words] : cases) {
         ScriptedDialogs d;
-        if (c.answer) d.answers.push_back(*c.answer);
-        EXPECT_EQ(askAboutWaitingWords(d, c.waiting), c.choice);
-        if (!c.answer) {
-            EXPECT_TRUE(d.prompts.empty());
-            continue;
-        }
-        ASSERT_EQ(d.prompts.size(), 1u);
-        EXPECT_EQ(d.prompts[0].buttons, Buttons::YesNoCancel);
+        if (answer) d.answers.push_back(*answer);
+        EXPECT_EQ(askAboutWaitingWords(d, waiting), choice);
+        EXPECT_EQ(waitingStatusText(waiting),
+                  answer ? std::string(words) + " to be printed (Form Feed prints the page)" : "");
+        EXPECT_EQ(d.prompts.size(), answer ? 1u : 0u);
+        for (const auto& prompt : d.prompts) EXPECT_EQ(prompt.buttons, Buttons::YesNoCancel);
     }
     EXPECT_EQ(waitingWordsQuestion(1), "1 word waits to be printed on the page being collected.\n"
                                        "Do you want to print it before quitting?");
