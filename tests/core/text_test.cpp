@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 
 using namespace nebkaro;
@@ -37,32 +36,24 @@ TEST(ToInt16, RoundsHalvesToEvenAndOverflowsOutsideSixteenBits) {
     }
 }
 
-TEST(ToNumber, RejectsTextThatIsNotANumber) {
-    EXPECT_EQ(text::toLong(" 5 "), 5);
-    EXPECT_EQ(text::toLong("-1"), -1);
+// Whole numbers read as strtod reads them, sign of a zero and all; anything else is refused.
+TEST(ToNumber, ReadsWholeNumbersAsStrtodAndRefusesTheRest) {
     for (const char* s : {"", "abc", "5x", "--1", " "}) {
         try {
             text::toNumber(s);
             ADD_FAILURE() << s;
         } catch (const RunError& e) {
-            EXPECT_EQ(e.number(), TypeMismatch);
+            EXPECT_EQ(e.number(), TypeMismatch) << s;
         }
     }
     EXPECT_THROW(text::toNumber("1e999"), RunError); // beyond a double
-}
-
-TEST(ToNumber, WholeNumbersReadAsStrtodReadsThem) {
+    EXPECT_EQ(text::toLong(" 5 "), 5);
     for (const char* s :
          {"0", "-0", "+0", "007", "-12", "+12", "999999999999999", "-999999999999999",
           "9999999999999999", "123456789012345678", "1.0", "5 "}) {
         const double want = std::strtod(s, nullptr), got = text::toNumber(s);
         EXPECT_EQ(got, want) << s;
         EXPECT_EQ(std::signbit(got), std::signbit(want)) << s;
-    }
-    for (double v : {1.0, -1.0, 999999999999999.0, -999999999999999.0, 1e15, 4503599627370497.0}) {
-        char buf[64];
-        std::snprintf(buf, sizeof buf, std::fabs(v) < 1e15 ? "%.0f" : "%.15g", v);
-        EXPECT_EQ(text::plainNumber(v), buf) << v;
     }
 }
 
