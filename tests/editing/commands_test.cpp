@@ -48,7 +48,7 @@ TEST_F(EditingTest, CommandsOfWindowsRunOnlyOnceProvided) {
 }
 
 TEST_F(EditingTest, FailuresStopAtTheCommandBoundary) {
-    struct Case {
+    const struct {
         std::function<void()> fail;
         std::string text;
         Icon icon;
@@ -61,7 +61,7 @@ TEST_F(EditingTest, FailuresStopAtTheCommandBoundary) {
         {[] { throw std::length_error("too long"); },
          "The command could not be completed: too long", Icon::Critical, false},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         t.dialogs.prompts.clear();
         app.endRequested = false;
         app.commands.provide(CommandId::Options, [&c](App&) { c.fail(); });
@@ -73,27 +73,23 @@ TEST_F(EditingTest, FailuresStopAtTheCommandBoundary) {
     }
 }
 
+// Each row: the item, the direction it leaves on a right-to-left word, whether it edited it.
 TEST_F(EditingTest, OnlyTheLeftDirectionItemMarksTheWordEdited) {
-    struct Case {
-        CommandId command;
-        const char* direction;
-        bool edited;
-    } cases[] = {
+    const std::tuple<CommandId, std::string, bool> cases[] = {
         {CommandId::DirectionLeft, "L", true},
         {CommandId::DirectionRight, "R", false},
         {CommandId::DirectionInvert, "L", false},
-        {CommandId::FlipWord, "L", false},
-    };
-    for (const Case& c : cases) {
+        {CommandId::FlipWord, "L", false}};
+    for (const auto& [command, direction, edited] : cases) {
         words(1);
         app.store.setField(0, FieldDirection, "R");
-        renderWord(app);
+        show(0);
         app.store.editPending = false;
-        executeCommand(app, c.command);
-        EXPECT_EQ(app.store.field(0, FieldDirection), c.direction);
-        EXPECT_EQ(app.store.editPending, c.edited);
+        executeCommand(app, command);
+        EXPECT_EQ(app.store.field(0, FieldDirection), direction);
+        EXPECT_EQ(app.store.editPending, edited);
         EXPECT_EQ(app.view.mainGlyphPic[0].picture.file.parent_path().filename(),
-                  c.direction == std::string("L") ? "Left" : "Right");
+                  direction == "L" ? "Left" : "Right");
     }
 }
 

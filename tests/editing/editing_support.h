@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 namespace nebkaro::testing {
 
@@ -16,8 +17,7 @@ struct ScriptedComposer : WindowHost {
     App* app = nullptr;
     bool accept = true;
     int runs = 0;
-    bool openedForNew = false;
-    bool openedForEdit = false;
+    bool openedForNew = false, openedForEdit = false;
 
     void runComposer() override {
         ++runs;
@@ -33,6 +33,9 @@ struct ScriptedComposer : WindowHost {
         app->store.composeAccepted = true;
     }
 };
+
+// The last word, the word on show and whether the dictionary changed.
+using Where = std::tuple<int, int, bool>;
 
 struct EditingTest : ::testing::Test {
     TestApp t;
@@ -54,9 +57,8 @@ struct EditingTest : ::testing::Test {
             app.store.setRow(i, {"L", "B", "N35(0,0) ", "N35", "w" + std::to_string(i),
                                  "meaning " + std::to_string(i), ""});
         app.store.lastIndex = n - 1;
-        app.store.currentIndex = 0;
         app.store.isChanged = false;
-        renderWord(app);
+        show(0);
     }
 
     // The word at index on show, as every move leaves it.
@@ -65,8 +67,10 @@ struct EditingTest : ::testing::Test {
         renderWord(app);
     }
 
+    Where where() const {
+        return {app.store.lastIndex, app.store.currentIndex, app.store.isChanged};
+    }
     std::string translit(int row) const { return app.store.field(row, FieldTranslit); }
-    std::vector<std::string> prompts() const { return t.dialogs.messages(); }
 };
 
 } // namespace nebkaro::testing

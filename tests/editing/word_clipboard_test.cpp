@@ -11,12 +11,10 @@ TEST_F(EditingTest, CopyThenPasteLeavesTwoEqualWordsTheSecondCurrent) {
     copyWord(app);
     EXPECT_EQ(t.clipboard.content, "L|B|N35(0,0) |N35|w1|meaning 1|");
     pasteWord(app);
-    EXPECT_EQ(app.store.lastIndex, 3);
-    EXPECT_EQ(app.store.currentIndex, 2);
+    EXPECT_EQ(where(), Where(3, 2, true));
     EXPECT_EQ(app.store.row(1), app.store.row(2));
     EXPECT_EQ(translit(3), "w2");
     EXPECT_EQ(app.view.wordNumber, "2");
-    EXPECT_TRUE(app.store.isChanged);
 }
 
 // Cutting the last word shows the new last word; any other, the one that moved up.
@@ -28,8 +26,7 @@ TEST_F(EditingTest, CutDeletesWithoutAsking) {
         EXPECT_TRUE(t.dialogs.prompts.empty());
         EXPECT_EQ(t.clipboard.content, "L|B|N35(0,0) |N35|w" + std::to_string(from) + "|meaning " +
                                            std::to_string(from) + "|");
-        EXPECT_EQ(app.store.lastIndex, 2);
-        EXPECT_EQ(app.store.currentIndex, current);
+        EXPECT_EQ(where(), Where(2, current, true));
         EXPECT_EQ(app.view.transliteration, "w2");
     }
     // After the Cut, Delete asks again.
@@ -44,17 +41,15 @@ TEST_F(EditingTest, AnInvalidItemIsRefusedAfterTheRowWasInserted) {
     for (const char* text : {"hello", "r|B|x|x|x|x|x", "|L|B"}) {
         SCOPED_TRACE(text);
         t.dialogs.prompts.clear();
-        const int last = app.store.lastIndex, current = app.store.currentIndex;
+        const auto [last, current, changed] = where();
         t.clipboard.content = text;
         pasteWord(app);
-        ASSERT_EQ(t.dialogs.prompts.size(), 1u);
-        EXPECT_EQ(t.dialogs.prompts[0].text, "Invalid Paste Item");
-        EXPECT_EQ(app.store.lastIndex, last + 1);
-        EXPECT_EQ(app.store.currentIndex, current + 1);
+        EXPECT_EQ(t.dialogs.messages(), std::vector<std::string>{"Invalid Paste Item"});
+        // The copy is on show, and part of the dictionary now.
+        EXPECT_EQ(where(), Where(last + 1, current + 1, true));
         EXPECT_EQ(app.store.row(current + 1), app.store.row(current));
-        EXPECT_EQ(app.view.wordNumber, std::to_string(current + 1)); // the copy is on show
+        EXPECT_EQ(app.view.wordNumber, std::to_string(current + 1));
     }
-    EXPECT_TRUE(app.store.isChanged); // the copy is part of the dictionary now
 }
 
 TEST_F(EditingTest, APastedItemFillsTheRowAfterTheWordOnShow) {
@@ -78,8 +73,7 @@ TEST_F(EditingTest, APastedItemFillsTheRowAfterTheWordOnShow) {
         t.clipboard.content = c.item;
         pasteWord(app);
         EXPECT_EQ(app.store.row(c.row), c.expected);
-        EXPECT_EQ(app.store.currentIndex, c.row);
-        EXPECT_EQ(app.store.lastIndex, c.cutFirst ? 0 : c.count);
+        EXPECT_EQ(where(), Where(c.cutFirst ? 0 : c.count, c.row, true));
         if (c.row < c.count && !c.cutFirst) {
             EXPECT_EQ(translit(c.row + 1), "w1"); // the later words move down
         }
@@ -95,10 +89,8 @@ TEST_F(EditingTest, NoRowCanBeOpenedInAFullDictionary) {
     EXPECT_TRUE(executeCommand(app, CommandId::DuplicateWord));
     newWord(app);
     EXPECT_FALSE(storeCurrentWord(app));
-    EXPECT_EQ(prompts(), std::vector<std::string>(3, StoreFull().what()));
+    EXPECT_EQ(t.dialogs.messages(), std::vector<std::string>(3, StoreFull().what()));
     EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Exclamation);
-    EXPECT_EQ(app.store.lastIndex, DictionaryStore::MaxWordIndex);
-    EXPECT_EQ(app.store.currentIndex, 0);
+    EXPECT_EQ(where(), Where(DictionaryStore::MaxWordIndex, 0, false));
     EXPECT_TRUE(app.store.newWordPending);
-    EXPECT_FALSE(app.store.isChanged);
 }

@@ -15,8 +15,8 @@ WordRecord composed(const std::string& translit = "", const std::string& meaning
 
 } // namespace
 
+// An empty dictionary has its word 0 waiting; otherwise the word goes after the last.
 TEST_F(EditingTest, NewThenStorePutsTheWordIntoTheNextRow) {
-    // An empty dictionary has its word 0 waiting; otherwise the word goes after the last.
     for (const int count : {0, 3}) {
         SCOPED_TRACE(count);
         words(count);
@@ -26,13 +26,9 @@ TEST_F(EditingTest, NewThenStorePutsTheWordIntoTheNextRow) {
         EXPECT_EQ(app.view.wordNumber, std::to_string(app.store.lastIndex + 1));
         app.view.transliteration = "jAb";
         EXPECT_TRUE(storeCurrentWord(app));
-        EXPECT_EQ(app.store.lastIndex, count);
-        EXPECT_EQ(app.store.currentIndex, count);
+        EXPECT_EQ(where(), Where(count, count, true));
         EXPECT_EQ(app.store.row(count), composed("jAb"));
-        if (count > 0) {
-            EXPECT_EQ(translit(count - 1), "w2");
-        }
-        EXPECT_TRUE(app.store.isChanged);
+        EXPECT_EQ(translit(std::max(count - 1, 0)), count ? "w2" : "jAb");
         EXPECT_FALSE(app.store.newWordPending || app.store.composeAccepted || app.insertPending);
     }
 }
@@ -45,9 +41,8 @@ TEST_F(EditingTest, AnExistingWordKeepsItsDirectionAndLibraryUnlessExtendedWasCh
         app.extendedChosen = extendedChosen;
         app.view.meaning = "new meaning";
         storeCurrentWord(app);
-        EXPECT_EQ(app.store.field(0, FieldDirection), "L");
-        EXPECT_EQ(app.store.field(0, FieldLibrary), library);
-        EXPECT_EQ(app.store.field(0, FieldMeaning), "new meaning");
+        EXPECT_EQ(app.store.row(0),
+                  (WordRecord{"L", library, "N35(0,0) ", "N35", "w0", "new meaning", ""}));
         EXPECT_EQ(app.store.lastIndex, 1);
     }
 }
@@ -59,7 +54,7 @@ TEST_F(EditingTest, EditReplacesOnlyTheSignsAndKeepsTheTexts) {
     EXPECT_TRUE(composer.openedForEdit && !composer.openedForNew);
     storeCurrentWord(app);
     EXPECT_EQ(app.store.row(1), composed("w1", "meaning 1"));
-    EXPECT_EQ(app.store.lastIndex, 2);
+    EXPECT_EQ(where(), Where(2, 1, true));
     EXPECT_FALSE(app.store.editPending);
 }
 
@@ -68,33 +63,28 @@ TEST_F(EditingTest, DeleteAsksThenMovesTheLaterWordsUp) {
     show(1);
     t.dialogs.answers = {Answer::No, Answer::Yes};
     deleteWord(app);
-    EXPECT_EQ(app.store.lastIndex, 3);
-    EXPECT_FALSE(app.store.isChanged);
+    EXPECT_EQ(where(), Where(3, 1, false));
     deleteWord(app);
     ASSERT_EQ(t.dialogs.prompts.size(), 2u);
     EXPECT_EQ(t.dialogs.prompts[0].text, "Do you want to delete the current item?");
-    EXPECT_EQ(app.store.lastIndex, 2);
-    EXPECT_EQ(app.store.currentIndex, 1);
+    EXPECT_EQ(where(), Where(2, 1, true));
     EXPECT_EQ(translit(2), "w3");
     EXPECT_EQ(translit(3), "w3"); // the old last row stays behind, beyond the dictionary
     EXPECT_EQ(app.view.transliteration, "w2");
-    EXPECT_TRUE(app.store.isChanged);
 }
 
 TEST_F(EditingTest, DeletingTheOnlyWordLeavesNothingOnShow) {
     words(1);
     t.dialogs.answers.push_back(Answer::Yes);
     deleteWord(app);
-    EXPECT_EQ(app.store.lastIndex, -1);
-    EXPECT_EQ(app.store.currentIndex, -1);
+    EXPECT_EQ(where(), Where(-1, -1, true));
     // Saving stores the word on show first: there is none, and nothing breaks.
     EXPECT_TRUE(saveDictionary(app));
     EXPECT_EQ(readFile(app.store.dictionaryPath), "");
     // The next new word becomes word 0 again.
     newWord(app);
     storeCurrentWord(app);
-    EXPECT_EQ(app.store.lastIndex, 0);
-    EXPECT_EQ(app.store.currentIndex, 0);
+    EXPECT_EQ(where(), Where(0, 0, true));
     EXPECT_EQ(app.store.field(0, FieldGardiner), "A1-G17");
 }
 
@@ -125,31 +115,26 @@ TEST_F(EditingTest, CommandsThatNeedAWordOnShowSaySoWhenThereIsNone) {
         }
         EXPECT_EQ(app.store.lastIndex, words - 1);
         EXPECT_EQ(translit(1), words ? "w1" : "");
-        EXPECT_FALSE(app.store.isChanged);
-        EXPECT_FALSE(app.cutPending);
+        EXPECT_FALSE(app.store.isChanged || app.cutPending);
         EXPECT_EQ(composer.runs, 0);
     }
 }
 
-TEST_F(EditingTest, InsertStoresIntoTheCurrentRow) {
+// Insert stores into the row on show; given up, it leaves the next new word a new word.
+TEST_F(EditingTest, InsertStoresIntoTheCurrentRowOrIsForgotten) {
     words(3);
     show(1);
-    insertWord(app);
-    EXPECT_TRUE(app.insertPending);
-    storeCurrentWord(app);
-    EXPECT_EQ(app.store.lastIndex, 2);
-    EXPECT_EQ(app.store.currentIndex, 1);
-    EXPECT_EQ(app.store.row(1), composed());
-    EXPECT_EQ(translit(2), "w2");
-    EXPECT_FALSE(app.insertPending);
-}
-
-TEST_F(EditingTest, AnInsertGivenUpDoesNotTurnTheNextNewWordIntoAReplacement) {
-    words(3);
     composer.accept = false;
     insertWord(app);
     EXPECT_FALSE(app.insertPending);
     composer.accept = true;
+    insertWord(app);
+    EXPECT_TRUE(app.insertPending);
+    storeCurrentWord(app);
+    EXPECT_EQ(where(), Where(2, 1, true));
+    EXPECT_EQ(app.store.row(1), composed());
+    EXPECT_EQ(translit(2), "w2");
+    EXPECT_FALSE(app.insertPending);
     insertWord(app);
     t.dialogs.answers.push_back(Answer::No);
     showNextWord(app);
@@ -157,5 +142,5 @@ TEST_F(EditingTest, AnInsertGivenUpDoesNotTurnTheNextNewWordIntoAReplacement) {
     newWord(app);
     storeCurrentWord(app);
     EXPECT_EQ(app.store.lastIndex, 3);
-    EXPECT_EQ(translit(1), "w1");
+    EXPECT_EQ(translit(2), "w2");
 }
