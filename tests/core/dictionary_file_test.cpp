@@ -19,10 +19,9 @@ const char* kWord2 =
 struct DictionaryFileTest : ::testing::Test {
     TestApp t;
     TempDir dir;
-    int renders = 0;
     int stores = 0;
     void SetUp() override {
-        t.app.renderWord = [this](App&) { ++renders; };
+        t.app.renderWord = [](App&) {};
         t.app.storeWord = [this](App&) { ++stores; };
         t.app.settings.showDictionaryInfo = false;
     }
@@ -37,12 +36,7 @@ struct DictionaryFileTest : ::testing::Test {
 } // namespace
 
 TEST_F(DictionaryFileTest, TheFirstFieldDecidesWhetherThereIsAHeader) {
-    struct Case {
-        std::string text;
-        bool hasHeader;
-        std::string header0;
-        int lastIndex;
-    } cases[] = {
+    const std::tuple<std::string, bool, std::string, int> cases[] = {
         {std::string(kWord1) + kWord2, false, "", 1},
         {std::string("\"My words\",\"me\",\"1 May 2020\",\"\",\"\",\"\",\"\"\r\n") + kWord1, true,
          "My words", 0},
@@ -53,11 +47,11 @@ TEST_F(DictionaryFileTest, TheFirstFieldDecidesWhetherThereIsAHeader) {
         // Only exactly "R" or "L" is a direction: "r" starts a header.
         {std::string("\"r\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n") + kWord1, true, "r", 0},
     };
-    for (const auto& c : cases) {
-        ASSERT_EQ(load("d.nkd", c.text), LoadOutcome::Loaded);
-        EXPECT_EQ(t.app.store.hasHeader, c.hasHeader) << c.text;
-        EXPECT_EQ(t.app.store.header[0], c.header0);
-        EXPECT_EQ(t.app.store.lastIndex, c.lastIndex);
+    for (const auto& [text, hasHeader, header0, lastIndex] : cases) {
+        ASSERT_EQ(load("d.nkd", text), LoadOutcome::Loaded);
+        EXPECT_EQ(t.app.store.hasHeader, hasHeader) << text;
+        EXPECT_EQ(t.app.store.header[0], header0);
+        EXPECT_EQ(t.app.store.lastIndex, lastIndex);
         EXPECT_FALSE(t.app.store.isChanged);
     }
 }
@@ -91,22 +85,17 @@ TEST_F(DictionaryFileTest, WhatTheProgramWritesReadsBackByteIdentical) {
 }
 
 TEST_F(DictionaryFileTest, FilesFromOtherToolsLoad) {
-    struct Case {
-        const char* name;
-        std::string bytes;
-        std::string meaning0;
-    } cases[] = {
+    const std::tuple<const char*, std::string, std::string> cases[] = {
         {"all quoted", "\"L\",\"B\",\"A1(0,0) \",\"A1\",\"i\",\"god, king\",\"c\"\r\n",
          "god, king"},
         {"minimal quoting", "L,B,\"A1(0,0) \",A1,i,\"god, king\",c\r\n", "god, king"},
         {"LF line ends", "L,B,\"A1(0,0) \",A1,i,reed,c\nR,B,\"A1(0,0) \",A1,i,water,c\n", "reed"},
         {"Windows-1252", "L,B,\"A1(0,0) \",A1,i,caf\xE9 cr\xE8me,c\r\n", "café crème"},
     };
-    for (const auto& c : cases) {
-        ASSERT_EQ(load("d.csv", c.bytes), LoadOutcome::Loaded) << c.name;
-        EXPECT_EQ(t.app.store.field(0, FieldMeaning), c.meaning0) << c.name;
-        EXPECT_EQ(t.app.store.field(0, FieldLayout), "A1(0,0) ") << c.name;
-        EXPECT_EQ(t.app.store.field(0, FieldDirection), "L") << c.name;
+    for (const auto& [name, bytes, meaning] : cases) {
+        ASSERT_EQ(load("d.csv", bytes), LoadOutcome::Loaded) << name;
+        EXPECT_EQ(t.app.store.row(0), (WordRecord{"L", "B", "A1(0,0) ", "A1", "i", meaning, "c"}))
+            << name;
     }
 }
 
@@ -114,28 +103,19 @@ TEST_F(DictionaryFileTest, AFailedLoadReportsAndKeepsTheOpenDictionary) {
     ASSERT_EQ(load("good.nkd", std::string(kWord1) + kWord2), LoadOutcome::Loaded);
     std::string tooMany;
     for (int i = 0; i < DictionaryStore::MaxWordIndex + 2; ++i) tooMany += kWord1;
-    const std::pair<const char*, std::string> bad[] = {
-        {"truncated", std::string(kWord1) + "\"L\",\"B\",\"x\""},
-        {"empty", ""},
-        {"100,002 words", tooMany},
-        {"binary", std::string("\0\1\2\3\"", 5)},
-        {"UTF-16", std::string("\xFF\xFE\"\0L\0\"\0,\0", 10)},
-        {"pipe", ""},
-    };
     const auto pipe = dir.path() / "pipe.nkd";
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
-    for (const auto& [what, bytes] : bad) {
+    for (const auto& file :
+         {dir.write("truncated", std::string(kWord1) + "\"L\",\"B\",\"x\""), dir.write("empty", ""),
+          dir.write("100,002 words", tooMany), dir.write("binary", std::string("\0\1\2\3\"", 5)),
+          dir.write("UTF-16", std::string("\xFF\xFE\"\0L\0\"\0,\0", 10)), pipe}) {
         t.dialogs.prompts.clear();
-        if (std::string(what) == "pipe") {
-            t.app.store.dictionaryPath = pipe.string();
-            EXPECT_EQ(loadDictionary(t.app), LoadOutcome::Failed);
-        } else {
-            EXPECT_EQ(load("bad.nkd", bytes), LoadOutcome::Failed) << what;
-        }
-        ASSERT_EQ(t.dialogs.prompts.size(), 1u) << what;
+        t.app.store.dictionaryPath = file.string();
+        EXPECT_EQ(loadDictionary(t.app), LoadOutcome::Failed) << file;
+        ASSERT_EQ(t.dialogs.prompts.size(), 1u) << file;
         EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Critical);
-        EXPECT_EQ(t.app.store.lastIndex, 1) << what;
-        EXPECT_EQ(t.app.store.field(1, FieldMeaning), "remain") << what;
+        EXPECT_EQ(t.app.store.lastIndex, 1) << file;
+        EXPECT_EQ(t.app.store.field(1, FieldMeaning), "remain") << file;
     }
     EXPECT_NE(t.dialogs.prompts[0].text.find("not a regular file"), std::string::npos);
 }

@@ -5,15 +5,6 @@
 
 using namespace nebkaro;
 
-TEST(DictionaryStore, EmptyAndOneWordBothHaveLastIndexZero) {
-    DictionaryStore s;
-    EXPECT_EQ(s.lastIndex, 0);
-    EXPECT_TRUE(s.isEmpty());
-    s.setField(0, FieldGardiner, "A1");
-    EXPECT_EQ(s.lastIndex, 0);
-    EXPECT_FALSE(s.isEmpty());
-}
-
 TEST(DictionaryStore, BoundsAreZeroTo100000AndZeroToSix) {
     DictionaryStore s;
     s.setField(100000, 6, "last");
@@ -26,18 +17,6 @@ TEST(DictionaryStore, BoundsAreZeroTo100000AndZeroToSix) {
             EXPECT_EQ(e.number(), SubscriptOutOfRange);
         }
     }
-}
-
-TEST(DictionaryStore, NewWordGoesToRowZeroOfAnEmptyDictionaryElseAfterTheLast) {
-    DictionaryStore s;
-    EXPECT_EQ(s.takeRowForNewWord(), 0);
-    EXPECT_EQ(s.lastIndex, 0);
-    s.setField(0, FieldGardiner, "A1");
-    EXPECT_EQ(s.takeRowForNewWord(), 1);
-    EXPECT_EQ(s.lastIndex, 1);
-    EXPECT_EQ(s.currentIndex, 1);
-    s.lastIndex = -1; // the only word was deleted
-    EXPECT_EQ(s.takeRowForNewWord(), 0);
 }
 
 TEST(DictionaryStore, The100001stWordFitsAndTheNextIsRefused) {
