@@ -32,21 +32,6 @@ TEST(CommandTables, TheWordClipboardKeysLeaveTheTextBoxesAlone) {
     }
 }
 
-TEST_F(EditingTest, CommandsOfWindowsRunOnlyOnceProvided) {
-    // Not registered at all (the sorts are not part of this library), and declared but
-    // waiting for the settings window.
-    for (const CommandId id : {CommandId::Shuffle, CommandId::Options})
-        EXPECT_FALSE(executeCommand(app, id));
-    int runs = 0;
-    EXPECT_FALSE(app.commands.provide(CommandId::Options, [&runs](App&) { ++runs; }));
-    EXPECT_TRUE(executeCommand(app, CommandId::Options));
-    EXPECT_EQ(runs, 1);
-    EXPECT_TRUE(app.commands.provide(CommandId::Options, nullptr));
-    EXPECT_FALSE(commandAvailable(app, CommandId::Options));
-    // Undo has its code, and is available only with a step to take back.
-    EXPECT_FALSE(commandAvailable(app, CommandId::Undo));
-}
-
 TEST_F(EditingTest, FailuresStopAtTheCommandBoundary) {
     const struct {
         std::function<void()> fail;
