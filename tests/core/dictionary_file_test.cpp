@@ -84,21 +84,6 @@ TEST_F(DictionaryFileTest, WhatTheProgramWritesReadsBackByteIdentical) {
     EXPECT_EQ(stores, 1); // the word on show is stored first
 }
 
-TEST_F(DictionaryFileTest, FilesFromOtherToolsLoad) {
-    const std::tuple<const char*, std::string, std::string> cases[] = {
-        {"all quoted", "\"L\",\"B\",\"A1(0,0) \",\"A1\",\"i\",\"god, king\",\"c\"\r\n",
-         "god, king"},
-        {"minimal quoting", "L,B,\"A1(0,0) \",A1,i,\"god, king\",c\r\n", "god, king"},
-        {"LF line ends", "L,B,\"A1(0,0) \",A1,i,reed,c\nR,B,\"A1(0,0) \",A1,i,water,c\n", "reed"},
-        {"Windows-1252", "L,B,\"A1(0,0) \",A1,i,caf\xE9 cr\xE8me,c\r\n", "café crème"},
-    };
-    for (const auto& [name, bytes, meaning] : cases) {
-        ASSERT_EQ(load("d.csv", bytes), LoadOutcome::Loaded) << name;
-        EXPECT_EQ(t.app.store.row(0), (WordRecord{"L", "B", "A1(0,0) ", "A1", "i", meaning, "c"}))
-            << name;
-    }
-}
-
 TEST_F(DictionaryFileTest, AFailedLoadReportsAndKeepsTheOpenDictionary) {
     ASSERT_EQ(load("good.nkd", std::string(kWord1) + kWord2), LoadOutcome::Loaded);
     std::string tooMany;
