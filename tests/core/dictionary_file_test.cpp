@@ -1,5 +1,6 @@
 #include "core/dictionary_file.h"
 #include "core/errors.h"
+#include "core/field_reader.h"
 #include "core/text.h"
 #include "fakes.h"
 
@@ -172,4 +173,61 @@ TEST_F(DictionaryFileTest, ValuesTheFormatCannotHoldAreFlaggedOnceBeforeWriting)
     EXPECT_EQ(readFile(t.app.store.dictionaryPath), before);
     t.dialogs.answers = {Answer::Yes};
     EXPECT_TRUE(saveDictionary(t.app));
+}
+
+// Each row: the text, its fields, and the line the reader is on after each field (a line
+// break inside quotes counts as one).
+TEST(FieldReader, QuotedBareAndLineEndsSeparateAlike) {
+    const std::tuple<const char*, std::vector<std::string>, std::string> cases[] = {
+        {"\"a\",\"b\"\r\n\"c\"", {"a", "b", "c"}, "122"},
+        {"a,b\nc\nd", {"a", "b", "c", "d"}, "1233"},
+        {"  a  ,  b  \r\n", {"a", "b"}, "12"}, // blanks around bare fields go
+        {"\" a \",b", {" a ", "b"}, "11"},     // blanks inside quotes stay
+        {"\"a\"junk,b", {"a", "b"}, "11"},     // text after the closing quote is skipped
+        {"\"a,b\",c", {"a,b", "c"}, "11"},     // a comma inside quotes is text
+        {"a,,b", {"a", "", "b"}, "111"},       // an empty bare field
+        {"\"\",\"\"", {"", ""}, "11"},         // empty quoted fields
+        {"a\rb", {"a", "b"}, "22"},            // a lone CR ends a line too
+        {"x\r\n\r\n", {"x"}, "2"},             // trailing blank lines are no record
+        {"\"one\ntwo, three\nfive\",x\ny", {"one\ntwo, three\nfive", "x", "y"}, "344"},
+        // Long quoted values are scanned eight bytes at a time: the closing quote and line
+        // breaks at every place in a block, and a value that never closes.
+        {"\"0123456\",\"01234567\",\"012345678\"", {"0123456", "01234567", "012345678"}, "111"},
+        {"\"01234567\n9abcdef\n\",x", {"01234567\n9abcdef\n", "x"}, "33"},
+        {"\"a value that never closes", {"a value that never closes"}, "1"},
+    };
+    for (const auto& [text, fields, lines] : cases) {
+        FieldReader in(text);
+        std::vector<std::string> read;
+        std::string after;
+        while (!in.atEnd()) {
+            read.push_back(in.read());
+            after += std::to_string(in.line());
+        }
+        EXPECT_EQ(read, fields) << text;
+        EXPECT_EQ(after, lines) << text;
+    }
+}
+
+TEST(DictionaryStore, BoundsAreZeroTo100000AndZeroToSix) {
+    DictionaryStore s;
+    s.setField(100000, 6, "last");
+    EXPECT_EQ(s.field(100000, 6), "last");
+    for (auto [w, f] : {std::pair{-1, 0}, {100001, 0}, {0, 7}, {0, -1}}) {
+        try {
+            s.field(w, f);
+            ADD_FAILURE() << w << "," << f;
+        } catch (const RunError& e) {
+            EXPECT_EQ(e.number(), SubscriptOutOfRange);
+        }
+    }
+}
+
+TEST(DictionaryStore, The100001stWordFitsAndTheNextIsRefused) {
+    DictionaryStore s;
+    s.setField(0, FieldGardiner, "A1");
+    s.lastIndex = 99999;
+    EXPECT_EQ(s.takeRowForNewWord(), 100000);
+    EXPECT_THROW(s.takeRowForNewWord(), StoreFull);
+    EXPECT_EQ(s.lastIndex, 100000);
 }

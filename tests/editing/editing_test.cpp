@@ -63,14 +63,14 @@ struct EditingTest : ::testing::Test {
         app.store.dictionaryPath = (dir.path() / "Words.nkd").string();
     }
 
-    // Words 0..n-1: "w0", "w1", ... in the transliteration, unchanged, word 0 on show.
-    void words(int n) {
+    // Words 0..n-1: "w0", "w1", ... in the transliteration, unchanged, one of them on show.
+    void words(int n, int shown = 0) {
         for (int i = 0; i < n; ++i)
             app.store.setRow(i, {"L", "B", "N35(0,0) ", "N35", "w" + std::to_string(i),
                                  "meaning " + std::to_string(i), ""});
         app.store.lastIndex = n - 1;
         app.store.isChanged = false;
-        show(0);
+        show(shown);
     }
 
     // The word at index on show, as every move leaves it.
@@ -132,8 +132,7 @@ TEST_F(EditingTest, AnExistingWordKeepsItsDirectionAndLibraryUnlessExtendedWasCh
 }
 
 TEST_F(EditingTest, EditReplacesOnlyTheSignsAndKeepsTheTexts) {
-    words(3);
-    show(1);
+    words(3, 1);
     editWord(app);
     EXPECT_TRUE(composer.openedForEdit && !composer.openedForNew);
     storeCurrentWord(app);
@@ -143,8 +142,7 @@ TEST_F(EditingTest, EditReplacesOnlyTheSignsAndKeepsTheTexts) {
 }
 
 TEST_F(EditingTest, DeleteAsksThenMovesTheLaterWordsUp) {
-    words(4);
-    show(1);
+    words(4, 1);
     t.dialogs.answers = {Answer::No, Answer::Yes};
     deleteWord(app);
     EXPECT_EQ(where(), Where(3, 1, false));
@@ -206,8 +204,7 @@ TEST_F(EditingTest, CommandsThatNeedAWordOnShowSaySoWhenThereIsNone) {
 
 // Insert stores into the row on show; given up, it leaves the next new word a new word.
 TEST_F(EditingTest, InsertStoresIntoTheCurrentRowOrIsForgotten) {
-    words(3);
-    show(1);
+    words(3, 1);
     composer.accept = false;
     insertWord(app);
     EXPECT_FALSE(app.insertPending);
@@ -230,8 +227,7 @@ TEST_F(EditingTest, InsertStoresIntoTheCurrentRowOrIsForgotten) {
 }
 
 TEST_F(EditingTest, CopyThenPasteLeavesTwoEqualWordsTheSecondCurrent) {
-    words(3);
-    show(1);
+    words(3, 1);
     copyWord(app);
     EXPECT_EQ(t.clipboard.content, "L|B|N35(0,0) |N35|w1|meaning 1|");
     pasteWord(app);
@@ -244,8 +240,7 @@ TEST_F(EditingTest, CopyThenPasteLeavesTwoEqualWordsTheSecondCurrent) {
 // Cutting the last word shows the new last word; any other, the one that moved up.
 TEST_F(EditingTest, CutDeletesWithoutAsking) {
     for (const auto& [from, current] : {std::pair{3, 2}, {1, 1}}) {
-        words(4);
-        show(from);
+        words(4, from);
         cutWord(app);
         EXPECT_TRUE(t.dialogs.prompts.empty());
         EXPECT_EQ(t.clipboard.content, "L|B|N35(0,0) |N35|w" + std::to_string(from) + "|meaning " +
@@ -260,8 +255,7 @@ TEST_F(EditingTest, CutDeletesWithoutAsking) {
 }
 
 TEST_F(EditingTest, AnInvalidItemIsRefusedAfterTheRowWasInserted) {
-    words(3);
-    show(1);
+    words(3, 1);
     for (const char* text : {"hello", "r|B|x|x|x|x|x", "|L|B"}) {
         SCOPED_TRACE(text);
         t.dialogs.prompts.clear();
@@ -291,8 +285,7 @@ TEST_F(EditingTest, APastedItemFillsTheRowAfterTheWordOnShow) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.item);
-        words(c.count);
-        show(c.shown);
+        words(c.count, c.shown);
         if (c.cutFirst) cutWord(app);
         t.clipboard.content = c.item;
         pasteWord(app);
@@ -346,8 +339,7 @@ TEST_F(EditingTest, EveryMoveOffAnEditedWordAsksToStoreIt) {
         for (const editWord& e : edits) {
             for (const Answer answer : {Answer::Yes, Answer::No}) {
                 SCOPED_TRACE(std::string(move) + ", " + e.name);
-                words(4);
-                show(2);
+                words(4, 2);
                 t.dialogs.prompts.clear();
                 e.make(app);
                 if (e.asks) t.dialogs.answers.push_back(answer);
@@ -386,8 +378,7 @@ TEST_F(EditingTest, MovesStayWithinTheDictionary) {
 }
 
 TEST_F(EditingTest, GoRefusesWhatIsNoWordOfTheDictionary) {
-    words(4);
-    show(2);
+    words(4, 2);
     for (const char* typed : {"abc", "", "3x", "99999999999", "-1", "4", "100000"}) {
         SCOPED_TRACE(typed);
         t.dialogs.prompts.clear();
@@ -407,15 +398,6 @@ TEST(RandomTest, IndexOfADraw) {
     const std::tuple<int, double, int> cases[] = {{0, 0.99, 0}, {1, 0.999, 0},    {4, 0.0, 0},
                                                   {4, 0.75, 3}, {4, 0.999999, 3}, {-1, 0.5, -1}};
     for (auto [last, r, want] : cases) EXPECT_EQ(randomIndex(last, r), want) << last << " " << r;
-}
-
-// The word clipboard keys act on words only where text boxes cannot claim them.
-TEST(CommandTables, TheWordClipboardKeysLeaveTheTextBoxesAlone) {
-    for (const Shortcut& s : allShortcuts(everyCommand())) {
-        if (s.keys == "Ctrl+C" || s.keys == "Ctrl+X" || s.keys == "Ctrl+V") {
-            EXPECT_EQ(s.scope, ShortcutScope::DisplayArea) << s.keys;
-        }
-    }
 }
 
 TEST_F(EditingTest, FailuresStopAtTheCommandBoundary) {
