@@ -254,24 +254,11 @@ TEST_F(EditingTest, CutDeletesWithoutAsking) {
     EXPECT_EQ(t.dialogs.prompts.size(), 1u);
 }
 
-TEST_F(EditingTest, AnInvalidItemIsRefusedAfterTheRowWasInserted) {
-    words(3, 1);
-    for (const char* text : {"hello", "r|B|x|x|x|x|x", "|L|B"}) {
-        SCOPED_TRACE(text);
-        t.dialogs.prompts.clear();
-        const auto [last, current, changed] = where();
-        t.clipboard.content = text;
-        pasteWord(app);
-        EXPECT_EQ(t.dialogs.messages(), std::vector<std::string>{"Invalid Paste Item"});
-        // The copy is on show, and part of the dictionary now.
-        EXPECT_EQ(where(), Where(last + 1, current + 1, true));
-        EXPECT_EQ(app.store.row(current + 1), app.store.row(current));
-        EXPECT_EQ(app.view.wordNumber, std::to_string(current + 1));
-    }
-}
-
+// A valid item fills the row after the word on show; parts after the seventh are ignored, a
+// trailing line break is not part of it. An invalid one is refused after the row was inserted,
+// which keeps a copy of the word on show, and the copy is part of the dictionary now.
 TEST_F(EditingTest, APastedItemFillsTheRowAfterTheWordOnShow) {
-    // Parts after the seventh are ignored; a trailing line break is not part of the item.
+    const WordRecord w1 = {"L", "B", "N35(0,0) ", "N35", "w1", "meaning 1", ""};
     const struct {
         int count, shown;
         bool cutFirst;
@@ -282,18 +269,27 @@ TEST_F(EditingTest, APastedItemFillsTheRowAfterTheWordOnShow) {
         {3, 0, false, "R|E|A1(0,0) |A1|j||n|x\r\n", 1, {"R", "E", "A1(0,0) ", "A1", "j", "", "n"}},
         {2, 40, false, "L|B|||new||", 2, {"L", "B", "", "", "new", "", ""}}, // past the end
         {1, 0, true, "L|B|||new||", 0, {"L", "B", "", "", "new", "", ""}},   // emptied dictionary
+        {3, 1, false, "hello", 2, w1},
+        {3, 1, false, "r|B|x|x|x|x|x", 2, w1},
+        {3, 1, false, "|L|B", 2, w1},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.item);
         words(c.count, c.shown);
         if (c.cutFirst) cutWord(app);
+        t.dialogs.prompts.clear();
         t.clipboard.content = c.item;
         pasteWord(app);
         EXPECT_EQ(app.store.row(c.row), c.expected);
         EXPECT_EQ(where(), Where(c.cutFirst ? 0 : c.count, c.row, true));
+        EXPECT_EQ(app.view.wordNumber, std::to_string(c.row));
         if (c.row < c.count && !c.cutFirst) {
-            EXPECT_EQ(translit(c.row + 1), "w1"); // the later words move down
+            EXPECT_EQ(translit(c.row + 1),
+                      "w" + std::to_string(c.row)); // the later words move down
         }
+        const bool valid = c.item[0] == 'L' || c.item[0] == 'R';
+        EXPECT_EQ(t.dialogs.messages(), valid ? std::vector<std::string>{}
+                                              : std::vector<std::string>{"Invalid Paste Item"});
     }
 }
 
@@ -401,28 +397,23 @@ TEST(RandomTest, IndexOfADraw) {
 }
 
 TEST_F(EditingTest, FailuresStopAtTheCommandBoundary) {
-    const struct {
-        std::function<void()> fail;
-        std::string text;
-        Icon icon;
-        bool ends;
-    } cases[] = {
+    // Each row: what the command throws, the message, its icon, whether the program ends.
+    const std::tuple<std::function<void()>, std::string, Icon, bool> cases[] = {
         {[] { throw RunError(Overflow); }, "6  Overflow", Icon::Critical, false},
         {[] { throw StoreFull(); }, StoreFull().what(), Icon::Exclamation, false},
         {[] { throw ProgramFileError("Lists/Basic.lst"); },
          ProgramFileError("Lists/Basic.lst").message(), Icon::Critical, true},
         {[] { throw std::length_error("too long"); },
-         "The command could not be completed: too long", Icon::Critical, false},
-    };
-    for (const auto& c : cases) {
+         "The command could not be completed: too long", Icon::Critical, false}};
+    for (const auto& [fail, text, icon, ends] : cases) {
         t.dialogs.prompts.clear();
         app.endRequested = false;
-        app.commands.provide(CommandId::Options, [&c](App&) { c.fail(); });
+        app.commands.provide(CommandId::Options, [&fail](App&) { fail(); });
         EXPECT_TRUE(executeCommand(app, CommandId::Options));
         ASSERT_EQ(t.dialogs.prompts.size(), 1u);
-        EXPECT_EQ(t.dialogs.prompts[0].text, c.text);
-        EXPECT_EQ(t.dialogs.prompts[0].icon, c.icon);
-        EXPECT_EQ(app.endRequested, c.ends) << c.text;
+        EXPECT_EQ(t.dialogs.prompts[0].text, text);
+        EXPECT_EQ(t.dialogs.prompts[0].icon, icon);
+        EXPECT_EQ(app.endRequested, ends) << text;
     }
 }
 
