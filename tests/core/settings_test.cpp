@@ -143,6 +143,23 @@ TEST_F(StartUpTest, StepsRunInOrderWithTheRememberedDictionary) {
     EXPECT_EQ(t.app.typewriterTarget, TypewriterTarget::MainTransLit);
 }
 
+// Closing asks only with unsaved work (composed work counts, as every edit does); Cancel keeps
+// the program and writes no settings.
+TEST_F(StartUpTest, ClosingAsksOnlyWithUnsavedWorkAndCancelWritesNoSettings) {
+    const auto settingsFile = home.path() / "System" / "Settings.nks";
+    EXPECT_TRUE(quitCommand(t.app));
+    EXPECT_TRUE(t.dialogs.prompts.empty());
+    fs::remove(settingsFile);
+    t.app.endRequested = false;
+    t.app.store.composeAccepted = true;
+    t.dialogs.answers = {Answer::Cancel, Answer::No};
+    EXPECT_FALSE(closeMainWindow(t.app));
+    EXPECT_FALSE(t.app.endRequested || fs::exists(settingsFile));
+    EXPECT_EQ(t.dialogs.prompts.at(0).buttons, Buttons::YesNoCancel);
+    EXPECT_TRUE(closeMainWindow(t.app));
+    EXPECT_TRUE(fs::exists(settingsFile));
+}
+
 // A list that cannot be read ends the program with the reason; a pipe in its place, which
 // would hold the program for ever, is refused at once.
 TEST_F(StartUpTest, PreferencesLoadTheChosenSignListOrEndTheProgram) {

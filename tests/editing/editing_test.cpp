@@ -396,6 +396,15 @@ TEST(RandomTest, IndexOfADraw) {
     for (auto [last, r, want] : cases) EXPECT_EQ(randomIndex(last, r), want) << last << " " << r;
 }
 
+// The word clipboard keys act on words only where text boxes cannot claim them.
+TEST(CommandTables, TheWordClipboardKeysLeaveTheTextBoxesAlone) {
+    for (const Shortcut& s : allShortcuts(everyCommand())) {
+        if (s.keys == "Ctrl+C" || s.keys == "Ctrl+X" || s.keys == "Ctrl+V") {
+            EXPECT_EQ(s.scope, ShortcutScope::DisplayArea) << s.keys;
+        }
+    }
+}
+
 TEST_F(EditingTest, FailuresStopAtTheCommandBoundary) {
     // Each row: what the command throws, the message, its icon, whether the program ends.
     const std::tuple<std::function<void()>, std::string, Icon, bool> cases[] = {
