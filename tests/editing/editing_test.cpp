@@ -117,28 +117,23 @@ TEST_F(EditingTest, NewThenStorePutsTheWordIntoTheNextRow) {
     }
 }
 
-TEST_F(EditingTest, AnExistingWordKeepsItsDirectionAndLibraryUnlessExtendedWasChosen) {
+// Edit replaces only the signs and keeps the texts; a stored word keeps its direction and
+// library whatever the preferences say, unless Extended was chosen for it.
+TEST_F(EditingTest, EditReplacesOnlyTheSignsAndKeepsTheTextsDirectionAndLibrary) {
     for (const auto& [extendedChosen, library] : {std::pair{false, "B"}, {true, "E"}}) {
-        words(2);
+        words(3, 1);
         app.settings.direction = Direction::Right;
         app.settings.library = Library::Extended;
         app.extendedChosen = extendedChosen;
-        app.view.meaning = "new meaning";
+        editWord(app);
+        EXPECT_TRUE(composer.openedForEdit && !composer.openedForNew);
+        app.view.comment = "typed";
         storeCurrentWord(app);
-        EXPECT_EQ(app.store.row(0),
-                  (WordRecord{"L", library, "N35(0,0) ", "N35", "w0", "new meaning", ""}));
-        EXPECT_EQ(app.store.lastIndex, 1);
+        EXPECT_EQ(app.store.row(1), (WordRecord{"L", library, "A1(0,0) - G17(300,0) ", "A1-G17",
+                                                "w1", "meaning 1", "typed"}));
+        EXPECT_EQ(where(), Where(2, 1, true));
+        EXPECT_FALSE(app.store.editPending);
     }
-}
-
-TEST_F(EditingTest, EditReplacesOnlyTheSignsAndKeepsTheTexts) {
-    words(3, 1);
-    editWord(app);
-    EXPECT_TRUE(composer.openedForEdit && !composer.openedForNew);
-    storeCurrentWord(app);
-    EXPECT_EQ(app.store.row(1), composed("w1", "meaning 1"));
-    EXPECT_EQ(where(), Where(2, 1, true));
-    EXPECT_FALSE(app.store.editPending);
 }
 
 TEST_F(EditingTest, DeleteAsksThenMovesTheLaterWordsUp) {
@@ -237,18 +232,14 @@ TEST_F(EditingTest, CopyThenPasteLeavesTwoEqualWordsTheSecondCurrent) {
     EXPECT_EQ(app.view.wordNumber, "2");
 }
 
-// Cutting the last word shows the new last word; any other, the one that moved up.
+// Cutting the last word shows the new last word; Delete asks again after it.
 TEST_F(EditingTest, CutDeletesWithoutAsking) {
-    for (const auto& [from, current] : {std::pair{3, 2}, {1, 1}}) {
-        words(4, from);
-        cutWord(app);
-        EXPECT_TRUE(t.dialogs.prompts.empty());
-        EXPECT_EQ(t.clipboard.content, "L|B|N35(0,0) |N35|w" + std::to_string(from) + "|meaning " +
-                                           std::to_string(from) + "|");
-        EXPECT_EQ(where(), Where(2, current, true));
-        EXPECT_EQ(app.view.transliteration, "w2");
-    }
-    // After the Cut, Delete asks again.
+    words(4, 3);
+    cutWord(app);
+    EXPECT_TRUE(t.dialogs.prompts.empty());
+    EXPECT_EQ(t.clipboard.content, "L|B|N35(0,0) |N35|w3|meaning 3|");
+    EXPECT_EQ(where(), Where(2, 2, true));
+    EXPECT_EQ(app.view.transliteration, "w2");
     t.dialogs.answers.push_back(Answer::No);
     deleteWord(app);
     EXPECT_EQ(t.dialogs.prompts.size(), 1u);
