@@ -105,13 +105,10 @@ TEST(UndoHistory, TheDictionaryIsChangedExactlyWhenItDiffersFromTheSavedFile) {
     change("b");
     history.markSaved(); // the file holds "b"
     change("c");
-    // Each line: undo (true) or redo (false), then whether the store differs from the file.
-    const std::vector<std::pair<bool, bool>> moves = {{true, false}, {true, true},   {true, true},
-                                                      {false, true}, {false, false}, {false, true}};
-    for (std::size_t i = 0; i < moves.size(); ++i) {
-        SCOPED_TRACE(i);
-        ASSERT_TRUE(moves[i].first ? history.undo(store) : history.redo(store));
-        EXPECT_EQ(store.isChanged, moves[i].second);
+    // Each step: U for Undo or R for Redo, then whether the store differs from the file.
+    for (const std::string step : {"U0", "U1", "U1", "R1", "R0", "R1"}) {
+        ASSERT_TRUE(step[0] == 'U' ? history.undo(store) : history.redo(store));
+        EXPECT_EQ(store.isChanged, step[1] == '1') << step;
     }
     // Back at "b" and then a new change: the saved state is gone from the redo side.
     history.undo(store);
@@ -144,8 +141,8 @@ TEST(UndoHistory, KeepsAtLeastFiftyStepsAndABulkStepCostsOneCopy) {
     EXPECT_EQ(history.undoCount(), UndoHistory::Capacity);
     EXPECT_GE(UndoHistory::Capacity, 50u);
     EXPECT_EQ(history.rowsHeld(), UndoHistory::Capacity);
-    while (history.undo(store)) {
-    }
+    for (std::size_t k = 0; k < UndoHistory::Capacity; ++k) history.undo(store);
+    EXPECT_FALSE(history.canUndo());
     EXPECT_EQ(store.field(7, FieldComment), std::to_string(119 - UndoHistory::Capacity));
 }
 
