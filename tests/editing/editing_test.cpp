@@ -221,7 +221,9 @@ TEST_F(EditingTest, InsertStoresIntoTheCurrentRowOrIsForgotten) {
     EXPECT_EQ(translit(2), "w2");
 }
 
-TEST_F(EditingTest, CopyThenPasteLeavesTwoEqualWordsTheSecondCurrent) {
+// Copy then Paste leaves two equal words, the second on show; Cut deletes the last word
+// without asking and shows the new last one; Delete asks again after it.
+TEST_F(EditingTest, CopyPasteAndCut) {
     words(3, 1);
     copyWord(app);
     EXPECT_EQ(t.clipboard.content, "L|B|N35(0,0) |N35|w1|meaning 1|");
@@ -230,16 +232,12 @@ TEST_F(EditingTest, CopyThenPasteLeavesTwoEqualWordsTheSecondCurrent) {
     EXPECT_EQ(app.store.row(1), app.store.row(2));
     EXPECT_EQ(translit(3), "w2");
     EXPECT_EQ(app.view.wordNumber, "2");
-}
-
-// Cutting the last word shows the new last word; Delete asks again after it.
-TEST_F(EditingTest, CutDeletesWithoutAsking) {
-    words(4, 3);
+    show(3);
     cutWord(app);
     EXPECT_TRUE(t.dialogs.prompts.empty());
-    EXPECT_EQ(t.clipboard.content, "L|B|N35(0,0) |N35|w3|meaning 3|");
+    EXPECT_EQ(t.clipboard.content, "L|B|N35(0,0) |N35|w2|meaning 2|");
     EXPECT_EQ(where(), Where(2, 2, true));
-    EXPECT_EQ(app.view.transliteration, "w2");
+    EXPECT_EQ(app.view.transliteration, "w1");
     t.dialogs.answers.push_back(Answer::No);
     deleteWord(app);
     EXPECT_EQ(t.dialogs.prompts.size(), 1u);
