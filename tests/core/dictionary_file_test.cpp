@@ -1,5 +1,6 @@
 #include "core/dictionary_file.h"
 #include "core/errors.h"
+#include "core/field_reader.h"
 #include "core/text.h"
 #include "fakes.h"
 
@@ -19,10 +20,9 @@ const char* kWord2 =
 struct DictionaryFileTest : ::testing::Test {
     TestApp t;
     TempDir dir;
-    int renders = 0;
     int stores = 0;
     void SetUp() override {
-        t.app.renderWord = [this](App&) { ++renders; };
+        t.app.renderWord = [](App&) {};
         t.app.storeWord = [this](App&) { ++stores; };
         t.app.settings.showDictionaryInfo = false;
     }
@@ -37,12 +37,7 @@ struct DictionaryFileTest : ::testing::Test {
 } // namespace
 
 TEST_F(DictionaryFileTest, TheFirstFieldDecidesWhetherThereIsAHeader) {
-    struct Case {
-        std::string text;
-        bool hasHeader;
-        std::string header0;
-        int lastIndex;
-    } cases[] = {
+    const std::tuple<std::string, bool, std::string, int> cases[] = {
         {std::string(kWord1) + kWord2, false, "", 1},
         {std::string("\"My words\",\"me\",\"1 May 2020\",\"\",\"\",\"\",\"\"\r\n") + kWord1, true,
          "My words", 0},
@@ -53,11 +48,11 @@ TEST_F(DictionaryFileTest, TheFirstFieldDecidesWhetherThereIsAHeader) {
         // Only exactly "R" or "L" is a direction: "r" starts a header.
         {std::string("\"r\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n") + kWord1, true, "r", 0},
     };
-    for (const auto& c : cases) {
-        ASSERT_EQ(load("d.nkd", c.text), LoadOutcome::Loaded);
-        EXPECT_EQ(t.app.store.hasHeader, c.hasHeader) << c.text;
-        EXPECT_EQ(t.app.store.header[0], c.header0);
-        EXPECT_EQ(t.app.store.lastIndex, c.lastIndex);
+    for (const auto& [text, hasHeader, header0, lastIndex] : cases) {
+        ASSERT_EQ(load("d.nkd", text), LoadOutcome::Loaded);
+        EXPECT_EQ(t.app.store.hasHeader, hasHeader) << text;
+        EXPECT_EQ(t.app.store.header[0], header0);
+        EXPECT_EQ(t.app.store.lastIndex, lastIndex);
         EXPECT_FALSE(t.app.store.isChanged);
     }
 }
@@ -90,52 +85,23 @@ TEST_F(DictionaryFileTest, WhatTheProgramWritesReadsBackByteIdentical) {
     EXPECT_EQ(stores, 1); // the word on show is stored first
 }
 
-TEST_F(DictionaryFileTest, FilesFromOtherToolsLoad) {
-    struct Case {
-        const char* name;
-        std::string bytes;
-        std::string meaning0;
-    } cases[] = {
-        {"all quoted", "\"L\",\"B\",\"A1(0,0) \",\"A1\",\"i\",\"god, king\",\"c\"\r\n",
-         "god, king"},
-        {"minimal quoting", "L,B,\"A1(0,0) \",A1,i,\"god, king\",c\r\n", "god, king"},
-        {"LF line ends", "L,B,\"A1(0,0) \",A1,i,reed,c\nR,B,\"A1(0,0) \",A1,i,water,c\n", "reed"},
-        {"Windows-1252", "L,B,\"A1(0,0) \",A1,i,caf\xE9 cr\xE8me,c\r\n", "café crème"},
-    };
-    for (const auto& c : cases) {
-        ASSERT_EQ(load("d.csv", c.bytes), LoadOutcome::Loaded) << c.name;
-        EXPECT_EQ(t.app.store.field(0, FieldMeaning), c.meaning0) << c.name;
-        EXPECT_EQ(t.app.store.field(0, FieldLayout), "A1(0,0) ") << c.name;
-        EXPECT_EQ(t.app.store.field(0, FieldDirection), "L") << c.name;
-    }
-}
-
 TEST_F(DictionaryFileTest, AFailedLoadReportsAndKeepsTheOpenDictionary) {
     ASSERT_EQ(load("good.nkd", std::string(kWord1) + kWord2), LoadOutcome::Loaded);
     std::string tooMany;
     for (int i = 0; i < DictionaryStore::MaxWordIndex + 2; ++i) tooMany += kWord1;
-    const std::pair<const char*, std::string> bad[] = {
-        {"truncated", std::string(kWord1) + "\"L\",\"B\",\"x\""},
-        {"empty", ""},
-        {"100,002 words", tooMany},
-        {"binary", std::string("\0\1\2\3\"", 5)},
-        {"UTF-16", std::string("\xFF\xFE\"\0L\0\"\0,\0", 10)},
-        {"pipe", ""},
-    };
     const auto pipe = dir.path() / "pipe.nkd";
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
-    for (const auto& [what, bytes] : bad) {
+    for (const auto& file :
+         {dir.write("truncated", std::string(kWord1) + "\"L\",\"B\",\"x\""), dir.write("empty", ""),
+          dir.write("100,002 words", tooMany), dir.write("binary", std::string("\0\1\2\3\"", 5)),
+          dir.write("UTF-16", std::string("\xFF\xFE\"\0L\0\"\0,\0", 10)), pipe}) {
         t.dialogs.prompts.clear();
-        if (std::string(what) == "pipe") {
-            t.app.store.dictionaryPath = pipe.string();
-            EXPECT_EQ(loadDictionary(t.app), LoadOutcome::Failed);
-        } else {
-            EXPECT_EQ(load("bad.nkd", bytes), LoadOutcome::Failed) << what;
-        }
-        ASSERT_EQ(t.dialogs.prompts.size(), 1u) << what;
+        t.app.store.dictionaryPath = file.string();
+        EXPECT_EQ(loadDictionary(t.app), LoadOutcome::Failed) << file;
+        ASSERT_EQ(t.dialogs.prompts.size(), 1u) << file;
         EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Critical);
-        EXPECT_EQ(t.app.store.lastIndex, 1) << what;
-        EXPECT_EQ(t.app.store.field(1, FieldMeaning), "remain") << what;
+        EXPECT_EQ(t.app.store.lastIndex, 1) << file;
+        EXPECT_EQ(t.app.store.field(1, FieldMeaning), "remain") << file;
     }
     EXPECT_NE(t.dialogs.prompts[0].text.find("not a regular file"), std::string::npos);
 }
@@ -207,4 +173,61 @@ TEST_F(DictionaryFileTest, ValuesTheFormatCannotHoldAreFlaggedOnceBeforeWriting)
     EXPECT_EQ(readFile(t.app.store.dictionaryPath), before);
     t.dialogs.answers = {Answer::Yes};
     EXPECT_TRUE(saveDictionary(t.app));
+}
+
+// Each row: the text, its fields, and the line the reader is on after each field (a line
+// break inside quotes counts as one).
+TEST(FieldReader, QuotedBareAndLineEndsSeparateAlike) {
+    const std::tuple<const char*, std::vector<std::string>, std::string> cases[] = {
+        {"\"a\",\"b\"\r\n\"c\"", {"a", "b", "c"}, "122"},
+        {"a,b\nc\nd", {"a", "b", "c", "d"}, "1233"},
+        {"  a  ,  b  \r\n", {"a", "b"}, "12"}, // blanks around bare fields go
+        {"\" a \",b", {" a ", "b"}, "11"},     // blanks inside quotes stay
+        {"\"a\"junk,b", {"a", "b"}, "11"},     // text after the closing quote is skipped
+        {"\"a,b\",c", {"a,b", "c"}, "11"},     // a comma inside quotes is text
+        {"a,,b", {"a", "", "b"}, "111"},       // an empty bare field
+        {"\"\",\"\"", {"", ""}, "11"},         // empty quoted fields
+        {"a\rb", {"a", "b"}, "22"},            // a lone CR ends a line too
+        {"x\r\n\r\n", {"x"}, "2"},             // trailing blank lines are no record
+        {"\"one\ntwo, three\nfive\",x\ny", {"one\ntwo, three\nfive", "x", "y"}, "344"},
+        // Long quoted values are scanned eight bytes at a time: the closing quote and line
+        // breaks at every place in a block, and a value that never closes.
+        {"\"0123456\",\"01234567\",\"012345678\"", {"0123456", "01234567", "012345678"}, "111"},
+        {"\"01234567\n9abcdef\n\",x", {"01234567\n9abcdef\n", "x"}, "33"},
+        {"\"a value that never closes", {"a value that never closes"}, "1"},
+    };
+    for (const auto& [text, fields, lines] : cases) {
+        FieldReader in(text);
+        std::vector<std::string> read;
+        std::string after;
+        while (!in.atEnd()) {
+            read.push_back(in.read());
+            after += std::to_string(in.line());
+        }
+        EXPECT_EQ(read, fields) << text;
+        EXPECT_EQ(after, lines) << text;
+    }
+}
+
+TEST(DictionaryStore, BoundsAreZeroTo100000AndZeroToSix) {
+    DictionaryStore s;
+    s.setField(100000, 6, "last");
+    EXPECT_EQ(s.field(100000, 6), "last");
+    for (auto [w, f] : {std::pair{-1, 0}, {100001, 0}, {0, 7}, {0, -1}}) {
+        try {
+            s.field(w, f);
+            ADD_FAILURE() << w << "," << f;
+        } catch (const RunError& e) {
+            EXPECT_EQ(e.number(), SubscriptOutOfRange);
+        }
+    }
+}
+
+TEST(DictionaryStore, The100001stWordFitsAndTheNextIsRefused) {
+    DictionaryStore s;
+    s.setField(0, FieldGardiner, "A1");
+    s.lastIndex = 99999;
+    EXPECT_EQ(s.takeRowForNewWord(), 100000);
+    EXPECT_THROW(s.takeRowForNewWord(), StoreFull);
+    EXPECT_EQ(s.lastIndex, 100000);
 }

@@ -15,55 +15,56 @@
 
 using namespace nebkaro;
 using namespace nebkaro::testing;
+namespace fs = std::filesystem;
 
+namespace {
+
+// What a run takes from the settings, in one line: library, direction, the two start-up
+// windows, zoom, picture scale and the dictionary.
+std::string taken(const App& app) {
+    const Settings& s = app.settings;
+    return std::string(s.library == Library::Basic ? "Basic" : "Extended") +
+           (s.direction == Direction::Left ? " Left" : " Right") + (s.showAbout ? " about" : "") +
+           (s.showDictionaryInfo ? " info" : "") + " " + std::to_string(s.wordZoom) + "% x" +
+           std::to_string(s.pictureScale) + " " + app.store.dictionaryName;
+}
+
+} // namespace
+
+// Values are read case-blind, each with its own rule: only the words count for the windows,
+// numbers out of range are brought into it, numbers that are not numbers are left out.
 TEST(applySettings, ValuesAreReadCaseBlindWithTheirOwnRulesAndRanges) {
-    struct Case {
-        std::string file;
-        bool basic, left, about, info;
-        std::string name;
-        int zoom, scale;
-    } cases[] = {
-        {"library = extended\r\n", false, true, true, true, "", 100, 1},
-        {"Direction =   Right  \r\n", true, false, true, true, "", 100, 1},
-        {"Show About = no\r\nShow Dictionary Info = False\r\n", true, true, false, false, "", 100,
-         1},
-        {"Show About = NO\r\n", true, true, false, true, "", 100, 1},
-        {"Show About = 0\r\n", true, true, true, true, "", 100, 1},
-        {"Library = Extended Plus\r\nDictionary Name =  a.nkd \r\n", true, true, true, true,
-         "a.nkd", 100, 1},
-        {"Word View Zoom = 250\r\nWord Picture Scale = 4\r\n", true, true, true, true, "", 250, 4},
-        {"Word View Zoom = 900\r\nWord Picture Scale = 0\r\n", true, true, true, true, "", 400, 1},
-        {"Word View Zoom = 2x\r\nWord Picture Scale = -3\r\n", true, true, true, true, "", 100, 1},
-    };
-    for (const auto& c : cases) {
+    const std::pair<std::string, std::string> cases[] = {
+        {"library = extended", "Extended Left about info 100% x1 "},
+        {"Direction =   Right  ", "Basic Right about info 100% x1 "},
+        {"Show About = NO\r\nShow Dictionary Info = False", "Basic Left 100% x1 "},
+        {"Show About = 0", "Basic Left about info 100% x1 "},
+        {"Library = Extended Plus\r\nDictionary Name =  a.nkd ",
+         "Basic Left about info 100% x1 a.nkd"},
+        {"Word View Zoom = 250\r\nWord Picture Scale = 4", "Basic Left about info 250% x4 "},
+        {"Word View Zoom = 900\r\nWord Picture Scale = 0", "Basic Left about info 400% x1 "},
+        {"Word View Zoom = 2x\r\nWord Picture Scale = -3", "Basic Left about info 100% x1 "}};
+    for (const auto& [file, want] : cases) {
         TestApp t;
         TempDir d;
-        applySettings(t.app, d.write("System/Settings.nks", c.file));
-        EXPECT_EQ(t.app.settings.library == Library::Basic, c.basic) << c.file;
-        EXPECT_EQ(t.app.settings.direction == Direction::Left, c.left) << c.file;
-        EXPECT_EQ(t.app.settings.showAbout, c.about) << c.file;
-        EXPECT_EQ(t.app.settings.showDictionaryInfo, c.info) << c.file;
-        EXPECT_EQ(t.app.store.dictionaryName, c.name) << c.file;
-        EXPECT_EQ(t.app.settings.wordZoom, c.zoom) << c.file;
-        EXPECT_EQ(t.app.settings.pictureScale, c.scale) << c.file;
+        applySettings(t.app, d.write("System/Settings.nks", file + "\r\n"));
+        EXPECT_EQ(taken(t.app), want) << file;
         EXPECT_TRUE(t.dialogs.prompts.empty());
     }
 }
 
+// A link to /dev/zero would never end if it were read as a file.
 TEST(applySettings, AnUnreadableFileGivesTheDefaultsAndANotice) {
     TempDir d;
-    std::filesystem::create_directories(d.path() / "dir.nks");
-    const std::filesystem::path files[] = {d.path() / "missing.nks", d.write("empty.nks", ""),
-                                           d.path() / "dir.nks"};
-    for (const auto& f : files) {
+    fs::create_symlink("/dev/zero", d.path() / "zero.nks");
+    for (const auto& f :
+         {d.path() / "missing.nks", d.write("empty.nks", ""), d.path() / "zero.nks"}) {
         TestApp t;
         t.app.settings.library = Library::Extended;
         applySettings(t.app, f);
-        EXPECT_EQ(t.app.settings.library, Library::Basic) << f;
-        EXPECT_EQ(t.app.settings.direction, Direction::Left) << f;
+        EXPECT_EQ(taken(t.app), "Basic Left about info 100% x1 Words.nkd") << f;
         EXPECT_EQ(t.dialogs.messages(),
                   std::vector<std::string>{"Settings file not found, applying default settings"});
-        EXPECT_EQ(t.app.store.dictionaryName, "Words.nkd");
     }
 }
 
@@ -84,11 +85,7 @@ TEST(writeSettingsFile, WritesTheExactTextAndReadsBack) {
     writeSettingsFile(t.app, p);
     TestApp back;
     applySettings(back.app, p);
-    EXPECT_EQ(back.app.settings.library, Library::Extended);
-    EXPECT_FALSE(back.app.settings.showDictionaryInfo);
-    EXPECT_EQ(back.app.store.dictionaryName, "Mine.nkd");
-    EXPECT_EQ(back.app.settings.wordZoom, 300);
-    EXPECT_EQ(back.app.settings.pictureScale, 8);
+    EXPECT_EQ(taken(back.app), taken(t.app));
 }
 
 namespace {
@@ -120,23 +117,22 @@ struct StartUpTest : ::testing::Test {
         home.write("Dictionaries/Words.nkd", "\"Starter\",\"\",\"\",\"\",\"\",\"\",\"\"\r\n\"L\","
                                              "\"B\",\"A1(0,0) \",\"A1\",\"i\",\"reed\",\"\"\r\n");
     }
-    void settings(const std::string& text) { home.write("System/Settings.nks", text); }
 };
 
 // Every file under a folder with its bytes, to tell whether anything changed there.
-std::map<std::string, std::string> snapshot(const std::filesystem::path& root) {
+std::map<std::string, std::string> snapshot(const fs::path& root) {
     std::map<std::string, std::string> files;
-    for (const auto& e : std::filesystem::recursive_directory_iterator(root))
-        if (e.is_regular_file())
-            files[std::filesystem::relative(e.path(), root).string()] = readFile(e.path());
+    for (const auto& e : fs::recursive_directory_iterator(root))
+        if (e.is_regular_file()) files[fs::relative(e.path(), root).string()] = readFile(e.path());
     return files;
 }
 
 } // namespace
 
 TEST_F(StartUpTest, StepsRunInOrderWithTheRememberedDictionary) {
-    settings("Library = Basic\r\nShow About = True\r\nShow Dictionary Info = True\r\n"
-             "Dictionary Name = Words.nkd\r\n");
+    home.write("System/Settings.nks",
+               "Library = Basic\r\nShow About = True\r\n"
+               "Show Dictionary Info = True\r\nDictionary Name = Words.nkd\r\n");
     ASSERT_TRUE(startProgram(t.app, ""));
     EXPECT_EQ(windows.calls,
               (std::vector<std::string>{"printer", "about", "header:Starter",
@@ -147,89 +143,68 @@ TEST_F(StartUpTest, StepsRunInOrderWithTheRememberedDictionary) {
     EXPECT_EQ(t.app.typewriterTarget, TypewriterTarget::MainTransLit);
 }
 
-// Files that would hold the start-up for ever (a pipe without a writer, /dev/zero) are refused
-// at once: settings fall back to their defaults; a list that is not a file ends the program
-// with the reason.
-TEST_F(StartUpTest, SpecialFilesInThePlaceOfProgramFilesNeverHoldTheStart) {
-    namespace fs = std::filesystem;
-    fs::create_directories(home.path() / "System");
-    fs::create_symlink("/dev/zero", home.path() / "System" / "Settings.nks");
-    const auto phonetic = home.path() / "Lists" / "Phonetic.csv";
-    fs::remove(phonetic);
-    ASSERT_EQ(::mkfifo(phonetic.c_str(), 0600), 0);
-    EXPECT_FALSE(startProgram(t.app, ""));
-    EXPECT_TRUE(t.app.endRequested);
-    EXPECT_EQ(t.dialogs.prompts[0].title, "Settings not found");
-    EXPECT_EQ(t.dialogs.messages().back(),
-              "The file: '" + phonetic.string() + "' could not be read (75  '" + phonetic.string() +
-                  "' is not a regular file (a folder, a device or a pipe)). The program will stop");
-}
-
+// Closing asks only with unsaved work (composed work counts, as every edit does); Cancel keeps
+// the program and writes no settings.
 TEST_F(StartUpTest, ClosingAsksOnlyWithUnsavedWorkAndCancelWritesNoSettings) {
     const auto settingsFile = home.path() / "System" / "Settings.nks";
-    EXPECT_TRUE(quitCommand(t.app)); // nothing unsaved: no question
-    EXPECT_TRUE(std::filesystem::exists(settingsFile));
-    std::filesystem::remove(settingsFile);
+    EXPECT_TRUE(quitCommand(t.app));
+    EXPECT_TRUE(t.dialogs.prompts.empty());
+    fs::remove(settingsFile);
     t.app.endRequested = false;
-    t.app.store.composeAccepted = true; // composed work counts, as every edit does
+    t.app.store.composeAccepted = true;
     t.dialogs.answers = {Answer::Cancel, Answer::No};
     EXPECT_FALSE(closeMainWindow(t.app));
-    EXPECT_FALSE(t.app.endRequested);
-    EXPECT_FALSE(std::filesystem::exists(settingsFile));
+    EXPECT_FALSE(t.app.endRequested || fs::exists(settingsFile));
+    EXPECT_EQ(t.dialogs.prompts.at(0).buttons, Buttons::YesNoCancel);
     EXPECT_TRUE(closeMainWindow(t.app));
-    ASSERT_EQ(t.dialogs.prompts.size(), 2u);
-    EXPECT_EQ(t.dialogs.prompts[0].buttons, Buttons::YesNoCancel);
-    EXPECT_TRUE(std::filesystem::exists(settingsFile));
+    EXPECT_TRUE(fs::exists(settingsFile));
 }
 
+// A list that cannot be read ends the program with the reason; a pipe in its place, which
+// would hold the program for ever, is refused at once.
 TEST_F(StartUpTest, PreferencesLoadTheChosenSignListOrEndTheProgram) {
     ASSERT_TRUE(applyPreferences(t.app, Library::Extended, Direction::Right));
-    EXPECT_EQ(t.app.settings.library, Library::Extended);
     EXPECT_EQ(t.app.settings.direction, Direction::Right);
     EXPECT_EQ(t.app.lists.signCount, 2);
     EXPECT_EQ(windows.browserUnloads, 1);
     ASSERT_TRUE(applyPreferences(t.app, Library::Basic, Direction::Left));
     EXPECT_EQ(t.app.lists.signCount, 3);
-    std::filesystem::remove(home.path() / "Lists" / "Extendedlist.csv");
+    const std::string list = (home.path() / "Lists" / "Extendedlist.csv").string();
+    fs::remove(list);
+    ASSERT_EQ(::mkfifo(list.c_str(), 0600), 0);
     EXPECT_FALSE(applyPreferences(t.app, Library::Extended, Direction::Left));
     EXPECT_TRUE(t.app.endRequested);
-    EXPECT_NE(t.dialogs.messages().back().find("Extendedlist.csv"), std::string::npos);
+    EXPECT_EQ(t.dialogs.messages().back(),
+              "The file: '" + list + "' could not be read (75  '" + list +
+                  "' is not a regular file (a folder, a device or a pipe)). The program will stop");
 }
 
+// Each row: --home, the program's folder, XDG_DATA_HOME, then the shipped and user folders.
 TEST(ProgramFoldersTest, OneFolderUnlessInstalledThenTheUsersDataFolder) {
     TempDir build;
     build.write("Lists/BasicList.csv", "");
-    struct Case {
-        const char* name;
-        std::optional<std::filesystem::path> home;
-        std::filesystem::path exe;
-        std::optional<std::string> xdg;
-        std::filesystem::path shipped, user;
-    };
-    const std::filesystem::path none = "/opt/neb/bin";
-    const Case cases[] = {
-        {"--home wins", "/data/neb/../neb", build.path(), "/x", "/data/neb", "/data/neb"},
-        {"build folder", std::nullopt, build.path(), "/x", build.path(), build.path()},
-        {"installed", std::nullopt, none, std::nullopt, "/opt/neb/share/nebkaro",
-         "/home/ann/.local/share/nebkaro"},
-        {"relative XDG_DATA_HOME is ignored", std::nullopt, none, "rel", "/opt/neb/share/nebkaro",
-         "/home/ann/.local/share/nebkaro"},
-    };
-    for (const Case& c : cases) {
-        const auto env = [&](const char* name) -> std::optional<std::string> {
-            if (std::string(name) == "HOME") return "/home/ann";
-            return c.xdg;
+    const fs::path bin = "/opt/neb/bin", shipped = "/opt/neb/share/nebkaro",
+                   user = "/home/ann/.local/share/nebkaro";
+    using Maybe = std::optional<std::string>;
+    const std::tuple<std::optional<fs::path>, fs::path, Maybe, fs::path, fs::path> cases[] = {
+        {"/data/neb/../neb", build.path(), "/x", "/data/neb", "/data/neb"}, // --home wins
+        {std::nullopt, build.path(), "/x", build.path(), build.path()},     // the build folder
+        {std::nullopt, bin, std::nullopt, shipped, user},                   // installed
+        {std::nullopt, bin, "rel", shipped, user}}; // a relative XDG_DATA_HOME is ignored
+    for (const auto& [home, exe, xdg, wantShipped, wantUser] : cases) {
+        const auto env = [&](const char* name) {
+            return std::string(name) == "HOME" ? Maybe("/home/ann") : xdg;
         };
-        const ProgramFolders f = resolveFolders(c.home, c.exe, "../share/nebkaro", env);
-        EXPECT_EQ(f.shipped, c.shipped) << c.name;
-        EXPECT_EQ(f.user, c.user) << c.name;
-        EXPECT_EQ(f.separate(), c.shipped != c.user) << c.name;
+        const ProgramFolders f = resolveFolders(home, exe, "../share/nebkaro", env);
+        EXPECT_EQ(f.shipped, wantShipped) << exe;
+        EXPECT_EQ(f.user, wantUser) << exe;
+        EXPECT_EQ(f.separate(), wantShipped != wantUser) << exe;
     }
 }
 
 TEST_F(StartUpTest, InstalledTheUserFolderIsMadeOnceAndTheShippedOneNeverWritten) {
-    settings("Show About = False\r\nShow Dictionary Info = False\r\n"
-             "Dictionary Name = Words.nkd\r\n");
+    home.write("System/Settings.nks", "Show About = False\r\nShow Dictionary Info = False\r\n"
+                                      "Dictionary Name = Words.nkd\r\n");
     TempDir data;
     const ProgramFolders folders{home.path(), data.path() / "nebkaro"};
     const auto shipped = snapshot(home.path());
@@ -243,13 +218,12 @@ TEST_F(StartUpTest, InstalledTheUserFolderIsMadeOnceAndTheShippedOneNeverWritten
     ASSERT_TRUE(saveDictionary(t.app));
     EXPECT_TRUE(quitCommand(t.app));
     EXPECT_EQ(snapshot(home.path()), shipped);
-    const auto mine = snapshot(folders.user);
-    EXPECT_NE(mine.at("Dictionaries/Words.nkd").find("rush"), std::string::npos);
-    EXPECT_TRUE(mine.count("System/Settings.nks"));
+    EXPECT_NE(readFile(folders.user / "Dictionaries" / "Words.nkd").find("rush"),
+              std::string::npos);
     // A settings file removed later comes back from the defaults; the dictionary is the user's.
-    std::filesystem::remove(folders.user / "System" / "Settings.nks");
-    std::filesystem::remove(folders.user / "Dictionaries" / "Words.nkd");
+    fs::remove(folders.user / "System" / "Settings.nks");
+    fs::remove(folders.user / "Dictionaries" / "Words.nkd");
     EXPECT_FALSE(prepareUserFolder(folders));
-    EXPECT_TRUE(std::filesystem::exists(folders.user / "System" / "Settings.nks"));
-    EXPECT_FALSE(std::filesystem::exists(folders.user / "Dictionaries" / "Words.nkd"));
+    EXPECT_TRUE(fs::exists(folders.user / "System" / "Settings.nks"));
+    EXPECT_FALSE(fs::exists(folders.user / "Dictionaries" / "Words.nkd"));
 }

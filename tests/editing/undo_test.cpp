@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <functional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace nebkaro {
@@ -15,18 +15,12 @@ WordRecord word(const std::string& t) {
 }
 
 // What Undo must give back: the words, how many, the word on show and the header.
-struct Snapshot {
-    std::vector<WordRecord> rows;
-    int lastIndex;
-    int currentIndex;
-    DictionaryHeader header;
-    bool operator==(const Snapshot&) const = default;
-};
+using Snapshot = std::tuple<std::vector<WordRecord>, int, int, DictionaryHeader>;
 
 Snapshot snap(const DictionaryStore& s) {
-    Snapshot out{{}, s.lastIndex, s.currentIndex, s.header};
-    for (int w = 0; w <= s.lastIndex; ++w) out.rows.push_back(s.row(w));
-    return out;
+    std::vector<WordRecord> rows;
+    for (int w = 0; w <= s.lastIndex; ++w) rows.push_back(s.row(w));
+    return {rows, s.lastIndex, s.currentIndex, s.header};
 }
 
 // Six words w0..w5, word 2 on show, as opened from a file.
@@ -37,85 +31,61 @@ void sixWords(DictionaryStore& s) {
     s.isChanged = false;
 }
 
-void insertAt(DictionaryStore& s, int at, WordRecord r) {
-    for (int i = s.lastIndex; i >= at; --i) s.swapRows(i, i + 1);
-    s.setRow(at, std::move(r));
-    ++s.lastIndex;
-}
-
-void removeAt(DictionaryStore& s, int at) {
-    for (int i = at; i < s.lastIndex; ++i) s.swapRows(i, i + 1);
-    --s.lastIndex;
-}
-
+// Each row: the change, the rows it declares it may touch (-1: to the end), the words the step
+// keeps, and the change itself.
 TEST(UndoHistory, EveryShapeOfChangeIsTakenBackAndDoneAgainKeepingOnlyTheRowsItChanged) {
-    struct Case {
-        const char* rule;
-        int from, to; // the rows the change declares it may touch (-1: to the end)
-        std::function<void(DictionaryStore&)> change;
-        std::size_t held; // words the step keeps
-    };
-    const std::vector<Case> cases = {
-        {"one word rewritten in place", 2, 3, [](auto& s) { s.setField(2, FieldMeaning, "x"); }, 1},
-        {"a word added after the last", 6, 6,
-         [](auto& s) {
-             s.setRow(6, word("new"));
-             s.lastIndex = 6;
-             s.currentIndex = 6;
-         },
-         0},
-        {"a word removed from the middle", 2, -1, [](auto& s) { removeAt(s, 2); }, 1},
-        {"the last word removed", 5, -1, [](auto& s) { removeAt(s, 5); }, 1},
-        {"the only words all removed", 0, -1, [](auto& s) { s.lastIndex = -1; }, 6},
-        {"a word inserted at the front", 0, -1, [](auto& s) { insertAt(s, 0, word("n")); }, 0},
-        {"a copy inserted after the word on show", 2, -1, [](auto& s) { insertAt(s, 3, s.row(2)); },
-         0},
-        {"the order reversed", 0, -1,
-         [](auto& s) {
+    using Change = std::function<void(DictionaryStore&, UndoHistory&)>;
+    const std::tuple<const char*, int, int, std::size_t, Change> cases[] = {
+        {"one word rewritten in place", 2, 3, 1,
+         [](auto& s, auto&) { s.setField(2, FieldMeaning, "x"); }},
+        {"a word removed from the middle", 2, -1, 1,
+         [](auto& s, auto&) {
+             for (int i = 2; i < s.lastIndex; ++i) s.swapRows(i, i + 1);
+             --s.lastIndex;
+         }},
+        {"the only words all removed", 0, -1, 6, [](auto& s, auto&) { s.lastIndex = -1; }},
+        {"a word inserted at the front", 0, -1, 0,
+         [](auto& s, auto&) {
+             for (int i = s.lastIndex; i >= 0; --i) s.swapRows(i, i + 1);
+             s.setRow(0, word("n"));
+             ++s.lastIndex;
+         }},
+        {"the order reversed", 0, -1, 6,
+         [](auto& s, auto&) {
              for (int i = 0, j = s.lastIndex; i < j; ++i, --j) s.swapRows(i, j);
-         },
-         6},
-        {"two neighbours exchanged", 0, -1, [](auto& s) { s.swapRows(1, 2); }, 2},
-        {"words appended and the header replaced", 6, 6,
-         [](auto& s) {
+         }},
+        {"words appended, shown and the header replaced", 6, 6, 0,
+         [](auto& s, auto&) {
              s.setRow(6, word("m1"));
              s.setRow(7, word("m2"));
-             s.lastIndex = 7;
+             s.lastIndex = s.currentIndex = 7;
              s.header[0] = "Merged";
-         },
-         0},
-        {"a nested change below the declared rows widens the step", 6, 6,
-         [](auto& s) {
+         }},
+        {"a nested change below the declared rows widens the step", 6, 6, 5, [](auto& s, auto& h) {
+             UndoStep inner(h, s, "inner", 1, 2);
              s.setField(1, FieldComment, "stored first");
              s.setRow(6, word("m"));
              s.lastIndex = 6;
-         },
-         5},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.rule);
+         }}};
+    for (const auto& [rule, from, to, held, change] : cases) {
+        SCOPED_TRACE(rule);
         DictionaryStore store;
         sixWords(store);
         UndoHistory history;
         const Snapshot before = snap(store);
         {
-            UndoStep step(history, store, c.rule, c.from, c.to);
-            if (std::string(c.rule).find("nested") != std::string::npos) {
-                UndoStep inner(history, store, "inner", 1, 2);
-                c.change(store);
-            } else {
-                c.change(store);
-            }
+            UndoStep step(history, store, rule, from, to);
+            change(store, history);
             store.isChanged = true;
         }
         const Snapshot after = snap(store);
         ASSERT_TRUE(history.canUndo());
-        EXPECT_EQ(history.undoName(), c.rule);
-        EXPECT_EQ(history.rowsHeld(), c.held);
+        EXPECT_EQ(history.undoName(), rule);
+        EXPECT_EQ(history.rowsHeld(), held);
         ASSERT_TRUE(history.undo(store));
         EXPECT_EQ(snap(store), before);
         EXPECT_FALSE(store.isChanged);
-        EXPECT_EQ(history.redoName(), c.rule);
+        EXPECT_EQ(history.redoName(), rule);
         ASSERT_TRUE(history.redo(store));
         EXPECT_EQ(snap(store), after);
         EXPECT_TRUE(store.isChanged);
@@ -126,7 +96,6 @@ TEST(UndoHistory, TheDictionaryIsChangedExactlyWhenItDiffersFromTheSavedFile) {
     DictionaryStore store;
     sixWords(store);
     UndoHistory history;
-    history.clear();
     auto change = [&](const std::string& meaning) {
         UndoStep step(history, store, "Store word 1", 1, 2);
         store.setField(1, FieldMeaning, meaning);
@@ -136,13 +105,10 @@ TEST(UndoHistory, TheDictionaryIsChangedExactlyWhenItDiffersFromTheSavedFile) {
     change("b");
     history.markSaved(); // the file holds "b"
     change("c");
-    // Each line: undo (true) or redo (false), then whether the store differs from the file.
-    const std::vector<std::pair<bool, bool>> moves = {{true, false}, {true, true},   {true, true},
-                                                      {false, true}, {false, false}, {false, true}};
-    for (std::size_t i = 0; i < moves.size(); ++i) {
-        SCOPED_TRACE(i);
-        ASSERT_TRUE(moves[i].first ? history.undo(store) : history.redo(store));
-        EXPECT_EQ(store.isChanged, moves[i].second);
+    // Each step: U for Undo or R for Redo, then whether the store differs from the file.
+    for (const std::string step : {"U0", "U1", "U1", "R1", "R0", "R1"}) {
+        ASSERT_TRUE(step[0] == 'U' ? history.undo(store) : history.redo(store));
+        EXPECT_EQ(store.isChanged, step[1] == '1') << step;
     }
     // Back at "b" and then a new change: the saved state is gone from the redo side.
     history.undo(store);
@@ -175,8 +141,8 @@ TEST(UndoHistory, KeepsAtLeastFiftyStepsAndABulkStepCostsOneCopy) {
     EXPECT_EQ(history.undoCount(), UndoHistory::Capacity);
     EXPECT_GE(UndoHistory::Capacity, 50u);
     EXPECT_EQ(history.rowsHeld(), UndoHistory::Capacity);
-    while (history.undo(store)) {
-    }
+    for (std::size_t k = 0; k < UndoHistory::Capacity; ++k) history.undo(store);
+    EXPECT_FALSE(history.canUndo());
     EXPECT_EQ(store.field(7, FieldComment), std::to_string(119 - UndoHistory::Capacity));
 }
 
