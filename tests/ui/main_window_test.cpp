@@ -1,6 +1,5 @@
 // The main window driven by its controls' names, every message box answered from a script.
 #include "bulk/search_dialog.h"
-#include "core/text.h"
 #include "editing/commands.h"
 #include "harness.h"
 #include "ui/about_dialog.h"
@@ -25,9 +24,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPushButton>
-#include <QScreen>
-#include <QSignalSpy>
 #include <QStatusBar>
 #include <QTextBrowser>
 #include <QToolButton>
@@ -70,14 +66,11 @@ QStringList captions(const QWidget* window, const QString& home) {
 // Eight words, so that a shuffle cannot give the same order back by chance.
 QByteArray eightWords() {
     QByteArray d = Header + Word0 + Word1 + Word2;
-    const char* rows[] = {
-        "\"L\",\"B\",\"G17(330,0) - A1(0,0) \",\"G17-A1\",\"mi\",\"apart\",\"fourth\"",
-        "\"L\",\"B\",\"G43(0,0) \",\"G43\",\"u\",\"bird\",\"a\"",
-        "\"L\",\"B\",\"N35(0,0) \",\"N35\",\"n\",\"of\",\"b\"",
-        "\"R\",\"B\",\"A1(0,0) \",\"A1\",\"i\",\"I\",\"c\"",
-        "\"L\",\"B\",\"G17(0,0) \",\"G17\",\"m\",\"in\",\"d\"",
-    };
-    for (const char* r : rows) d += QByteArray(r) + "\r\n";
+    for (const char* r :
+         {"G17(330,0) - A1(0,0) \",\"G17-A1\",\"mi\",\"apart\",\"fourth",
+          "G43(0,0) \",\"G43\",\"u\",\"bird\",\"a", "N35(0,0) \",\"N35\",\"n\",\"of\",\"b",
+          "A1(0,0) \",\"A1\",\"i\",\"I\",\"c", "G17(0,0) \",\"G17\",\"m\",\"in\",\"d"})
+        d += "\"L\",\"B\",\"" + QByteArray(r) + "\"\r\n";
     return d;
 }
 
@@ -87,48 +80,46 @@ std::vector<WordRecord> rows(const App& app) {
     return out;
 }
 
-void sortBy(const char* option) {
-    whenOpen(QStringLiteral("Sort"), [option](QWidget* d) {
-        choose(d, option);
-        clickButton(d, "cmdOk");
-    });
-}
-
 } // namespace
 
 class MainWindowTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
 
-    void startUpWithASettingsFileShowsTheFirstWord() {
+    // The first word at its natural size, centred in the display area, and growing about that
+    // centre with the zoom keys and the wheel.
+    void startUpShowsTheFirstWordCentredAtEveryZoom() {
         Program p;
         QVERIFY(p.startAndShow());
         QVERIFY(p.dialogs.prompts.empty());
         QCOMPARE(p.window->windowTitle(),
                  QStringLiteral("Nebkaro Ver: 1.0.0    Dictionary: Words.nkd"));
         QCOMPARE(p.find<QLineEdit>("GardinerTxt")->text(), QStringLiteral("A1-G17"));
-        QCOMPARE(p.find<QLineEdit>("TransLitTxt")->text(), QStringLiteral("im"));
         QCOMPARE(p.find<QLineEdit>("TransLitTxt")->font().family(),
                  QStringLiteral("Transliteration"));
-        QCOMPARE(p.find<QLineEdit>("MeaningTxt")->text(), QStringLiteral("who"));
         QCOMPARE(p.find<QLineEdit>("CommentTxt")->text(), QStringLiteral("first"));
-        QCOMPARE(p.find<QLabel>("RichGardinerlbl")->text(),
-                 QStringLiteral("A1(0,0) - G17(330,0) "));
-        QCOMPARE(p.find<QLineEdit>("txtNumber")->text(), QStringLiteral("0"));
-        // The two signs at their natural size, side by side and centred in the display area.
+        QVERIFY(!p.find<QLabel>("mainGlyphPic2")->isVisible());
         auto* a1 = p.find<QLabel>("mainGlyphPic0");
         auto* g17 = p.find<QLabel>("mainGlyphPic1");
-        QVERIFY(a1->isVisible() && g17->isVisible());
-        QVERIFY(!p.find<QLabel>("mainGlyphPic2")->isVisible());
-        QCOMPARE(a1->size(), QSize(20, 36));
-        QCOMPARE(g17->size(), QSize(28, 40));
-        QCOMPARE(g17->x() - a1->x(), 22); // 330 twips
         const QRect area = p.find<QFrame>("DispAreaShp")->geometry();
-        const int wordCentre = (a1->x() + g17->geometry().right() + 1) / 2;
-        QVERIFY(qAbs(wordCentre - area.center().x()) <= 1);
-        QVERIFY(qAbs((g17->y() + 20) - area.center().y()) <= 1);
-        // The first of three words: the progress bar is empty.
-        QVERIFY(!p.find<QFrame>("shpProgress")->isVisible());
+        auto check = [&](int percent) {
+            QCOMPARE(p.app.settings.wordZoom, percent);
+            QCOMPARE(a1->size(), QSize(20, 36) * (percent / 100.0));
+            QVERIFY(qAbs(g17->x() - a1->x() - 22 * percent / 100.0) <= 1); // 330 twips apart
+            QVERIFY(qAbs((a1->x() + g17->geometry().right() + 1) / 2 - area.center().x()) <= 1);
+            QVERIFY(qAbs(g17->y() + g17->height() / 2 - area.center().y()) <= 1);
+        };
+        check(100);
+        p.window->setFocus();
+        QTest::keyClick(p.window.get(), Qt::Key_Plus, Qt::ControlModifier);
+        QTest::keyClick(p.window.get(), Qt::Key_Plus, Qt::ControlModifier);
+        check(150);
+        QTest::keyClick(p.window.get(), Qt::Key_0, Qt::ControlModifier);
+        check(100);
+        QWheelEvent wheel(QPointF(5, 5), p.window->mapToGlobal(QPoint(5, 5)), {}, {0, 120},
+                          Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(p.find<QFrame>("DispAreaShp"), &wheel);
+        check(125);
     }
 
     void startUpWithoutSettingsShowsNoticeAboutAndHeaderInOrder() {
@@ -136,122 +127,69 @@ private Q_SLOTS:
         QStringList opened;
         whenOpen(QStringLiteral("About"), [&](QWidget* about) {
             opened << about->objectName();
-            QTest::mouseClick(about->findChild<QPushButton*>(QStringLiteral("cmdOK")),
-                              Qt::LeftButton);
+            clickButton(about, "cmdOK");
             whenOpen(QStringLiteral("frmHeader"), [&](QWidget* header) {
                 opened << header->objectName();
                 QCOMPARE(header->windowTitle(), p.folder.file("Dictionaries/Words.nkd"));
-                QCOMPARE(header->findChild<QLineEdit*>(QStringLiteral("txtHeader0"))->text(),
-                         QStringLiteral("Test words"));
-                QTest::mouseClick(header->findChild<QPushButton*>(QStringLiteral("Command1")),
-                                  Qt::LeftButton);
+                clickButton(header, "Command1");
             });
         });
         QVERIFY(p.startAndShow());
         QCOMPARE(opened, (QStringList{"About", "frmHeader"}));
         QCOMPARE(p.dialogs.messages(),
                  std::vector<std::string>{"Settings file not found, applying default settings"});
-        QCOMPARE(p.dialogs.prompts[0].title, std::string("Settings not found"));
-        QCOMPARE(p.dialogs.prompts[0].icon, Icon::Exclamation);
         QCOMPARE(p.find<QLineEdit>("MeaningTxt")->text(), QStringLiteral("who"));
         // Quitting with nothing to save asks nothing and writes the settings afresh.
-        QVERIFY(!p.folder.exists("System/Settings.nks"));
         p.click("cmdQuit");
-        QVERIFY(p.app.endRequested);
-        QVERIFY(!p.window->isVisible());
-        QCOMPARE(p.folder.read("System/Settings.nks"),
-                 QByteArray("Nebkaro Settings: \r\n\r\nLibrary = Basic\r\nDirection = Left\r\n"
-                            "Dictionary Name = Words.nkd\r\nShow About = True\r\n"
-                            "Show Dictionary Info = True\r\n\r\n"));
+        QVERIFY(p.app.endRequested && !p.window->isVisible());
+        QVERIFY(p.folder.exists("System/Settings.nks"));
     }
 
+    // The boxes' check boxes, and Ctrl then G typed into whatever box has the focus: the window
+    // sees the keys first, but not the G after another shortcut took the Ctrl.
     void hideBoxesFollowClicksAndCtrlSequences() {
         Program p;
         QVERIFY(p.startAndShow());
-        auto* gardiner = p.find<QLineEdit>("GardinerTxt");
-        auto* meaning = p.find<QLineEdit>("MeaningTxt");
-        const char* boxes[] = {"RichGardinerlbl", "GardinerTxt", "TransLitTxt", "MeaningTxt",
-                               "CommentTxt"};
-        const char* checks[] = {"ChkHideEnriched", "ChkHideGardiner", "ChkHideTrans",
-                                "ChkHideMeaning", "ChkHideComment"};
-        for (int i = 0; i < 5; ++i) {
-            p.click(checks[i]);
-            QVERIFY2(!p.find(boxes[i])->isVisible(), boxes[i]);
-            p.click(checks[i]);
-            QVERIFY2(p.find(boxes[i])->isVisible(), boxes[i]);
+        const std::pair<const char*, const char*> boxes[] = {{"ChkHideEnriched", "RichGardinerlbl"},
+                                                             {"ChkHideGardiner", "GardinerTxt"},
+                                                             {"ChkHideTrans", "TransLitTxt"},
+                                                             {"ChkHideMeaning", "MeaningTxt"},
+                                                             {"ChkHideComment", "CommentTxt"}};
+        for (auto [check, box] : boxes) {
+            p.click(check);
+            QVERIFY2(!p.find(box)->isVisible(), box);
+            p.click(check);
+            QVERIFY2(p.find(box)->isVisible(), box);
         }
-        // Keys go to whatever has the focus; the window sees them first.
+        auto* gardiner = p.find<QLineEdit>("GardinerTxt");
         p.find<QLineEdit>("CommentTxt")->setFocus();
         auto stroke = [](Qt::Key k) {
-            QWidget* f = QApplication::focusWidget();
-            QTest::keyPress(f, k);
-            QTest::keyRelease(f, k);
+            QTest::keyPress(QApplication::focusWidget(), k);
+            QTest::keyRelease(QApplication::focusWidget(), k);
         };
-        stroke(Qt::Key_Control); // Ctrl and G as separate strokes
+        stroke(Qt::Key_Control);
         stroke(Qt::Key_G);
         QVERIFY(!gardiner->isVisible());
         QVERIFY(p.find<QCheckBox>("ChkHideGardiner")->isChecked());
-        stroke(Qt::Key_G); // G alone
-        QVERIFY(!gardiner->isVisible());
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_G, Qt::ControlModifier);
-        QVERIFY(gardiner->isVisible());
-        stroke(Qt::Key_Control); // Ctrl, another key, then M
-        stroke(Qt::Key_A);
-        stroke(Qt::Key_M);
-        QVERIFY(meaning->isVisible());
-        stroke(Qt::Key_Control);
-        stroke(Qt::Key_M);
-        QVERIFY(!meaning->isVisible());
-        QVERIFY(p.find<QCheckBox>("ChkHideMeaning")->isChecked());
-        // Hiding never touches the word.
-        QCOMPARE(p.app.store.field(0, FieldMeaning), std::string("who"));
-        // Ctrl hides only when G or M follows it directly, not after another shortcut.
-        p.click("ChkHideMeaning");
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_C, Qt::ControlModifier);
         stroke(Qt::Key_G);
-        stroke(Qt::Key_M);
-        QVERIFY(gardiner->isVisible() && meaning->isVisible());
-    }
-
-    void rightClickOpensThePopUpOnlyInsideTheDisplayArea() {
-        Program p;
-        QVERIFY(p.startAndShow());
-        auto* surface = p.find<QWidget>("MainSurface");
-        const QRect area = p.find<QFrame>("DispAreaShp")->geometry();
-        auto* popup = p.find<QMenu>("mnuFieldEdit");
-        QTest::mouseClick(surface, Qt::RightButton, {}, QPoint(area.left() - 2, area.center().y()));
-        QTest::mouseClick(surface, Qt::RightButton, {},
-                          QPoint(area.center().x(), area.bottom() + 3));
-        QVERIFY(!popup->isVisible());
-        QTest::mouseClick(surface, Qt::LeftButton, {}, area.center());
-        QVERIFY(!popup->isVisible());
-        QTest::mouseClick(surface, Qt::RightButton, {}, area.center());
-        QVERIFY(popup->isVisible());
-        popup->close();
+        QVERIFY(!gardiner->isVisible());
     }
 
     void resizingNeverGoesBelow6960TwipsAndAWidthGivenByHandStays() {
         Program p;
-        p.folder.write("Dictionaries/Words.nkd",
-                       "\"Test words\",\"Tester\",\"1 May 2024\",\"\",\"\",\"\",\"\"\r\n"
-                       "\"L\",\"B\",\"A1(0,0) - G17(330,0) \",\"A1-G17\",\"im\",\"who\",\"\"\r\n"
-                       "\"L\",\"B\",\"G43(0,0) \",\"G43\",\"w\",\"chick\",\"\"\r\n"
-                       "\"L\",\"B\",\"N35(0,0) - N35(13500,0) \",\"N35-N35\",\"nn\",\"\",\"\"\r\n");
+        p.folder.write(
+            "Dictionaries/Words.nkd",
+            Header + Word0 + Word2 +
+                "\"L\",\"B\",\"N35(0,0) - N35(13500,0) \",\"N35-N35\",\"\",\"\",\"\"\r\n");
         QVERIFY(p.startAndShow());
         p.window->resize(300, p.window->height());
         QTRY_COMPARE(p.window->width(), 464);
         QCOMPARE(p.app.view.windowWidth, 6960);
         p.window->resize(700, p.window->height());
         QTRY_COMPARE(p.window->width(), 700);
-        QCOMPARE(p.app.view.geometry.displayArea.width, 700 * 15 - 500);
         QCOMPARE(p.find<QFrame>("DispAreaShp")->width(), (700 * 15 - 500 + 7) / 15);
         QCOMPARE(p.find<QLineEdit>("MeaningTxt")->width(), (700 * 15 - 800 + 7) / 15);
-        QCOMPARE(p.find<QLineEdit>("TransLitTxt")->width(), (700 * 15 - 1400 + 7) / 15);
-        // The word stays centred in the wider area.
-        const QRect area = p.find<QFrame>("DispAreaShp")->geometry();
-        auto* a1 = p.find<QLabel>("mainGlyphPic0");
-        auto* g17 = p.find<QLabel>("mainGlyphPic1");
-        QVERIFY(qAbs((a1->x() + g17->geometry().right() + 1) / 2 - area.center().x()) <= 1);
         // The next word keeps the width given by hand; a wider word widens the window, and
         // the next narrow word brings back the width given by hand.
         p.click("cmdNext");
@@ -262,77 +200,11 @@ private Q_SLOTS:
         QCOMPARE(p.window->width(), 700);
     }
 
-    void theWordGrowsAboutTheCentreOfItsArea() {
-        Program p;
-        QVERIFY(p.startAndShow());
-        auto* a1 = p.find<QLabel>("mainGlyphPic0");
-        auto* g17 = p.find<QLabel>("mainGlyphPic1");
-        const QRect area = p.find<QFrame>("DispAreaShp")->geometry();
-        auto check = [&](int percent) {
-            QCOMPARE(p.app.settings.wordZoom, percent);
-            QCOMPARE(a1->size(), QSize(20, 36) * (percent / 100.0));       // A1 is 20 x 36
-            QVERIFY(qAbs(g17->x() - a1->x() - 22 * percent / 100.0) <= 1); // 330 twips apart
-            const int centre = (a1->x() + g17->geometry().right() + 1) / 2;
-            QVERIFY(qAbs(centre - area.center().x()) <= 1);
-        };
-        check(100);
-        p.window->setFocus();
-        QTest::keyClick(p.window.get(), Qt::Key_Plus, Qt::ControlModifier);
-        QTest::keyClick(p.window.get(), Qt::Key_Plus, Qt::ControlModifier);
-        check(150);
-        for (int i = 0; i < 9; ++i) p.action("mnuZoomIn")->trigger();
-        check(400);
-        QTest::keyClick(p.window.get(), Qt::Key_Minus, Qt::ControlModifier);
-        check(300);
-        QTest::keyClick(p.window.get(), Qt::Key_0, Qt::ControlModifier);
-        check(100);
-        QWheelEvent wheel(QPointF(5, 5), p.window->mapToGlobal(QPoint(5, 5)), {}, {0, 120},
-                          Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(p.find<QFrame>("DispAreaShp"), &wheel);
-        check(125);
-        // Kept for the next run.
-        p.answer(Answer::Yes);
-        p.action("mnuQuit")->trigger();
-        QVERIFY(p.folder.read("System/Settings.nks").contains("Word View Zoom = 125\r\n"));
-    }
-
-    void quitAnsweredCancelStaysAndWritesNoSettings() {
-        Program p;
-        QVERIFY(p.startAndShow());
-        const QByteArray before = p.folder.read("System/Settings.nks");
-        const QByteArray words = p.folder.read("Dictionaries/Words.nkd");
-        p.app.settings.direction = Direction::Right; // would be written by any way out
-        p.app.store.isChanged = true;
-        p.answer(Answer::Cancel);
-        p.action("mnuQuit")->trigger();
-        QCOMPARE(p.dialogs.prompts.back().text,
-                 std::string("Do you want to save before quitting?"));
-        QCOMPARE(p.dialogs.prompts.back().title, std::string("Quitting"));
-        QCOMPARE(p.dialogs.prompts.back().buttons, Buttons::YesNoCancel);
-        QVERIFY(p.window->isVisible());
-        QVERIFY(!p.app.endRequested);
-        QCOMPARE(p.folder.read("System/Settings.nks"), before);
-        // No: the program ends without saving the words, and the settings are written.
-        QSignalSpy ended(p.window.get(), &MainWindow::programEnded);
-        p.answer(Answer::No);
-        p.click("cmdQuit");
-        QVERIFY(p.app.endRequested);
-        QCOMPARE(ended.count(), 1);
-        QVERIFY(!p.window->isVisible());
-        QVERIFY(p.folder.read("System/Settings.nks").contains("Direction = Right"));
-        QCOMPARE(p.folder.read("Dictionaries/Words.nkd"), words);
-    }
-
-    // Save Image proposes the Gardiner notation as the name; the saved and copied pictures hold
-    // the word with its margin, in every format and at the chosen scale.
+    // The saved and copied pictures hold the word with its margin, in every format and at the
+    // chosen scale.
     void savedAndCopiedPicturesHoldTheWordWithItsMargin() {
         Program p;
         QVERIFY(p.startAndShow());
-        p.app.view.gardiner = "A1:D21*X1";
-        p.answerFile(std::nullopt);
-        p.action("mnuSaveGlyphImage")->trigger();
-        QCOMPARE(p.dialogs.prompts[0].text, p.folder.path() + "/Images/A1-D21-X1");
-        QVERIFY(QDir(p.folder.file("Images")).isEmpty());
         // A1 and G17: 330 + 420 = 750 twips wide, 600 high, and 32 twips on every side.
         const QSize expected((750 + 64 + 14) / 15, (600 + 64 + 14) / 15);
         for (const char* name : {"word.bmp", "word.png", "word.svg"}) {
@@ -342,7 +214,6 @@ private Q_SLOTS:
             QCOMPARE(QImage(file).size(), expected);
         }
         QCOMPARE(p.folder.read("Images/word.bmp").left(2), QByteArray("BM"));
-        QVERIFY(p.folder.read("Images/word.svg").contains("<svg"));
         p.click("cmdTool12"); // Copy Word Image
         QCOMPARE(QGuiApplication::clipboard()->image().size(), expected);
         p.action("mnuPictureScale3")->trigger();
@@ -351,26 +222,22 @@ private Q_SLOTS:
         QCOMPARE(QImage(p.folder.file("Images/three.png")).size(), expected * 3);
     }
 
-    void aMissingPictureIsAFramedSquareNamedInTheStatusBar() {
+    void aMissingPictureIsAFramedSquareAndShowBorderFramesTheRest() {
         Program p;
         p.folder.write("Dictionaries/Words.nkd",
                        "\"L\",\"B\",\"A1(0,0) - Q99(330,0) \",\"A1-Q99\",\"\",\"\",\"\"\r\n");
         QVERIFY(p.startAndShow());
-        auto* missing = p.find<QLabel>("mainGlyphPic1");
-        QVERIFY(missing->isVisible());
-        QCOMPARE(missing->size(), QSize(41, 41)); // 612 twips
-        QCOMPARE(missing->frameShape(), QFrame::Box);
-        QVERIFY(p.window->statusBar()->currentMessage().contains(QStringLiteral("Q99.GIF")));
-        QCOMPARE(p.find<QLabel>("mainGlyphPic0")->frameShape(), QFrame::NoFrame);
+        QCOMPARE(p.find<QLabel>("mainGlyphPic1")->frameShape(), QFrame::Box);
+        auto* a1 = p.find<QLabel>("mainGlyphPic0");
+        QCOMPARE(a1->frameShape(), QFrame::NoFrame);
         p.action("mnuShowBorder")->trigger();
-        QVERIFY(p.action("mnuShowBorder")->isChecked());
-        QCOMPARE(p.find<QLabel>("mainGlyphPic0")->frameShape(), QFrame::Box);
-        QCOMPARE(p.find<QLabel>("mainGlyphPic0")->size(), QSize(22, 38));
+        QCOMPARE(a1->frameShape(), QFrame::Box);
+        QCOMPARE(a1->size(), QSize(22, 38));
         p.action("mnuShowBorder")->trigger();
-        QCOMPARE(p.find<QLabel>("mainGlyphPic0")->frameShape(), QFrame::NoFrame);
+        QCOMPARE(a1->frameShape(), QFrame::NoFrame);
     }
 
-    // A new word is composed, shown, and on the way to another word stored at the end.
+    // The composer's word reaches the main window, and leaving it stores it at the end.
     void aNewWordIsComposedShownAndStored() {
         Program p;
         QVERIFY(p.startAndShow());
@@ -380,54 +247,23 @@ private Q_SLOTS:
             clickButton(compose, "OkCmd");
         });
         p.click("NewCmd");
-        QVERIFY(p.app.store.newWordPending);
         QCOMPARE(p.find<QLineEdit>("txtNumber")->text(), QStringLiteral("3"));
         QCOMPARE(p.find<QLineEdit>("GardinerTxt")->text(), QStringLiteral("G17-N35"));
         QVERIFY(p.find<QLabel>("mainGlyphPic1")->isVisible());
-        QVERIFY(!p.find<QLabel>("mainGlyphPic2")->isVisible());
         QTest::keyClicks(p.find<QLineEdit>("MeaningTxt"), "owl");
         p.answer(Answer::Yes);
         p.click("cmdFirst");
-        QCOMPARE(p.dialogs.messages(), std::vector<std::string>{StoreWordQuestion});
-        QCOMPARE(p.app.store.lastIndex, 3);
         QCOMPARE(p.app.store.field(3, FieldMeaning), std::string("owl"));
-        QCOMPARE(p.find<QLineEdit>("GardinerTxt")->text(), QStringLiteral("A1-G17"));
-        QVERIFY(p.app.store.isChanged);
     }
 
-    void guessAndTypewriterWriteIntoTheTransliteration() {
+    void f1OpensTheShippedHelpPage() {
         Program p;
-        QVERIFY(p.startAndShow());
-        auto* translit = p.find<QLineEdit>("TransLitTxt");
-        p.click("cmdTransGuess"); // A1 has no phonetic value, G17 is m
-        QCOMPARE(translit->text(), QStringLiteral("m"));
-        translit->setFocus();
-        p.action("mnuTypewriter")->trigger();
-        QWidget* typewriter = nullptr;
-        for (QWidget* w : QApplication::topLevelWidgets())
-            if (w->objectName() == QLatin1String("frmTypewriter") && w->isVisible()) typewriter = w;
-        QVERIFY(typewriter);
-        auto* space = typewriter->findChild<QPushButton*>(QStringLiteral("btnSpace"));
-        QVERIFY(space);
-        QTest::mouseClick(space, Qt::LeftButton);
-        QCOMPARE(translit->text(), QStringLiteral("m "));
-        QCOMPARE(p.app.view.transliteration, std::string("m "));
-        QVERIFY(p.app.view.textChanged);
-    }
-
-    // F1: the shipped page, with every key and the plain-letter code.
-    void f1OpensTheHelpPage() {
-        Program p;
-        QFile page(QStringLiteral(NEBKARO_DATA_DIR "/Help/index.html"));
-        QVERIFY(page.open(QIODevice::ReadOnly));
-        p.folder.write("Help/index.html", page.readAll());
+        p.folder.write("Help/index.html", fixture(QStringLiteral("../../data/Help/index.html")));
         QVERIFY(p.startAndShow());
         QTest::keyClick(p.window.get(), Qt::Key_F1);
         auto* help = p.find<QWidget>("Help");
-        QVERIFY(help && help->isVisible());
-        const QString text = help->findChild<QTextBrowser*>("txtHelp")->toPlainText();
-        for (const char* part : {"Composing a word", "Ctrl+Shift+S", "Shift+F3", "i\xcc\xaf"})
-            QVERIFY2(text.contains(QString::fromUtf8(part)), part);
+        QVERIFY(help->isVisible());
+        QVERIFY(help->findChild<QTextBrowser*>("txtHelp")->toPlainText().contains("Shift+F3"));
     }
 
     // Every window, from every place that opens it, with the main window in a corner of the
@@ -521,18 +357,12 @@ private Q_SLOTS:
         Program p;
         QVERIFY(p.startAndShow());
         p.action("mnuPrint1")->trigger();
+        p.click("cmdNext"); // the line stays while the page waits
         QCOMPARE(p.window->statusBar()->currentMessage(),
                  QStringLiteral("1 word waits to be printed (Form Feed prints the page)"));
-        p.click("cmdNext"); // the line stays while the page waits
-        QVERIFY(p.window->statusBar()->currentMessage().startsWith(QStringLiteral("1 word")));
         p.answer(Answer::Cancel);
         p.click("cmdQuit");
-        QVERIFY(!p.app.endRequested);
-        QCOMPARE(p.dialogs.prompts.back().title, std::string("Quitting"));
-        QVERIFY(p.dialogs.prompts.back().text.find("1 word waits") == 0);
-        p.answer(Answer::No); // drop the page, then quit
-        p.click("cmdQuit");
-        QVERIFY(p.app.endRequested);
+        QVERIFY(!p.app.endRequested && p.window->isVisible());
     }
 
     // Every window's named controls with their captions, keys and tips, as
@@ -651,55 +481,52 @@ private Q_SLOTS:
     }
 
     // Every change to the dictionary in memory is taken back and done again from the Edit menu
-    // whatever command made it; opening a dictionary forgets the steps.
+    // whatever window made it; opening a dictionary forgets the steps.
+    void everyKindOfChangeIsUndoneAndRedone_data() {
+        QTest::addColumn<QString>("name");
+        for (const char* name : {"Store word 0", "Delete word 1", "Sort by Comment", "Shuffle"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
     void everyKindOfChangeIsUndoneAndRedone() {
-        const std::pair<const char*, std::function<void(Program&)>> steps[] = {
-            {"Store word 0",
-             [](Program& p) {
-                 QTest::keyClicks(p.find<QLineEdit>("MeaningTxt"), QStringLiteral(" else"));
-                 p.click("cmdStore");
-             }},
-            {"Delete word 1",
-             [](Program& p) {
-                 p.click("cmdNext");
-                 p.answer(Answer::Yes);
-                 p.click("cmdDelete");
-             }},
-            {"Sort by Comment",
-             [](Program& p) {
-                 sortBy("optComment");
-                 p.answer(Answer::OK); // done
-                 p.click("cmdSort");
-             }},
-            {"Shuffle",
-             [](Program& p) {
-                 p.answer(Answer::Yes);
-                 p.action("mnuShuffle")->trigger();
-             }},
-        };
-        for (const auto& [name, run] : steps) {
-            Program p;
-            p.folder.write("Dictionaries/Words.nkd", eightWords());
-            QVERIFY(p.startAndShow());
-            QAction* undo = p.action("mnuUndo");
-            QVERIFY(!undo->isEnabled());
-            const auto before = rows(p.app);
-            run(p);
-            const auto after = rows(p.app);
-            QVERIFY2(after != before, name);
-            QCOMPARE(undo->text(), QStringLiteral("&Undo ") + QLatin1String(name));
-            undo->trigger();
-            QVERIFY2(rows(p.app) == before, name);
-            QVERIFY2(!p.app.store.isChanged, name); // as the file on disk
-            QCOMPARE(p.action("mnuRedo")->text(), QStringLiteral("&Redo ") + QLatin1String(name));
-            p.action("mnuRedo")->trigger();
-            QVERIFY2(rows(p.app) == after, name);
-            QVERIFY(!p.app.wordEdited(p.app)); // the boxes show what is stored
-            p.answer(Answer::No);              // do not save
-            p.answerFile(p.folder.fsPath("Dictionaries/Words.nkd"));
-            p.action("mnuOpen")->trigger();
-            QVERIFY(!undo->isEnabled());
+        QFETCH(QString, name);
+        Program p;
+        p.folder.write("Dictionaries/Words.nkd", eightWords());
+        QVERIFY(p.startAndShow());
+        QAction* undo = p.action("mnuUndo");
+        QAction* redo = p.action("mnuRedo");
+        QVERIFY(!undo->isEnabled());
+        const auto before = rows(p.app);
+        if (name.startsWith("Store")) {
+            QTest::keyClicks(p.find<QLineEdit>("MeaningTxt"), QStringLiteral(" else"));
+            p.click("cmdStore");
+        } else if (name.startsWith("Delete")) {
+            p.click("cmdNext");
+            p.answer(Answer::Yes);
+            p.click("cmdDelete");
+        } else if (name.startsWith("Sort")) {
+            whenOpen(QStringLiteral("Sort"), [](QWidget* d) {
+                choose(d, "optComment");
+                clickButton(d, "cmdOk");
+            });
+            p.answer(Answer::OK); // done
+            p.click("cmdSort");
+        } else {
+            p.answer(Answer::Yes);
+            p.action("mnuShuffle")->trigger();
         }
+        const auto after = rows(p.app);
+        QVERIFY(after != before);
+        QCOMPARE(undo->text(), "&Undo " + name);
+        undo->trigger();
+        QVERIFY(rows(p.app) == before);
+        QVERIFY(!p.app.store.isChanged); // as the file on disk
+        QCOMPARE(redo->text(), "&Redo " + name);
+        redo->trigger();
+        QVERIFY(rows(p.app) == after);
+        p.answer(Answer::No); // do not save
+        p.answerFile(p.folder.fsPath("Dictionaries/Words.nkd"));
+        p.action("mnuOpen")->trigger();
+        QVERIFY(!undo->isEnabled());
     }
 };
 
