@@ -5,19 +5,12 @@
 #include "ui/compose_window.h"
 #include "ui/sign_browser_window.h"
 
-#include <QAction>
 #include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDir>
-#include <QFile>
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
-#include <QRadioButton>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest>
 
@@ -66,14 +59,7 @@ class ComposeWindowTest : public QObject {
     AtomicFileWriter writer_;
     std::unique_ptr<App> app_;
     ScriptedWindows windows_;
-    std::unique_ptr<ui::SignBrowserHost>
-        lookup_; // the browser as the program gives it to the composer
-
-    // Where a screenshot goes when NEBKARO_SCREENSHOTS names a folder.
-    static void screenshot(QWidget* w, const char* name) {
-        const QString dir = qEnvironmentVariable("NEBKARO_SCREENSHOTS");
-        if (!dir.isEmpty()) w->grab().save(dir + "/" + name + ".png");
-    }
+    std::unique_ptr<ui::SignBrowserHost> lookup_; // the browser as the program gives it
 
 private slots:
     void init() {
@@ -93,11 +79,9 @@ private slots:
         lookup_ = std::make_unique<ui::SignBrowserHost>(*app_);
         windows_.chooseSign = [this] { return lookup_->chooseSign(); };
         windows_.onUnloadBrowser = [this] { lookup_->unload(); };
-        windows_.typewriters = 0;
         app_->windows = &windows_;
         app_->store.newWordPending = true;
         dialogs_.reset();
-        dialogs_.beeps = 0;
     }
 
     void cleanup() {
@@ -109,16 +93,10 @@ private slots:
         ui::ComposeWindow w(*app_);
         w.show();
         QVERIFY(QTest::qWaitForWindowExposed(&w));
-
         QTest::keyClicks(child<QLineEdit>(&w, "txtMdC"), "A1 n:t");
         QTest::mouseClick(child<QPushButton>(&w, "cmdGet"), Qt::LeftButton);
-        QVERIFY(dialogs_.prompts.empty());
-        for (int k = 0; k < 3; ++k)
-            QVERIFY(child<QLabel>(&w, QString("GlyphPic%1").arg(k))->isVisible());
-        auto* a1 = child<QLabel>(&w, "GlyphPic0");
-        QCOMPARE(a1->pixmap().size(), QSize(20, 40));
-        QCOMPARE(a1->size(), QSize(20, 40));
-        QVERIFY(child<QLabel>(&w, "GlyphPic3")->isVisible());
+        QCOMPARE(child<QLabel>(&w, "GlyphPic0")->size(), QSize(20, 40));
+        QVERIFY(child<QLabel>(&w, "GlyphPic3")->isVisible()); // the empty slot
         QVERIFY(!child<QLabel>(&w, "GlyphPic4")->isVisible());
         QVERIFY(!child<QLabel>(&w, "Debuglbl")->isVisible()); // no diagnostics for the user
 
@@ -129,91 +107,61 @@ private slots:
         QCOMPARE(x1->pos(), before + QPoint(0, 30));
         QCOMPARE(app_->glyphs[2].y, (before.y() + 30) * 15.0);
 
-        // The empty slot, double-clicked: the browser opens; the user finds G17 and
-        // double-clicks it.
-        bool browserSeen = false;
+        // The empty slot, double-clicked: the browser opens while the composer waits; the user
+        // finds G17 and double-clicks it.
         bool composerWaits = false;
         QTimer::singleShot(0, [&] {
             QWidget* lookup = lookup_->window();
-            browserSeen = lookup->isVisible();
-            composerWaits = !w.isEnabled();
-            screenshot(lookup, "lookup");
+            composerWaits = lookup->isVisible() && !w.isEnabled();
             QTest::keyClicks(child<QLineEdit>(lookup, "txtGlyph"), "g17");
             QTest::mouseClick(child<QPushButton>(lookup, "cmdGo"), Qt::LeftButton);
-            QCOMPARE(child<QLabel>(lookup, "lblGlyph0")->text(), QString("G17"));
             doubleClick(child<QLabel>(lookup, "picGlyph0"));
         });
         doubleClick(child<QLabel>(&w, "GlyphPic3"));
-        QVERIFY(browserSeen);
         QVERIFY(composerWaits);
-        QVERIFY(w.isEnabled());
-        QVERIFY(!lookup_->window()->isVisible());
-        QCOMPARE(app_->glyphs[3].code.value_or(""), std::string("G17"));
+        QVERIFY(w.isEnabled() && !lookup_->window()->isVisible());
         QCOMPARE(child<QLabel>(&w, "GlyphPic3")->pixmap().size(), QSize(30, 40));
         QVERIFY(child<QLabel>(&w, "GlyphPic4")->isVisible());
-        QCOMPARE(child<QLabel>(&w, "Gardinerlbl")->text(), QString("Gardiner: - G17"));
-        screenshot(&w, "compose");
 
         QTest::mouseClick(child<QPushButton>(&w, "OkCmd"), Qt::LeftButton);
         QVERIFY(!w.isVisible());
-        QVERIFY(app_->store.composeAccepted);
         QCOMPARE(app_->layoutText,
                  std::string("A1(0,0) - N35(300,225) - G17(385,860) - X1(900,635) "));
-        QCOMPARE(app_->composedGardiner, std::string("A1-N35-G17-X1"));
-        QCOMPARE(child<QLabel>(&w, "RichGardinerLbl")->text(),
-                 QString::fromStdString(app_->layoutText));
     }
 
     // Eighteen signs, wider together than the frame: the canvas grows so that every sign
-    // stands inside the frame, each can be grabbed, and the word is the one typed.
+    // stands inside the frame and each can be grabbed.
     void eighteenTypedSignsAreAllReachableAndGrabbable() {
         ui::ComposeWindow w(*app_);
         w.show();
         QVERIFY(QTest::qWaitForWindowExposed(&w));
-        QString line;
-        for (int k = 0; k < 6; ++k) line += "G1 G17 N35 ";
-        QTest::keyClicks(child<QLineEdit>(&w, "txtMdC"), line);
+        QTest::keyClicks(child<QLineEdit>(&w, "txtMdC"), QString("G1 G17 N35 ").repeated(6));
         QTest::mouseClick(child<QPushButton>(&w, "cmdGet"), Qt::LeftButton);
         const QRect frame = child<QFrame>(&w, "ComposeShp")->geometry();
         for (int k = 0; k < 18; ++k) {
             auto* pic = child<QLabel>(&w, QString("GlyphPic%1").arg(k));
-            QVERIFY(pic->isVisible());
-            QVERIFY2(frame.contains(pic->geometry()), qPrintable(pic->objectName()));
+            QVERIFY2(pic->isVisible() && frame.contains(pic->geometry()),
+                     qPrintable(pic->objectName()));
         }
-        for (int k : {0, 17}) {
-            auto* pic = child<QLabel>(&w, QString("GlyphPic%1").arg(k));
-            const QPoint before = pic->pos();
-            drag(pic, QPoint(0, 20));
-            QCOMPARE(pic->pos(), before + QPoint(0, 20));
-        }
-        QTest::mouseClick(child<QPushButton>(&w, "OkCmd"), Qt::LeftButton);
-        QCOMPARE(QString::fromStdString(app_->composedGardiner), line.trimmed().replace(' ', '-'));
+        auto* last = child<QLabel>(&w, "GlyphPic17");
+        const QPoint before = last->pos();
+        drag(last, QPoint(0, 20));
+        QCOMPARE(last->pos(), before + QPoint(0, 20));
     }
 
-    void deleteKeyAndDeleteLastWorkOnTheCanvas() {
+    // The Delete key goes to the sign clicked last.
+    void theDeleteKeyTakesTheClickedSign() {
         ui::ComposeWindow w(*app_);
         w.show();
         QVERIFY(QTest::qWaitForWindowExposed(&w));
         QTest::keyClicks(child<QLineEdit>(&w, "txtMdC"), "A1 G17 D21");
         QTest::mouseClick(child<QPushButton>(&w, "cmdGet"), Qt::LeftButton);
         auto* second = child<QLabel>(&w, "GlyphPic1");
-        const QPoint third = child<QLabel>(&w, "GlyphPic2")->pos();
         QTest::mouseClick(second, Qt::LeftButton);
         QTest::keyClick(second, Qt::Key_Delete);
         QCOMPARE(app_->glyphs[1].code.value_or(""), std::string("D21"));
-        QCOMPARE(second->pos(), third);
         QCOMPARE(second->pixmap().size(), QSize(30, 15));
-        QVERIFY(child<QLabel>(&w, "GlyphPic2")->isVisible());
-        QVERIFY(child<QLabel>(&w, "GlyphPic2")->pixmap().isNull());
-        QVERIFY(!child<QLabel>(&w, "GlyphPic3")->isVisible());
         QCOMPARE(child<QLabel>(&w, "Gardinerlbl")->text(), QString("Gardiner: - A1- D21"));
-        // The first click of Delete Last takes the last sign left: image 2, the empty slot,
-        // goes and image 1 becomes the empty slot.
-        QTest::mouseClick(child<QPushButton>(&w, "cmdDelLast"), Qt::LeftButton);
-        QVERIFY(!child<QLabel>(&w, "GlyphPic2")->isVisible());
-        QVERIFY(second->pixmap().isNull());
-        QCOMPARE(w.model().firstFreeSlot, 1);
-        QCOMPARE(child<QLabel>(&w, "Gardinerlbl")->text(), QString("Gardiner: - A1"));
     }
 };
 

@@ -48,7 +48,6 @@ private Q_SLOTS:
                                "(*.csv)|*.csv| All Files (*.*)|*.*"),
                  (QStringList{"Dictionary (*.nkd)", "Comma Separated Variables (*.csv)",
                               "All Files (*)"}));
-        QCOMPARE(qtNameFilters("Pictures (*.bmp)|*.bmp"), QStringList{"Pictures (*.bmp)"});
         // The pattern part is what counts; a description without one gets it.
         QCOMPARE(qtNameFilters("Pictures|*.bmp;*.dib"), QStringList{"Pictures (*.bmp *.dib)"});
         QCOMPARE(qtNameFilters(""), QStringList{});
@@ -67,99 +66,79 @@ private Q_SLOTS:
 
     // A one-word text under a long title: the box is wide enough for the whole title.
     void messageBoxesAreWideEnoughForTheirTitles() {
-        QtDialogs dialogs;
-        for (const char* title : {"Phonetic Not Found", "Sorted", "Not Found", ""}) {
+        for (const char* title : {"Phonetic Not Found", ""}) {
             int width = 0, wanted = 0;
             QTimer::singleShot(0, [&] {
                 auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-                QVERIFY(box);
                 QFont bold = box->font();
                 bold.setBold(true);
                 wanted = QFontMetrics(bold).horizontalAdvance(box->windowTitle()) + 100;
                 width = box->width();
                 box->button(QMessageBox::Ok)->click();
             });
-            QCOMPARE(dialogs.message("X1", title, Buttons::OK, Icon::Exclamation), Answer::OK);
+            QtDialogs().message("X1", title, Buttons::OK, Icon::Exclamation);
             QVERIFY2(width >= wanted, title);
         }
     }
 
-    void headerDialogRefusesEitherDirectionLetterButNotOthers() {
-        const std::pair<const char*, bool> cases[] = {{"L", false}, {"R", false}, {"l", true},
-                                                      {"r", true},  {"LR", true}, {" L", true}};
-        for (auto [value, accepted] : cases) {
-            Context c;
-            c.app.store.header[0] = "kept";
-            HeaderDialog dialog(c.app, c.app.store.header);
-            dialog.show();
-            auto* box0 = dialog.findChild<QLineEdit*>(QStringLiteral("txtHeader0"));
-            box0->setText(QLatin1String(value));
-            clickButton(&dialog, "Command1");
-            QCOMPARE(dialog.isVisible(), !accepted);
-            QCOMPARE(c.app.store.header[0], accepted ? std::string(value) : std::string("kept"));
-            QCOMPARE(box0->text(), accepted ? QLatin1String(value) : QString());
-            QCOMPARE(c.dialogs.messages(),
-                     accepted ? std::vector<std::string>{}
-                              : std::vector<std::string>{"First field cannot be 'L' or 'R'"});
-        }
+    void headerDialogRefusesEitherDirectionLetterButNotOthers_data() {
+        QTest::addColumn<QString>("value");
+        QTest::addColumn<bool>("accepted");
+        for (const char* v : {"L", "R"}) QTest::newRow(v) << QString(v) << false;
+        for (const char* v : {"l", "LR", " L"}) QTest::newRow(v) << QString(v) << true;
     }
-
-    void headerSwitchTakesEffectAtOnceEvenWhenClosedByTheFrame() {
+    void headerDialogRefusesEitherDirectionLetterButNotOthers() {
+        QFETCH(QString, value);
+        QFETCH(bool, accepted);
         Context c;
+        c.app.store.header[0] = "kept";
         HeaderDialog dialog(c.app, c.app.store.header);
         dialog.show();
-        QVERIFY(dialog.findChild<QCheckBox*>(QStringLiteral("chkShowInfo"))->isChecked());
-        choose(&dialog, "chkShowInfo");
-        dialog.findChild<QLineEdit*>(QStringLiteral("txtHeader1"))->setText("changed");
-        dialog.reject();
+        child<QLineEdit>(&dialog, "txtHeader0")->setText(value);
+        clickButton(&dialog, "Command1");
+        QCOMPARE(dialog.isVisible(), !accepted);
+        QCOMPARE(c.app.store.header[0], accepted ? value.toStdString() : std::string("kept"));
+        QCOMPARE(c.dialogs.messages(),
+                 accepted ? std::vector<std::string>{}
+                          : std::vector<std::string>{"First field cannot be 'L' or 'R'"});
+    }
+
+    // The show-again switches take effect at once, even when the window is closed by its frame
+    // (which drops the header's other changes).
+    void showAgainSwitchesTakeEffectAtOnce() {
+        Context c;
+        HeaderDialog header(c.app, c.app.store.header);
+        header.show();
+        choose(&header, "chkShowInfo");
+        child<QLineEdit>(&header, "txtHeader1")->setText("changed");
+        header.reject();
         QVERIFY(!c.app.settings.showDictionaryInfo);
         QCOMPARE(c.app.store.header[1], std::string());
-    }
-
-    void aboutSwitchTakesEffectAtOnce() {
-        Context c;
         AboutDialog about(c.app);
         about.show();
-        QVERIFY(child<QCheckBox>(&about, "chkShowAbout")->isChecked());
         choose(&about, "chkShowAbout");
         QVERIFY(!c.app.settings.showAbout);
-        clickButton(&about, "cmdOK");
-        QVERIFY(!about.isVisible());
     }
 
-    void preferencesShowTheCurrentValuesAndSaveWritesThem() {
+    void preferencesTakeQualityAtOnceAndSaveWritesTheConfirmedValues() {
         Context c;
-        c.app.settings.direction = Direction::Right;
         c.app.settings.printQuality = -3;
-        c.app.store.dictionaryName = "Mine.nkd";
         PreferencesDialog prefs(c.app);
         prefs.show();
-        auto checked = [&](const char* name) {
-            return prefs.findChild<QAbstractButton*>(QLatin1String(name))->isChecked();
-        };
-        QVERIFY(checked("optBasic") && checked("optRight") && checked("optMedium"));
-        QVERIFY(checked("chkShowAbout") && checked("chkShowInfo"));
-        // The draft button stores 0; each quality is taken at once.
+        QVERIFY(child<QAbstractButton>(&prefs, "optMedium")->isChecked());
+        // The draft button stores 0.
         const std::pair<const char*, int> qualities[] = {
             {"optDraft", 0}, {"optLow", -2}, {"optHigh", -4}, {"optMedium", -3}};
         for (auto [name, value] : qualities) {
             choose(&prefs, name);
             QCOMPARE(c.app.settings.printQuality, value);
         }
-        choose(&prefs, "chkShowInfo");
-        QVERIFY(!c.app.settings.showDictionaryInfo);
-        // Save writes the values as they stand; the library chosen but not confirmed is not
-        // among them.
+        // The library chosen but not confirmed is not saved.
         choose(&prefs, "optExtended");
         clickButton(&prefs, "cmdSave");
-        QCOMPARE(c.folder.read("System/Settings.nks"),
-                 QByteArray("Nebkaro Settings: \r\n\r\nLibrary = Basic\r\nDirection = Right\r\n"
-                            "Dictionary Name = Mine.nkd\r\nShow About = True\r\n"
-                            "Show Dictionary Info = False\r\n\r\n"));
-        QVERIFY(prefs.isVisible());
+        QVERIFY(c.folder.read("System/Settings.nks").contains("Library = Basic\r\n"));
         clickButton(&prefs, "cmdCancel");
         QVERIFY(c.app.settings.library == Library::Basic);
-        QVERIFY(c.app.settings.direction == Direction::Right);
     }
 
     void wordPictureDrawsSignsInSlotOrderWithItsMargin() {
@@ -173,101 +152,56 @@ private Q_SLOTS:
         WordPicture pic;
         pic.width = 60 + 64;
         pic.height = 30 + 64;
-        auto placed = [&](const char* file, int x, int y, bool ok = true) {
+        auto placed = [&](const char* file, int x, bool ok = true) {
             PlacedPicture p;
             p.picture.file = folder.file(QLatin1String(file)).toStdString();
             p.picture.width = p.picture.height = ok ? 30 : 45;
             p.picture.ok = ok;
             p.x = x + 32;
-            p.y = y + 32;
+            p.y = 32;
             return p;
         };
-        pic.pictures = {placed("black.png", 0, 0), placed("white.png", 0, 0),
-                        placed("black.png", 30, 0), placed("gone.png", 60, 0, false)};
+        pic.pictures = {placed("black.png", 0), placed("white.png", 0), placed("black.png", 30),
+                        placed("gone.png", 60, false)};
         const QImage image = wordPictureImage(pic);
         QCOMPARE(image.size(), QSize(9, 7)); // 124 x 94 twips, each part of a pixel counted
         QCOMPARE(image.pixelColor(2, 2), QColor(Qt::white)); // the later sign covers
-        QCOMPARE(image.pixelColor(3, 3), QColor(Qt::white));
         QCOMPARE(image.pixelColor(4, 2), QColor(Qt::black));
-        QCOMPARE(image.pixelColor(5, 3), QColor(Qt::black));
         QCOMPARE(image.pixelColor(0, 0), QColor(Qt::white)); // margin
         // The unreadable picture is a frame of its slot's size (45 twips = 3 pixels).
         QVERIFY(image.pixelColor(6, 4) != QColor(Qt::white));
         QVERIFY(image.pixelColor(8, 2) != QColor(Qt::white));
         QCOMPARE(image.pixelColor(7, 3), QColor(Qt::white));
-
         const QByteArray svg = wordPictureSvg(pic);
-        QVERIFY(svg.startsWith("<?xml"));
-        QVERIFY(svg.contains("width=\"9\" height=\"7\""));
         QCOMPARE(svg.count("<image "), 3);
         QCOMPARE(svg.count("<rect "), 2); // background and the empty frame
-        const QString file = folder.file("w.svg");
-        QVERIFY(saveWordPicture(pic, file, ImageFormat::Svg));
-        QCOMPARE(QImage(file).size(), QSize(9, 7));
-        QVERIFY(!saveWordPicture(pic, folder.file("no/such/folder/w.bmp"), ImageFormat::Bmp));
     }
 
     // Meaning is chosen the first time, so that OK sorts at once; the choices stay for the
-    // next time, Cancel and the frame give none.
-    void okGivesTheChosenFieldAndCancelNone() {
+    // next time, Cancel gives none.
+    void sortOkGivesTheChosenFieldAndCancelNone() {
         Context f;
         SortDialog d(f.app);
-        QVERIFY(f.app.sortDialog.loaded);
         d.show();
         QVERIFY(child<QRadioButton>(&d, "optMeaning")->isChecked());
-        child<QCheckBox>(&d, "chkCase")->click();
-        child<QPushButton>(&d, "cmdOk")->click();
-        QCOMPARE(f.app.sortDialog.sortField, SortField::Meaning);
-        QVERIFY(f.app.sortDialog.caseSensitive);
-        const std::pair<const char*, SortField> values[] = {{"optTranslit", SortField::Translit},
-                                                            {"optTrClass", SortField::Classic},
-                                                            {"optGardiner", SortField::Gardiner},
-                                                            {"optComment", SortField::Comment}};
-        for (auto [name, value] : values) {
-            d.show();
-            child<QRadioButton>(&d, name)->click();
-            child<QPushButton>(&d, "cmdOk")->click();
-            QCOMPARE(f.app.sortDialog.sortField, value);
-            QVERIFY(!d.isVisible());
-        }
-        d.show();
+        child<QRadioButton>(&d, "optTrClass")->click();
         child<QCheckBox>(&d, "ChkReverse")->click();
+        child<QPushButton>(&d, "cmdOk")->click();
+        QCOMPARE(f.app.sortDialog.sortField, SortField::Classic);
+        QVERIFY(f.app.sortDialog.reverse && !d.isVisible());
+        d.show();
         child<QPushButton>(&d, "cmdCancel")->click();
         QCOMPARE(f.app.sortDialog.sortField, SortField::None);
-        d.show();
-        QVERIFY(child<QRadioButton>(&d, "optComment")->isChecked());
-        QVERIFY(f.app.sortDialog.reverse);
-        d.close();
-        QCOMPARE(f.app.sortDialog.sortField, SortField::None);
-    }
-
-    void theSortCommandsShowItModally() {
-        Context f;
-        SortDialog d(f.app);
-        ScriptedWindows windows;
-        windows.onSortDialog = [&d] { d.showModal(); };
-        f.app.windows = &windows;
-        QTimer::singleShot(0, [&] {
-            QVERIFY(d.isModal() && d.isVisible());
-            child<QRadioButton>(&d, "optGardiner")->click();
-            child<QPushButton>(&d, "cmdOk")->click();
-        });
-        QCOMPARE(showSortDialog(f.app), SortField::Gardiner);
-        QVERIFY(!d.isVisible());
+        QVERIFY(child<QRadioButton>(&d, "optTrClass")->isChecked());
     }
 
     void progressDialogCancelSetsTheFlagAndHides() {
         Context f;
         CancelDialog d(f.app);
         d.showWith("Flipping Started");
-        QVERIFY(d.isVisible());
-        QCOMPARE(d.windowTitle(), QString("Flipping Started"));
-        QVERIFY(d.isModal()); // while the work runs, only its Cancel responds
         QCOMPARE(child<QLabel>(&d, "lblProcess")->text(), QString("Flipping Started"));
-        QVERIFY(!f.app.sortCancelled);
         child<QPushButton>(&d, "CancelButton")->click();
-        QVERIFY(f.app.sortCancelled);
-        QVERIFY(!d.isVisible());
+        QVERIFY(f.app.sortCancelled && !d.isVisible());
     }
 };
 
