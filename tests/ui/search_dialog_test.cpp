@@ -1,132 +1,99 @@
-// The Search dialog and the typewriter driven through their widgets, found by the names their
-// controls have always had.
-#include "bulk/search.h"
-#include "bulk/search_dialog.h"
-#include "core/sign_lists.h"
+// The Search dialog and the typewriter driven through their widgets from the main window.
 #include "harness.h"
-#include "ui/search_dialog.h"
-#include "ui/search_windows.h"
 #include "ui/typewriter_window.h"
 
 #include <QCheckBox>
 #include <QClipboard>
-#include <QFontDatabase>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTableView>
-#include <QtTest>
 
 using namespace nebkaro;
 using namespace nebkaro::uitest;
 
+namespace {
+
+// Five words; G17 reads m, N35 reads n, and G17a is a variant of G17.
+QByteArray searchWords() {
+    QByteArray d = Header;
+    for (const char* r :
+         {"G17(0,0) - N35(300,0) \",\"G17-N35\",\"ra\",\"the sun",
+          "N35(0,0) \",\"N35\",\"nTr\",\"god",
+          "N35(0,0) - G17a(300,0) \",\"N35-G17a\",\"nTrj\",\"godly god",
+          "G43(0,0) \",\"G43\",\"iaH\",\"moon", "G17(0,0) \",\"G17\",\"nTr\",\"a god"})
+        d += "\"L\",\"B\",\"" + QByteArray(r) + "\",\"\"\r\n";
+    return d;
+}
+
+std::vector<int> indices(const QAbstractItemModel* m) {
+    std::vector<int> out;
+    for (int r = 0; r < m->rowCount(); ++r) out.push_back(m->index(r, 0).data().toInt());
+    return out;
+}
+
+void doubleClickRow(QTableView* list, int row) {
+    QTest::qWait(50); // laid out
+    list->scrollTo(list->model()->index(row, 0));
+    const QPoint cell = list->visualRect(list->model()->index(row, 2)).center();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, cell);
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, cell);
+}
+
+} // namespace
+
 class SearchWindowsTest : public QObject {
     Q_OBJECT
 
-    ScriptedDialogs dialogs;
-    MemoryClipboard clipboard;
-    testing::CountingEvents events;
-    testing::FakeSignPictures pictures;
-    testing::MemoryFileWriter writer;
-    std::unique_ptr<App> app;
-    std::unique_ptr<QWidget> mainWindow;
-    std::unique_ptr<SearchWindows> tools;
-    ScriptedWindows windows;
-    std::string browserSign; // the sign the browser hands over next; empty: none
-    std::vector<int> rendered;
+    std::unique_ptr<Program> p;
 
-    static std::vector<int> indices(const QAbstractItemModel* m) {
-        std::vector<int> out;
-        for (int r = 0; r < m->rowCount(); ++r) out.push_back(m->index(r, 0).data().toInt());
-        return out;
-    }
-
-    static void doubleClickRow(QTableView* list, int row) {
-        QTest::qWait(50); // laid out
-        list->scrollTo(list->model()->index(row, 0));
-        const QPoint cell = list->visualRect(list->model()->index(row, 2)).center();
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, cell);
-        QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, cell);
-    }
-
-    // While Find waits for the dialog, the user acts.
-    void whileFindWaits(std::function<void(SearchDialog*)> user) {
-        QTimer::singleShot(0, this, [this, user] {
-            QPointer<SearchDialog> d = tools->searchDialog();
+    // The user acts in the Search dialog the Search button opens.
+    void inSearch(std::function<void(QWidget*)> user) {
+        whenOpen(QStringLiteral("Search"), [user](QWidget* d) {
             user(d);
-            // A failed check returns early: let the waiting Find go on all the same.
-            if (d && d->isVisible()) d->close();
+            if (d->isVisible()) d->close(); // a failed check returned early
         });
-        findCommand(*app);
+        p->click("cmdSearch");
     }
+    int shown() const { return p->app.store.currentIndex; }
 
 private Q_SLOTS:
-    void initTestCase() {
-        const QString font = QStringLiteral(NEBKARO_DATA_DIR "/Fonts/Transliteration.ttf");
-        if (QFile::exists(font)) QFontDatabase::addApplicationFont(font);
-    }
-
     void init() {
-        dialogs.reset();
-        rendered.clear();
-        app = std::make_unique<App>(dialogs, clipboard, events, pictures, writer);
-        const char* meanings[] = {"the sun", "god, king", "godly god", "moon", "a god"};
-        const char* translit[] = {"ra", "nTr", "nTrj", "iaH", "nTr"};
-        for (int i = 0; i < 5; ++i) {
-            app->store.setField(i, FieldGardiner, "G" + std::to_string(i + 1) + "a");
-            app->store.setField(i, FieldTranslit, translit[i]);
-            app->store.setField(i, FieldMeaning, meanings[i]);
-        }
-        app->store.lastIndex = 4;
-        app->renderWord = [this](App& a) { rendered.push_back(a.store.currentIndex); };
-        mainWindow = std::make_unique<QWidget>();
-        mainWindow->setObjectName(QStringLiteral("Main"));
-        mainWindow->setGeometry(200, 150, 400, 300);
-        mainWindow->show();
-        tools = std::make_unique<SearchWindows>(*app, mainWindow.get());
-        windows.onSearchDialog = [this] { tools->showSearchDialogAndWait(); };
-        windows.onTypewriterText = [this](TypewriterTarget t) { tools->typewriterTextChanged(t); };
-        windows.chooseSign = [this] {
-            app->chosenSign.code = browserSign;
-            return !browserSign.empty();
-        };
-        app->windows = &windows;
+        p = std::make_unique<Program>();
+        p->folder.write("Dictionaries/Words.nkd", searchWords());
+        QVERIFY(p->startAndShow());
     }
-
-    void cleanup() {
-        tools.reset();
-        mainWindow.reset();
-        app.reset();
-    }
+    void cleanup() { p.reset(); }
 
     void theTypewriterTypesIntoTheSearchBox() {
-        whileFindWaits([this](SearchDialog* d) {
-            child<QRadioButton>(d, "optTranslit")->click();
-            QTest::mouseClick(child<QPushButton>(d, "cmdTypewriter"), Qt::LeftButton);
-            TypewriterWindow* t = tools->typewriter();
-            QVERIFY(t && t->isVisible());
+        inSearch([](QWidget* d) {
+            choose(d, "optTranslit");
+            clickButton(d, "cmdTypewriter");
+            auto* t = qobject_cast<TypewriterWindow*>(shownWindow("frmTypewriter"));
+            QVERIFY(t);
             QTest::mouseClick(t->key(15), Qt::LeftButton); // A
             QTest::mouseClick(t->key(28), Qt::LeftButton); // H
-            QTest::mouseClick(child<QPushButton>(t, "btnSpace"), Qt::LeftButton);
-            QTest::mouseClick(child<QPushButton>(t, "btnBksp"), Qt::LeftButton);
+            clickButton(t, "btnSpace");
+            clickButton(t, "btnBksp");
             QCOMPARE(child<QLineEdit>(d, "txtSearch")->text(), QStringLiteral("AH"));
             child<QAction>(t, "mnuLatin")->trigger();
-            QTest::mouseClick(child<QPushButton>(d, "cmdOk"), Qt::LeftButton);
+            clickButton(d, "cmdOk");
         });
         // Accepted: the keys go to the main window's transliteration again.
-        QCOMPARE(app->typewriterTarget, TypewriterTarget::MainTransLit);
-        QTest::mouseClick(tools->typewriter()->key(16), Qt::LeftButton);
-        QCOMPARE(app->view.transliteration, std::string("a")); // the Alphabetical keys stay
+        auto* t = qobject_cast<TypewriterWindow*>(shownWindow("frmTypewriter"));
+        QTest::mouseClick(t->key(16), Qt::LeftButton);
+        QCOMPARE(p->find<QLineEdit>("TransLitTxt")->text(), QStringLiteral("raa")); // Latin keys stay
     }
 
     // Scholarly letters pasted are searched as their plain ones; Find All lists what Find would
     // find, and a double-click shows the word.
     void findAllListsWhatFindWouldFind() {
-        whileFindWaits([this](SearchDialog* d) {
-            child<QRadioButton>(d, "optTranslit")->click();
+        inSearch([this](QWidget* d) {
+            choose(d, "optTranslit");
             QApplication::clipboard()->setText(QStringLiteral("nṯr"));
             child<QLineEdit>(d, "txtSearch")->paste();
-            QTest::mouseClick(child<QPushButton>(d, "cmdFindAll"), Qt::LeftButton);
+            clickButton(d, "cmdFindAll");
             auto* list = child<QTableView>(d, "lstFound");
             QAbstractItemModel* m = list->model();
             QCOMPARE(indices(m), (std::vector<int>{1, 2, 4}));
@@ -135,53 +102,52 @@ private Q_SLOTS:
                      QStringLiteral("Transliteration"));
             QCOMPARE(child<QLabel>(d, "lblFound")->text(), QStringLiteral("3 words found"));
             doubleClickRow(list, 2);
-            QCOMPARE(rendered, std::vector<int>{4});
-            QTest::mouseClick(child<QPushButton>(d, "cmdCancel"), Qt::LeftButton);
+            QCOMPARE(shown(), 4);
+            clickButton(d, "cmdCancel");
         });
         // Find Previous goes on from the word shown, with the same criteria.
-        findPreviousCommand(*app);
-        QCOMPARE(rendered, (std::vector<int>{4, 2}));
-        QVERIFY(dialogs.prompts.empty());
+        p->click("cmdSearchPrevious");
+        QCOMPARE(shown(), 2);
+        QVERIFY(p->dialogs.prompts.empty());
     }
 
+    // No Find All: the list follows what is typed, narrowing with each sign.
     void signsListFollowsTheTypingWithPictures() {
-        parsePhonetic(app->lists, "\"G17\",\"m\"\r\n\"D21\",\"r\"\r\n");
-        const char* layouts[] = {"G17(0,0) - D21(300,0) ", "D21(0,0) ", "D21(0,0) - G17a(300,0) ",
-                                 "X1(0,0) ", "G17(0,0) "};
-        for (int i = 0; i < 5; ++i) app->store.setField(i, FieldLayout, layouts[i]);
-        whileFindWaits([this](SearchDialog* d) {
-            child<QRadioButton>(d, "optSigns")->click();
+        inSearch([this](QWidget* d) {
+            choose(d, "optSigns");
             auto* list = child<QTableView>(d, "lstFound");
-            auto* label = child<QLabel>(d, "lblFound");
             auto* box = child<QLineEdit>(d, "txtSearch");
             QAbstractItemModel* m = list->model();
-            // No Find All: the list follows what is typed.
-            QTest::keyClicks(box, "r G17");
+            QTest::keyClicks(box, "n G17");
             QTRY_COMPARE(indices(m), (std::vector<int>{0}));
-            child<QCheckBox>(d, "chkIgnoreVariants")->click();
+            choose(d, "chkIgnoreVariants");
             QTRY_COMPARE(indices(m), (std::vector<int>{0, 2}));
             QVERIFY(!m->index(0, 1).data(Qt::DecorationRole).value<QPixmap>().isNull());
             // A name that is no sign empties the list and says so, without a message box.
             QTest::keyClicks(box, " qqq");
-            QTRY_COMPARE(label->text(),
+            QTRY_COMPARE(child<QLabel>(d, "lblFound")->text(),
                          QStringLiteral("qqq is neither a sign code nor a phonetic value"));
             QCOMPARE(m->rowCount(), 0);
-            QVERIFY(dialogs.prompts.empty());
+            QVERIFY(p->dialogs.prompts.empty());
             // A sign picked in the sign list joins the typed ones.
             box->setText("m");
-            browserSign = "D21";
-            QTest::mouseClick(child<QPushButton>(d, "cmdPickSign"), Qt::LeftButton);
-            QCOMPARE(box->text(), QStringLiteral("m D21"));
+            whenOpen(QStringLiteral("Lookup"), [](QWidget* lookup) {
+                QTest::keyClicks(child<QLineEdit>(lookup, "txtGlyph"), "n35");
+                clickButton(lookup, "cmdGo");
+                QTest::mouseDClick(child(lookup, "picGlyph0"), Qt::LeftButton);
+            });
+            clickButton(d, "cmdPickSign");
+            QCOMPARE(box->text(), QStringLiteral("m N35"));
             QTRY_COMPARE(indices(m), (std::vector<int>{0, 2}));
             box->setText("m");
             QTRY_COMPARE(indices(m), (std::vector<int>{0, 2, 4}));
             doubleClickRow(list, 1);
-            QCOMPARE(rendered, std::vector<int>{2});
-            QTest::mouseClick(child<QPushButton>(d, "cmdCancel"), Qt::LeftButton);
+            QCOMPARE(shown(), 2);
+            clickButton(d, "cmdCancel");
         });
         // Find Next goes on with the signs.
-        findNextCommand(*app);
-        QCOMPARE(rendered, (std::vector<int>{2, 4}));
+        p->action("mnuFindNext")->trigger();
+        QCOMPARE(shown(), 4);
     }
 };
 
