@@ -1,44 +1,18 @@
-// The small windows and the Qt side of the ports: file filters, unattended answers, the
-// dictionary information dialog, About, Preferences, Sort, the progress dialog, and the
-// word's picture.
-#include "bulk/sort_dialog_model.h"
-#include "display/word_picture_qt.h"
+// The small windows and the Qt side of the ports: file filters, unattended answers, message
+// boxes, the dictionary information dialog, About, Preferences and the progress dialog.
 #include "harness.h"
 #include "ui/about_dialog.h"
 #include "ui/cancel_dialog.h"
 #include "ui/header_dialog.h"
 #include "ui/preferences_dialog.h"
-#include "ui/qt_ports.h"
-#include "ui/sort_dialog.h"
 
-#include <QApplication>
-#include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QRadioButton>
-#include <QTest>
-#include <QTimer>
 
 using namespace nebkaro;
 using namespace nebkaro::uitest;
-
-namespace {
-struct Context {
-    ProgramFolder folder;
-    ScriptedDialogs dialogs;
-    QtClipboard clipboard;
-    QtEventPump events;
-    FolderSignPictures pictures{folder.path()};
-    AtomicFileWriter writer;
-    App app{dialogs, clipboard, events, pictures, writer};
-    Context() {
-        app.home = folder.path();
-        app.store.dictionaryPath = folder.path() + "/Dictionaries/Words.nkd";
-    }
-};
-} // namespace
 
 class DialogsTest : public QObject {
     Q_OBJECT
@@ -90,7 +64,7 @@ private Q_SLOTS:
     void headerDialogRefusesEitherDirectionLetterButNotOthers() {
         QFETCH(QString, value);
         QFETCH(bool, accepted);
-        Context c;
+        Program c;
         c.app.store.header[0] = "kept";
         HeaderDialog dialog(c.app, c.app.store.header);
         dialog.show();
@@ -106,7 +80,7 @@ private Q_SLOTS:
     // The show-again switches take effect at once, even when the window is closed by its frame
     // (which drops the header's other changes).
     void showAgainSwitchesTakeEffectAtOnce() {
-        Context c;
+        Program c;
         HeaderDialog header(c.app, c.app.store.header);
         header.show();
         choose(&header, "chkShowInfo");
@@ -121,7 +95,7 @@ private Q_SLOTS:
     }
 
     void preferencesTakeQualityAtOnceAndSaveWritesTheConfirmedValues() {
-        Context c;
+        Program c(false); // no settings file yet
         c.app.settings.printQuality = -3;
         PreferencesDialog prefs(c.app);
         prefs.show();
@@ -141,62 +115,8 @@ private Q_SLOTS:
         QVERIFY(c.app.settings.library == Library::Basic);
     }
 
-    void wordPictureDrawsSignsInSlotOrderWithItsMargin() {
-        ProgramFolder folder;
-        // A black 2 x 2 picture and a white one drawn over it at the same place.
-        QImage black(2, 2, QImage::Format_RGB32), white(2, 2, QImage::Format_RGB32);
-        black.fill(Qt::black);
-        white.fill(Qt::white);
-        black.save(folder.file("black.png"));
-        white.save(folder.file("white.png"));
-        WordPicture pic;
-        pic.width = 60 + 64;
-        pic.height = 30 + 64;
-        auto placed = [&](const char* file, int x, bool ok = true) {
-            PlacedPicture p;
-            p.picture.file = folder.file(QLatin1String(file)).toStdString();
-            p.picture.width = p.picture.height = ok ? 30 : 45;
-            p.picture.ok = ok;
-            p.x = x + 32;
-            p.y = 32;
-            return p;
-        };
-        pic.pictures = {placed("black.png", 0), placed("white.png", 0), placed("black.png", 30),
-                        placed("gone.png", 60, false)};
-        const QImage image = wordPictureImage(pic);
-        QCOMPARE(image.size(), QSize(9, 7)); // 124 x 94 twips, each part of a pixel counted
-        QCOMPARE(image.pixelColor(2, 2), QColor(Qt::white)); // the later sign covers
-        QCOMPARE(image.pixelColor(4, 2), QColor(Qt::black));
-        QCOMPARE(image.pixelColor(0, 0), QColor(Qt::white)); // margin
-        // The unreadable picture is a frame of its slot's size (45 twips = 3 pixels).
-        QVERIFY(image.pixelColor(6, 4) != QColor(Qt::white));
-        QVERIFY(image.pixelColor(8, 2) != QColor(Qt::white));
-        QCOMPARE(image.pixelColor(7, 3), QColor(Qt::white));
-        const QByteArray svg = wordPictureSvg(pic);
-        QCOMPARE(svg.count("<image "), 3);
-        QCOMPARE(svg.count("<rect "), 2); // background and the empty frame
-    }
-
-    // Meaning is chosen the first time, so that OK sorts at once; the choices stay for the
-    // next time, Cancel gives none.
-    void sortOkGivesTheChosenFieldAndCancelNone() {
-        Context f;
-        SortDialog d(f.app);
-        d.show();
-        QVERIFY(child<QRadioButton>(&d, "optMeaning")->isChecked());
-        child<QRadioButton>(&d, "optTrClass")->click();
-        child<QCheckBox>(&d, "ChkReverse")->click();
-        child<QPushButton>(&d, "cmdOk")->click();
-        QCOMPARE(f.app.sortDialog.sortField, SortField::Classic);
-        QVERIFY(f.app.sortDialog.reverse && !d.isVisible());
-        d.show();
-        child<QPushButton>(&d, "cmdCancel")->click();
-        QCOMPARE(f.app.sortDialog.sortField, SortField::None);
-        QVERIFY(child<QRadioButton>(&d, "optTrClass")->isChecked());
-    }
-
     void progressDialogCancelSetsTheFlagAndHides() {
-        Context f;
+        Program f;
         CancelDialog d(f.app);
         d.showWith("Flipping Started");
         QCOMPARE(child<QLabel>(&d, "lblProcess")->text(), QString("Flipping Started"));
