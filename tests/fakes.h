@@ -132,49 +132,25 @@ public:
         SignPicture p;
         p.file = std::filesystem::path("/pictures") / libraryName(library) /
                  directionName(direction) / (code + ".GIF");
-        auto it = sizes.find(code);
-        if (it == sizes.end()) {
-            p.width = p.height = FolderSignPictures::EmptySlotSize;
-            return p;
-        }
-        p.width = it->second.first;
-        p.height = it->second.second;
-        p.ok = true;
+        const auto it = sizes.find(code);
+        p.ok = it != sizes.end();
+        p.width = p.ok ? it->second.first : FolderSignPictures::EmptySlotSize;
+        p.height = p.ok ? it->second.second : FolderSignPictures::EmptySlotSize;
         return p;
     }
 };
 
-// The windows as the logic sees them: status lines recorded, the rest handed to the test.
+// The windows as the logic sees them: the status lines recorded, the rest left to WindowHost.
 struct ScriptedWindows : WindowHost {
     std::vector<std::string> status;
-    std::function<bool()> chooseSign; // the browser's choice; unset: closed without one
-    std::function<void()> onSearchDialog, onSortDialog, onUnloadBrowser;
-    std::function<void(TypewriterTarget)> onTypewriterText;
-
     void showStatus(const std::string& s) override { status.push_back(s); }
-    void showTypewriter() override {}
-    bool chooseSignFromBrowser() override { return chooseSign && chooseSign(); }
-    void unloadBrowser() override {
-        if (onUnloadBrowser) onUnloadBrowser();
-    }
-    void showSearchDialogAndWait() override {
-        if (onSearchDialog) onSearchDialog();
-    }
-    void showSortDialog() override {
-        if (onSortDialog) onSortDialog();
-    }
-    void typewriterTextChanged(TypewriterTarget t) override {
-        if (onTypewriterText) onTypewriterText(t);
-    }
 };
 
-// Writes into memory; can be told to fail with a given error.
+// Writes into memory.
 class MemoryFileWriter : public FileWriter {
 public:
     std::map<std::string, std::string> written;
-    int failWith = 0;
     void write(const std::filesystem::path& path, const std::string& bytes) override {
-        if (failWith) throw RunError(failWith);
         written[path.string()] = bytes;
     }
 };

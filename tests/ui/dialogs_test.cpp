@@ -1,5 +1,5 @@
-// The small windows and the Qt side of the ports: file filters, unattended answers, message
-// boxes, the dictionary information dialog, About, Preferences and the progress dialog.
+// The small windows and the Qt side of the ports: file filters, message boxes, the dictionary
+// information dialog, About, Preferences and the progress dialog.
 #include "harness.h"
 #include "ui/about_dialog.h"
 #include "ui/cancel_dialog.h"
@@ -26,16 +26,6 @@ private Q_SLOTS:
         QCOMPARE(qtNameFilters("Pictures|*.bmp;*.dib"), QStringList{"Pictures (*.bmp *.dib)"});
         QCOMPARE(qtNameFilters(""), QStringList{});
         QCOMPARE(qtNameFilters("Dangling"), QStringList{});
-    }
-
-    void unattendedDialogsTakeTheFirstButtonAndCancelFiles() {
-        QtDialogs::setMode(QtDialogs::Mode::Unattended);
-        QtDialogs d;
-        QCOMPARE(d.message("Open another?", "", Buttons::YesNo, Icon::Question), Answer::Yes);
-        QCOMPARE(d.message("Load?", "", Buttons::OKCancel, Icon::Exclamation), Answer::OK);
-        QCOMPARE(d.openFile("F|*.f", "/x"), std::optional<std::filesystem::path>());
-        QCOMPARE(d.input("?", "", ""), std::optional<std::string>());
-        QtDialogs::setMode(QtDialogs::Mode::Interactive);
     }
 
     // A one-word text under a long title: the box is wide enough for the whole title.
