@@ -1,14 +1,12 @@
-// The small windows and the Qt side of the ports: file filters, message boxes, the dictionary
-// information dialog, About, Preferences and the progress dialog.
+// The small windows and the Qt side of the ports: file filters, the dictionary information
+// dialog, Preferences and the progress dialog.
 #include "harness.h"
-#include "ui/about_dialog.h"
 #include "ui/cancel_dialog.h"
 #include "ui/header_dialog.h"
 #include "ui/preferences_dialog.h"
 
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
 
 using namespace nebkaro;
@@ -26,23 +24,6 @@ private Q_SLOTS:
         QCOMPARE(qtNameFilters("Pictures|*.bmp;*.dib"), QStringList{"Pictures (*.bmp *.dib)"});
         QCOMPARE(qtNameFilters(""), QStringList{});
         QCOMPARE(qtNameFilters("Dangling"), QStringList{});
-    }
-
-    // A one-word text under a long title: the box is wide enough for the whole title.
-    void messageBoxesAreWideEnoughForTheirTitles() {
-        for (const char* title : {"Phonetic Not Found", ""}) {
-            int width = 0, wanted = 0;
-            QTimer::singleShot(0, [&] {
-                auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-                QFont bold = box->font();
-                bold.setBold(true);
-                wanted = QFontMetrics(bold).horizontalAdvance(box->windowTitle()) + 100;
-                width = box->width();
-                box->button(QMessageBox::Ok)->click();
-            });
-            QtDialogs().message("X1", title, Buttons::OK, Icon::Exclamation);
-            QVERIFY2(width >= wanted, title);
-        }
     }
 
     void headerDialogRefusesEitherDirectionLetterButNotOthers_data() {
@@ -65,23 +46,6 @@ private Q_SLOTS:
         QCOMPARE(c.dialogs.messages(),
                  accepted ? std::vector<std::string>{}
                           : std::vector<std::string>{"First field cannot be 'L' or 'R'"});
-    }
-
-    // The show-again switches take effect at once, even when the window is closed by its frame
-    // (which drops the header's other changes).
-    void showAgainSwitchesTakeEffectAtOnce() {
-        Program c;
-        HeaderDialog header(c.app, c.app.store.header);
-        header.show();
-        choose(&header, "chkShowInfo");
-        child<QLineEdit>(&header, "txtHeader1")->setText("changed");
-        header.reject();
-        QVERIFY(!c.app.settings.showDictionaryInfo);
-        QCOMPARE(c.app.store.header[1], std::string());
-        AboutDialog about(c.app);
-        about.show();
-        choose(&about, "chkShowAbout");
-        QVERIFY(!c.app.settings.showAbout);
     }
 
     void preferencesTakeQualityAtOnceAndSaveWritesTheConfirmedValues() {

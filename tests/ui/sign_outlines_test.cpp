@@ -1,11 +1,9 @@
 // Signs drawn from their outlines: every shipped sign has one that stands where its picture's
-// ink stands, a picture the font did not make is drawn from itself, and a word keeps its layout
-// at every scale it is exported at.
+// ink stands, and a word keeps its layout at every scale it is exported at.
 #include "display/sign_outlines_qt.h"
 #include "display/word_picture_qt.h"
 #include "harness.h"
 
-#include <QDir>
 #include <QFile>
 #include <QImage>
 #include <QPainter>
@@ -74,21 +72,6 @@ private Q_SLOTS:
         }
         QVERIFY(checked > 2 * 6000);
         QVERIFY(compared > 100);
-    }
-
-    void aPictureTheFontDidNotMakeIsDrawnFromItself() {
-        ProgramFolder folder; // A1 there is a picture of another size than the font's
-        QVERIFY(QDir().mkpath(folder.file(QStringLiteral("Fonts"))));
-        QVERIFY(QFile::copy(QString::fromStdString((Data / "Fonts" / "Aegyptus.ttf").string()),
-                            folder.file(QStringLiteral("Fonts/Aegyptus.ttf"))));
-        folder.write("Lists/SignGlyphs.csv", "\"A1\",\"13000\"\r\n");
-        folder.write("Basic/Left/Z/Z9.GIF", fixture("signs/10x10.gif")); // no glyph for Z9
-        FolderSignPictures pictures(folder.path());
-        for (const char* code : {"A1", "Z9"}) {
-            const SignPicture p = pictures.picture(Library::Basic, Direction::Left, code);
-            QVERIFY2(p.ok && signOutline(p).isEmpty(), code);
-            QCOMPARE(signImage(p, 4).size(), QSize(p.width / 15 * 4, p.height / 15 * 4));
-        }
     }
 
     // The ink of the word at 1x, scaled, is the ink at every scale, to within the pixel the
