@@ -91,14 +91,6 @@ private Q_SLOTS:
             QVERIFY2(p.dialogs.prompts.size() == 1, leave);
             QCOMPARE(p.app.store.field(1, FieldMeaning), yes ? before + "!" : before);
         }
-        // A box changed without the focus (Guess) counts; a word left untouched does not.
-        p.click("cmdFirst");
-        p.click("cmdTransGuess");
-        p.dialogs.reset();
-        p.answer(Answer::No);
-        p.click("cmdNext");
-        p.click("cmdNext");
-        QCOMPARE(p.dialogs.prompts.size(), std::size_t(1));
     }
 
     void replacingTheDictionaryOrClosingAsksToSaveAStoredChange() {
@@ -179,9 +171,9 @@ private Q_SLOTS:
             p.dialogs.reset();
             p.answerFile(to);
             p.click("CmdSaveAs");
-            QCOMPARE(p.dialogs.messages().size(), std::size_t(1));
-            QVERIFY2(p.dialogs.messages()[0].find("not a regular file") != std::string::npos,
-                     p.dialogs.messages()[0].c_str());
+            const auto shown = p.dialogs.messages();
+            QVERIFY2(shown.size() == 1 && shown[0].find("not a regular file") != std::string::npos,
+                     to.c_str());
         }
         QVERIFY(std::filesystem::is_fifo(pipe));
     }
