@@ -85,9 +85,6 @@ public:
         if (!f.open(QIODevice::WriteOnly)) qFatal("cannot write %s", qPrintable(p));
         f.write(bytes);
     }
-    void write(const char* relative, const QByteArray& bytes) const {
-        write(QString::fromLatin1(relative), bytes);
-    }
     QByteArray read(const char* relative) const {
         QFile f(dir_.filePath(QLatin1String(relative)));
         return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
