@@ -56,41 +56,28 @@ public:
         return a;
     }
     std::optional<std::string> input(const std::string& prompt, const std::string& title,
-                                     const std::string& def) override {
+                                     const std::string&) override {
         prompts.push_back({"input", prompt, title, Buttons::OKCancel, Icon::None});
-        lastDefault = def;
-        if (inputs.empty()) {
-            fail("unexpected input box: " + prompt);
-            return std::nullopt;
-        }
-        auto a = inputs.front();
-        inputs.pop_front();
-        return a;
+        return next(inputs, "unexpected input box: " + prompt);
     }
     std::optional<std::filesystem::path> openFile(const std::string& filter,
                                                   const std::filesystem::path& proposed) override {
         prompts.push_back({"open", proposed.string(), filter, Buttons::OKCancel, Icon::None});
-        return nextFile();
+        return next(files, "unexpected file dialog");
     }
     std::optional<std::filesystem::path> saveFile(const std::string& filter,
                                                   const std::filesystem::path& proposed) override {
         prompts.push_back({"save", proposed.string(), filter, Buttons::OKCancel, Icon::None});
-        return nextFile();
+        return next(files, "unexpected file dialog");
     }
     void beep() override { ++beeps; }
 
-    std::string lastDefault;
     // Texts of the message boxes shown, in order.
     std::vector<std::string> messages() const {
         std::vector<std::string> out;
         for (const auto& p : prompts)
             if (p.kind == "message") out.push_back(p.text);
         return out;
-    }
-    std::size_t asked(const std::string& kind) const {
-        std::size_t n = 0;
-        for (const auto& p : prompts) n += p.kind == kind;
-        return n;
     }
     // Forgets the prompts and the answers not taken.
     void reset() {
@@ -106,28 +93,25 @@ private:
         unexpected.push_back(what);
         NEBKARO_FAKE_FAILURE(what);
     }
-    std::optional<std::filesystem::path> nextFile() {
-        if (files.empty()) {
-            fail("unexpected file dialog");
+    // The next answer of a queue of optional answers; none, and a failure, when it is empty.
+    template <typename T> T next(std::deque<T>& queue, const std::string& what) {
+        if (queue.empty()) {
+            fail(what);
             return std::nullopt;
         }
-        auto f = files.front();
-        files.pop_front();
-        return f;
+        T a = queue.front();
+        queue.pop_front();
+        return a;
     }
 };
 
 class MemoryClipboard : public Clipboard {
 public:
     std::string content;
-    std::vector<std::uint8_t> image;
-    void clear() override {
-        content.clear();
-        image.clear();
-    }
+    void clear() override { content.clear(); }
     void setText(const std::string& t) override { content = t; }
     std::string text() override { return content; }
-    void setImagePng(const std::vector<std::uint8_t>& png) override { image = png; }
+    void setImagePng(const std::vector<std::uint8_t>&) override {}
 };
 
 class CountingEvents : public EventPump {
@@ -148,50 +132,25 @@ public:
         SignPicture p;
         p.file = std::filesystem::path("/pictures") / libraryName(library) /
                  directionName(direction) / (code + ".GIF");
-        auto it = sizes.find(code);
-        if (it == sizes.end()) {
-            p.width = p.height = FolderSignPictures::EmptySlotSize;
-            return p;
-        }
-        p.width = it->second.first;
-        p.height = it->second.second;
-        p.ok = true;
+        const auto it = sizes.find(code);
+        p.ok = it != sizes.end();
+        p.width = p.ok ? it->second.first : FolderSignPictures::EmptySlotSize;
+        p.height = p.ok ? it->second.second : FolderSignPictures::EmptySlotSize;
         return p;
     }
 };
 
-// The windows as the logic sees them: status lines recorded, the rest handed to the test.
+// The windows as the logic sees them: the status lines recorded, the rest left to WindowHost.
 struct ScriptedWindows : WindowHost {
     std::vector<std::string> status;
-    int typewriters = 0;
-    std::function<bool()> chooseSign; // the browser's choice; unset: closed without one
-    std::function<void()> onSearchDialog, onSortDialog, onUnloadBrowser;
-    std::function<void(TypewriterTarget)> onTypewriterText;
-
     void showStatus(const std::string& s) override { status.push_back(s); }
-    void showTypewriter() override { ++typewriters; }
-    bool chooseSignFromBrowser() override { return chooseSign && chooseSign(); }
-    void unloadBrowser() override {
-        if (onUnloadBrowser) onUnloadBrowser();
-    }
-    void showSearchDialogAndWait() override {
-        if (onSearchDialog) onSearchDialog();
-    }
-    void showSortDialog() override {
-        if (onSortDialog) onSortDialog();
-    }
-    void typewriterTextChanged(TypewriterTarget t) override {
-        if (onTypewriterText) onTypewriterText(t);
-    }
 };
 
-// Writes into memory; can be told to fail with a given error.
+// Writes into memory.
 class MemoryFileWriter : public FileWriter {
 public:
     std::map<std::string, std::string> written;
-    int failWith = 0;
     void write(const std::filesystem::path& path, const std::string& bytes) override {
-        if (failWith) throw RunError(failWith);
         written[path.string()] = bytes;
     }
 };

@@ -5,8 +5,6 @@
 #define NEBKARO_QT_TEST
 #include "fakes.h"
 
-#include "core/app.h"
-#include "core/files.h"
 #include "editing/word_editing.h"
 #include "ui/main_window.h"
 #include "ui/qt_ports.h"
@@ -18,15 +16,9 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
-#include <QRadioButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
-
-#include <functional>
-#include <memory>
-#include <string>
-#include <vector>
 
 namespace nebkaro::uitest {
 
@@ -51,9 +43,6 @@ struct Sign {
     const char* code;
     int w, h; // pixels; the picture is tests/fixtures/signs/WxH.gif
 };
-// A1 is 20 x 36 pixels (300 x 540 twips).
-inline const std::vector<Sign> MainSigns = {
-    {"A1", 20, 36}, {"G17", 28, 40}, {"G43", 24, 38}, {"N35", 40, 6}};
 
 inline const QByteArray Header = "\"Test words\",\"Tester\",\"1 May 2024\",\"\",\"\",\"\",\"\"\r\n";
 inline const QByteArray Word0 =
@@ -62,28 +51,27 @@ inline const QByteArray Word1 =
     "\"L\",\"B\",\"N35(0,0) - N35(0,150) \",\"N35:N35\",\"nn\",\"we\",\"\"\r\n";
 inline const QByteArray Word2 = "\"R\",\"B\",\"G43(0,0) \",\"G43\",\"w\",\"chick\",\"third\"\r\n";
 
-// A program folder of four signs, their lists and a dictionary of three words.
+// A program folder of four signs (A1 is 20 x 36 pixels, 300 x 540 twips), their lists and a
+// dictionary of three words.
 class ProgramFolder {
 public:
     ProgramFolder() {
         write("Lists/BasicList.csv", "\"G17\"\r\n\"A1\"\r\n\"G43\"\r\n\"N35\"\r\n");
         write("Lists/Extendedlist.csv", "\"G17\"\r\n\"A1\"\r\n\"A1a\"\r\n\"G43\"\r\n\"N35\"\r\n");
-        QByteArray t2c;
-        for (int i = 31; i <= 255; ++i) t2c += "\"x\",\"x\"\r\n";
-        write("Lists/Trans2Code.csv", t2c);
+        write("Lists/Trans2Code.csv", QByteArray("\"x\",\"x\"\r\n").repeated(255 - 31 + 1));
         write("Lists/Phonetic.csv", "\"G17\",\"m\"\r\n\"N35\",\"n\"\r\n");
         write("Dictionaries/Words.nkd", Header + Word0 + Word1 + Word2);
-        addSigns(Library::Basic, MainSigns);
+        addSigns(Library::Basic,
+                 {{"A1", 20, 36}, {"G17", 28, 40}, {"G43", 24, 38}, {"N35", 40, 6}});
         QDir(dir_.path()).mkpath(QStringLiteral("Images"));
     }
 
     void addSigns(Library library, const std::vector<Sign>& signs) const {
         for (const Direction direction : {Direction::Left, Direction::Right})
-            for (const Sign& s : signs) {
-                const auto file = signPicturePath({}, library, direction, s.code);
-                write(QString::fromStdString(file.string()),
+            for (const Sign& s : signs)
+                write(QString::fromStdString(
+                          signPicturePath({}, library, direction, s.code).string()),
                       fixture(QStringLiteral("signs/%1x%2.gif").arg(s.w).arg(s.h)));
-            }
     }
     std::string path() const { return dir_.path().toStdString(); }
     QString file(const QString& relative) const { return dir_.filePath(relative); }
@@ -97,21 +85,17 @@ public:
         if (!f.open(QIODevice::WriteOnly)) qFatal("cannot write %s", qPrintable(p));
         f.write(bytes);
     }
-    void write(const char* relative, const QByteArray& bytes) const {
-        write(QString::fromLatin1(relative), bytes);
-    }
     QByteArray read(const char* relative) const {
         QFile f(dir_.filePath(QLatin1String(relative)));
         return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
     }
     bool exists(const QString& relative) const { return QFile::exists(dir_.filePath(relative)); }
 
-    void settings(bool showAbout, bool showInfo, const char* dictionary = "Words.nkd") const {
+    void settings(const char* dictionary = "Words.nkd") const {
         write("System/Settings.nks",
               QByteArray("Nebkaro Settings: \r\n\r\nLibrary = Basic\r\n"
                          "Direction = Left\r\nDictionary Name = ") +
-                  dictionary + "\r\nShow About = " + (showAbout ? "True" : "False") +
-                  "\r\nShow Dictionary Info = " + (showInfo ? "True" : "False") + "\r\n\r\n");
+                  dictionary + "\r\nShow About = False\r\nShow Dictionary Info = False\r\n\r\n");
     }
 
 private:
@@ -139,7 +123,7 @@ struct Program {
     std::unique_ptr<MainWindow> window;
 
     explicit Program(bool settings = true) {
-        if (settings) folder.settings(false, false);
+        if (settings) folder.settings();
         app.home = folder.path();
         installEditing(app);
         window = std::make_unique<MainWindow>(app);
@@ -153,8 +137,8 @@ struct Program {
         QVERIFY2(b->isEnabled(), name);
         QTest::mouseClick(b, Qt::LeftButton);
     }
-    bool startAndShow(const std::string& commandLine = {}) {
-        if (!window->startUp(commandLine)) return false;
+    bool startAndShow() {
+        if (!window->startUp({})) return false;
         window->show();
         window->activateWindow();
         return QTest::qWaitForWindowActive(window.get());
@@ -183,18 +167,14 @@ inline QWidget* shownWindow(const QString& name) {
 // event loop waits for it (a modal dialog's own). It must show within a few seconds.
 inline void whenOpen(const QString& name, std::function<void(QWidget*)> act) {
     auto* timer = new QTimer;
-    auto* clock = new QElapsedTimer;
-    clock->start();
+    QElapsedTimer clock;
+    clock.start();
     QObject::connect(timer, &QTimer::timeout, [=] {
         QWidget* w = shownWindow(name);
-        if (!w && clock->elapsed() < 5000) return;
+        if (!w && clock.elapsed() < 5000) return;
         timer->stop();
         timer->deleteLater();
-        delete clock;
-        if (w)
-            act(w);
-        else
-            qWarning("no window %s was shown", qPrintable(name));
+        w ? act(w) : qWarning("no window %s was shown", qPrintable(name));
     });
     timer->start(10);
 }
