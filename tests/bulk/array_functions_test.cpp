@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <random>
-#include <set>
 
 using namespace nebkaro;
 using namespace nebkaro::testing;
@@ -111,24 +110,6 @@ TEST(ArrayFunctions, CombSortKeepsTheExactOrderOfTheLiteralAlgorithm) {
     }
 }
 
-TEST(ArrayFunctions, CombSortYieldsOncePerPassAndStopsAtOnceWhenCancelled) {
-    std::vector<std::string> two = {"z", "a", "0"};
-    BulkApp t;
-    combSort(t.app, two, 0, 0, {});
-    EXPECT_EQ(two, (std::vector<std::string>{"a", "z", "0"}));
-    EXPECT_EQ(t.events.yields, 2); // one pass that swapped, one that did not
-
-    std::vector<std::string> v;
-    for (int i = 0; i < 200; ++i) v.push_back(std::to_string(1000 - i));
-    BulkApp c;
-    c.events.onYield = [&] {
-        if (c.events.yields == 2) c.app.sortCancelled = true;
-    };
-    combSort(c.app, v, 0, std::nullopt, {});
-    EXPECT_EQ(c.events.yields, 2);
-    EXPECT_FALSE(std::is_sorted(v.begin(), v.end()));
-}
-
 TEST(ArrayFunctions, ExchangeSortShowsTheCounterEveryPassAndComparesPlainText) {
     Rows rows = rowsOf(FieldGardiner, {"A2", "B1", "A10", "A1"});
     BulkApp t;
@@ -148,16 +129,6 @@ TEST(ArrayFunctions, ShuffleIsTheDescendingFisherYatesOverRowsUpToUpper) {
     shuffleRows(v, 3, [&] { return rnd.at(k++); });
     EXPECT_EQ(v, (std::vector<std::string>{"d", "b", "a", "c", "e"}));
     EXPECT_EQ(k, 3u);
-
-    std::set<std::vector<std::string>> seen;
-    for (std::uint64_t seed = 0; seed < 200; ++seed) {
-        std::vector<std::string> a = {"a", "b", "c"}, b = a;
-        shuffleRows(a, std::nullopt, seededRandom(seed));
-        shuffleRows(b, std::nullopt, seededRandom(seed));
-        EXPECT_EQ(a, b);
-        seen.insert(a);
-    }
-    EXPECT_EQ(seen.size(), 6u); // every order is reached
 }
 
 TEST(ArrayFunctions, QuickGardinerOrderAgreesWithTheFullComparison) {
