@@ -110,16 +110,6 @@ TEST(ArrayFunctions, CombSortKeepsTheExactOrderOfTheLiteralAlgorithm) {
     }
 }
 
-TEST(ArrayFunctions, ExchangeSortShowsTheCounterEveryPassAndComparesPlainText) {
-    Rows rows = rowsOf(FieldGardiner, {"A2", "B1", "A10", "A1"});
-    BulkApp t;
-    exchangeSort(t.app, rows, FieldGardiner, 2, {false, true});
-    std::vector<std::string> sorted;
-    for (const auto& r : rows) sorted.push_back(r[FieldGardiner]);
-    EXPECT_EQ(sorted, (std::vector<std::string>{"A1", "A10", "A2", "B1"}));
-    EXPECT_EQ(t.windows.counter, (std::vector<int>{2, 2, 2, 2}));
-}
-
 TEST(ArrayFunctions, ShuffleIsTheDescendingFisherYatesOverRowsUpToUpper) {
     // Rnd values scripted: i = 3 trades with Int(0.5 * 4) = 2 (a b d c), i = 2 with 0
     // (d b a c), i = 1 with Int(0.99 * 2) = 1, itself; "e" lies past upper.

@@ -9,26 +9,25 @@ using namespace nebkaro::testing;
 
 namespace {
 
-struct ReadingOrder : ::testing::Test {
-    BulkApp t;
-    void SetUp() override {
-        t.pictures.sizes = {{"A1", {40, 40}}, {"G17", {40, 40}}, {"N35", {10, 10}},
-                            {"B1", {10, 10}}, {"C1", {10, 10}},  {"D21", {300, 100}}};
-    }
-    // One word: its direction and layout, with meaning, transliteration and comment to keep.
-    WordRecord word(const std::string& dir, const std::string& layout) {
-        return {dir, "B", layout, "old", "nfr", "good", "note"};
-    }
-    // Runs Sort Gardiner with this answer in the overlap box.
-    void sortGardiner(const std::string& answer) {
-        t.dialogs.inputs.push_back(answer);
-        sortGardinerCommand(t.app);
+// Sort Gardiner over words given by their direction and layout, with this answer in the
+// overlap box (nullopt: the box is cancelled).
+struct ReadingOrder : BulkApp {
+    ReadingOrder(std::vector<std::pair<std::string, std::string>> words,
+                 std::optional<std::string> overlap) {
+        pictures.sizes = {{"A1", {40, 40}}, {"G17", {40, 40}}, {"N35", {10, 10}},
+                          {"B1", {10, 10}}, {"C1", {10, 10}},  {"D21", {300, 100}}};
+        std::vector<WordRecord> rows;
+        for (const auto& [dir, layout] : words)
+            rows.push_back({dir, "B", layout, "old", "nfr", "good", "note"});
+        setWords(rows);
+        dialogs.inputs.push_back(overlap);
+        sortGardinerCommand(app);
     }
 };
 
 } // namespace
 
-TEST_F(ReadingOrder, OverlapDecidesBetweenTopFirstAndWritingDirection) {
+TEST(ReadingOrderTest, OverlapDecidesBetweenTopFirstAndWritingDirection) {
     struct Case {
         std::string overlap, dir, layout, expected;
     } cases[] = {
@@ -55,19 +54,14 @@ TEST_F(ReadingOrder, OverlapDecidesBetweenTopFirstAndWritingDirection) {
         {"30", "L", "C1(6,0) - B1(0,50) ", "B1( 0, 50) - C1( 6, 0) "},
     };
     for (const auto& c : cases) {
-        BulkApp fresh;
-        fresh.pictures.sizes = t.pictures.sizes;
-        fresh.setWords({word(c.dir, c.layout)});
-        fresh.dialogs.inputs.push_back(c.overlap);
-        sortGardinerCommand(fresh.app);
-        EXPECT_EQ(fresh.app.store.field(0, FieldLayout), c.expected)
+        ReadingOrder t({{c.dir, c.layout}}, c.overlap);
+        EXPECT_EQ(t.app.store.field(0, FieldLayout), c.expected)
             << c.overlap << " " << c.dir << " " << c.layout;
     }
 }
 
-TEST_F(ReadingOrder, RebuiltTextsKeepTheirTrailingBlanksAndTheOtherFields) {
-    t.setWords({word("L", "A1(0,0) "), word("L", "N35(0,-20) - D21(0,0) ")});
-    sortGardiner("20");
+TEST(ReadingOrderTest, RebuiltTextsKeepTheirTrailingBlanksAndTheOtherFields) {
+    ReadingOrder t({{"L", "A1(0,0) "}, {"L", "N35(0,-20) - D21(0,0) "}}, "20");
     EXPECT_EQ(t.app.store.row(0),
               (WordRecord{"L", "B", "A1( 0, 0) ", "A1 ", "nfr", "good", "note"}));
     EXPECT_EQ(t.app.store.row(1), (WordRecord{"L", "B", "N35( 0,-20) - D21( 0, 0) ", "N35 - D21 ",
@@ -77,26 +71,17 @@ TEST_F(ReadingOrder, RebuiltTextsKeepTheirTrailingBlanksAndTheOtherFields) {
     EXPECT_EQ(t.dialogs.prompts[0].text, "How much % overlap do you want to allow?");
 }
 
-TEST_F(ReadingOrder, AWordWithoutSignsStopsTheRunAfterTheWordsBeforeIt) {
-    t.setWords({word("L", "B1(10,0) - A1(0,0) "), word("L", ""), word("L", "B1(10,0) - A1(0,0) ")});
-    sortGardiner("100");
-    EXPECT_EQ(t.app.store.field(0, FieldLayout), "A1( 0, 0) - B1( 10, 0) ");
-    EXPECT_EQ(t.app.store.field(1, FieldLayout), "");
-    EXPECT_EQ(t.app.store.field(2, FieldLayout), "B1(10,0) - A1(0,0) ");
+TEST(ReadingOrderTest, AWordWithoutSignsStopsTheRunAndNoAnswerChangesNothing) {
+    const std::string unordered = "B1(10,0) - A1(0,0) ";
+    ReadingOrder t({{"L", unordered}, {"L", ""}, {"L", unordered}}, "100");
+    EXPECT_EQ(t.column(FieldLayout),
+              (std::vector<std::string>{"A1( 0, 0) - B1( 10, 0) ", "", unordered}));
     EXPECT_EQ(t.app.store.currentIndex, 1);
-    const Prompt& p = t.dialogs.prompts.back();
-    EXPECT_EQ(p.text, "5  Invalid procedure call or argument");
-    EXPECT_EQ(p.icon, Icon::Critical);
-}
-
-TEST_F(ReadingOrder, AnEmptyOrCancelledAnswerChangesNothing) {
-    for (std::optional<std::string> answer :
-         {std::optional<std::string>(""), std::optional<std::string>()}) {
-        BulkApp fresh;
-        fresh.setWords({word("L", "B1(10,0) - A1(0,0) ")});
-        fresh.dialogs.inputs.push_back(answer);
-        sortGardinerCommand(fresh.app);
-        EXPECT_EQ(fresh.stores, 0);
-        EXPECT_EQ(fresh.app.store.field(0, FieldLayout), "B1(10,0) - A1(0,0) ");
+    EXPECT_EQ(t.dialogs.prompts.back().text, "5  Invalid procedure call or argument");
+    EXPECT_EQ(t.dialogs.prompts.back().icon, Icon::Critical);
+    for (const auto& answer : {std::optional<std::string>(""), std::optional<std::string>()}) {
+        ReadingOrder n({{"L", unordered}}, answer);
+        EXPECT_EQ(n.stores, 0);
+        EXPECT_EQ(n.app.store.field(0, FieldLayout), unordered);
     }
 }

@@ -1,6 +1,5 @@
 #include "bulk/search.h"
 #include "bulk/search_dialog.h"
-#include "core/errors.h"
 #include "display/render.h"
 #include "editing/word_editing.h"
 #include "fakes.h"
@@ -16,30 +15,26 @@ using namespace nebkaro::testing;
 
 namespace {
 
-// The windows a search talks to: the progress bar and the Search dialog, whose user is a
-// script run while Find waits.
-struct SearchWindows : WindowHost {
-    App* app = nullptr;
+using Strings = std::vector<std::string>;
+
+// A search's windows: the progress bar and the Search dialog, whose user is a script run while
+// Find waits.
+struct Searcher : WindowHost {
+    TestApp t;
     std::vector<float> progress;
     int dialogShown = 0;
     std::function<void(App&)> user;
-    void setProgress(float f) override { progress.push_back(f); }
-    void showSearchDialogAndWait() override {
-        ++dialogShown;
-        EXPECT_TRUE(app->search.visible);
-        if (user) user(*app);
-    }
-};
-
-struct Searcher {
-    TestApp t;
-    SearchWindows windows;
     std::vector<int> rendered;
 
     Searcher() {
-        windows.app = &t.app;
-        t.app.windows = &windows;
+        t.app.windows = this;
         t.app.renderWord = [this](App& a) { rendered.push_back(a.store.currentIndex); };
+    }
+    void setProgress(float f) override { progress.push_back(f); }
+    void showSearchDialogAndWait() override {
+        ++dialogShown;
+        EXPECT_TRUE(t.app.search.visible);
+        if (user) user(t.app);
     }
 
     // Words with the given values in one field, the others empty.
@@ -51,7 +46,7 @@ struct Searcher {
 
     // Find through the dialog, as a user would fill it in and press OK.
     int find(int field, const std::string& text, std::function<void(App&)> options = {}) {
-        windows.user = [=](App& a) {
+        user = [=](App& a) {
             searchChooseOption(a, field);
             searchTextChanged(a, text);
             if (options) options(a);
@@ -71,8 +66,7 @@ struct SearchTest : ::testing::Test, Searcher {};
 TEST(prepareCriteria, SlashIsAStarBlanksGoAndCaseFolds) {
     struct Row {
         const char* text;
-        bool caseSensitive;
-        bool ignoreVariants;
+        bool caseSensitive, ignoreVariants;
         const char* pattern;
         bool wildcards;
     };
@@ -100,8 +94,7 @@ TEST(prepareCriteria, SlashIsAStarBlanksGoAndCaseFolds) {
 
 TEST(stripVariants, CutsOneTrailingLetterOfEachPieceOnlyWhenADigitIsFollowedByALetter) {
     struct Row {
-        const char* in;
-        const char* out;
+        const char *in, *out;
     };
     for (const Row& r : std::vector<Row>{
              {"A1a-G17-N35b", "A1-G17-N35"},
@@ -121,8 +114,7 @@ TEST(stripVariants, CutsOneTrailingLetterOfEachPieceOnlyWhenADigitIsFollowedByAL
 TEST(isWholeWord, TheFourCasesChosenByTheFirstOccurrence) {
     struct Row {
         std::size_t pos;
-        const char* needle;
-        const char* hay;
+        const char *needle, *hay;
         bool whole;
     };
     for (const Row& r : std::vector<Row>{
@@ -158,72 +150,69 @@ TEST(isWholeWord, TheFourCasesChosenByTheFirstOccurrence) {
             << r.pos << " '" << r.needle << "' in '" << r.hay << "'";
 }
 
+// Options: e Exact Match, w Exact Word, c and u check and uncheck Match Case, v Ignore
+// Variants with Exact Match.
 TEST_F(SearchTest, EachOptionDecidesWhatMatches) {
-    using Options = void (*)(App&);
-    const Options none = [](App&) {}, exact = [](App&a) { searchSetExact(a, true); },
-                  word = [](App&a) { searchSetExactWord(a, true); },
-                  cased = [](App&a) { a.search.caseChecked = true; },
-                  uncased = [](App&a) { a.search.caseChecked = false; }, variants = [](App&a) {
-                      a.search.ignoreVariantsChecked = true;
-                      searchSetExact(a, true);
-                  };
+    const auto options = [](const std::string& o) {
+        return [o](App& a) {
+            if (o == "e" || o == "v") searchSetExact(a, true);
+            if (o == "w") searchSetExactWord(a, true);
+            if (o == "c" || o == "u") a.search.caseChecked = o == "c";
+            if (o == "v") a.search.ignoreVariantsChecked = true;
+        };
+    };
     struct Row {
         int field;
         std::vector<std::string> values;
-        const char* text;
-        Options options;
+        const char *text, *options;
         int found; // -1: "Not Found!" and the word on show stays
     };
     const Row rows[] = {
-        {FieldMeaning, {"a", "abc", "ab"}, "a b", exact, 2}, // blanks go from both sides
-        {FieldMeaning, {"godly god", "god, king"}, "god", word, 1},
-        {FieldMeaning, {"godly god", "of god"}, "god", word, -1}, // the first occurrence decides
-        {FieldMeaning, {"king", "of god", "godly"}, "ofgod", none, 1},
-        {FieldMeaning, {"king", "of god", "godly"}, "dly", none, 2},
-        {FieldTranslit, {"anfr", "nfrw", "nfr"}, "n/r", cased, 2}, // a wildcard takes it all
-        {FieldMeaning, {"x", "good god"}, "g*d", exact, 1},
-        {FieldMeaning, {"x", "good god"}, "?oodgod", word, 1},
+        {FieldMeaning, {"a", "abc", "ab"}, "a b", "e", 2}, // blanks go from both sides
+        {FieldMeaning, {"godly god", "god, king"}, "god", "w", 1},
+        {FieldMeaning, {"godly god", "of god"}, "god", "w", -1}, // the first occurrence decides
+        {FieldMeaning, {"king", "of god", "godly"}, "ofgod", "", 1},
+        {FieldMeaning, {"king", "of god", "godly"}, "dly", "", 2},
+        {FieldTranslit, {"anfr", "nfrw", "nfr"}, "n/r", "c", 2}, // a wildcard takes it all
+        {FieldMeaning, {"x", "good god"}, "g*d", "e", 1},
+        {FieldMeaning, {"x", "good god"}, "?oodgod", "w", 1},
         // "#" and brackets are themselves unless the text has wildcards.
-        {FieldComment, {"x51", "x#1", "a1", "a[1]b"}, "#1", none, 1},
-        {FieldComment, {"x51", "x#1", "a1", "a[1]b"}, "[1]", none, 3},
-        {FieldComment, {"x51", "x#1", "a1", "a[1]b"}, "x#/", none, 0},
-        {FieldComment, {"x51", "x#1", "a1", "a[1]b"}, "[a]/", none, 2},
+        {FieldComment, {"x51", "x#1", "a1", "a[1]b"}, "#1", "", 1},
+        {FieldComment, {"x51", "x#1", "a1", "a[1]b"}, "[1]", "", 3},
+        {FieldComment, {"x51", "x#1", "a1", "a[1]b"}, "x#/", "", 0},
+        {FieldComment, {"x51", "x#1", "a1", "a[1]b"}, "[a]/", "", 2},
         // Transliteration tells letters apart by case ("H" and "h" are different sounds), so
         // choosing it checks the box; the user may uncheck it.
-        {FieldTranslit, {"nfr", "ra"}, "RA", none, -1},
-        {FieldTranslit, {"nfr", "ra"}, "RA", uncased, 1},
-        {FieldTranslit, {"Hr", "hr", "nTr"}, "n\u1e6fr", cased, 2}, // scholarly letters
-        {FieldGardiner, {"A1b-G17", "A2", "A1a"}, "A1", variants, 2},
-        {FieldGardiner, {"A1b-G17", "A2", "A1a"}, "A1-G17", variants, 0},
-        {FieldGardiner, {"A1a"}, "A1", exact, -1},
+        {FieldTranslit, {"nfr", "ra"}, "RA", "", -1},
+        {FieldTranslit, {"nfr", "ra"}, "RA", "u", 1},
+        {FieldTranslit, {"Hr", "hr", "nTr"}, "n\u1e6fr", "c", 2}, // scholarly letters
+        {FieldGardiner, {"A1b-G17", "A2", "A1a"}, "A1", "v", 2},
+        {FieldGardiner, {"A1b-G17", "A2", "A1a"}, "A1-G17", "v", 0},
+        {FieldGardiner, {"A1a"}, "A1", "e", -1},
     };
     for (const Row& r : rows) {
+        SCOPED_TRACE(r.text);
         Searcher fresh;
         fresh.words(r.field, r.values);
-        fresh.t.app.store.currentIndex = static_cast<int>(r.values.size()) - 1;
-        const int at = fresh.find(r.field, r.text, r.options);
-        if (r.found >= 0) {
-            EXPECT_EQ(at, r.found) << r.text;
-            EXPECT_EQ(fresh.rendered, std::vector<int>{r.found}) << r.text;
-            EXPECT_TRUE(fresh.messages().empty()) << r.text;
-        } else {
-            EXPECT_EQ(at, static_cast<int>(r.values.size()) - 1) << r.text;
-            EXPECT_TRUE(fresh.rendered.empty()) << r.text;
-            ASSERT_EQ(fresh.messages(), std::vector<std::string>{"Not Found!"}) << r.text;
-            EXPECT_EQ(fresh.t.dialogs.prompts[0].title, "Not Found");
-        }
+        const int last = static_cast<int>(r.values.size()) - 1;
+        fresh.t.app.store.currentIndex = last;
+        const bool hit = r.found >= 0;
+        EXPECT_EQ(fresh.find(r.field, r.text, options(r.options)), hit ? r.found : last);
+        EXPECT_EQ(fresh.rendered, hit ? std::vector<int>{r.found} : std::vector<int>{});
+        EXPECT_EQ(fresh.messages(), hit ? Strings{} : Strings{"Not Found!"});
+        for (const Prompt& p : fresh.t.dialogs.prompts) EXPECT_EQ(p.title, "Not Found");
         EXPECT_EQ(fresh.t.app.searchField, r.field);
     }
 }
 
 TEST_F(SearchTest, FindNextAndPreviousMoveOnFirstAndReportTheEnds) {
-    const std::vector<std::string> suns = {"sun", "moon", "sun", "star", "sun"};
+    const Strings suns = {"sun", "moon", "sun", "star", "sun"};
     struct Row {
-        std::vector<std::string> values;
+        Strings values;
         int start;
         bool next;
         int found;
-        std::vector<std::string> messages;
+        Strings messages;
     };
     const Row rows[] = {
         {suns, 0, true, 2, {}},
@@ -258,16 +247,16 @@ TEST_F(SearchTest, FindNextAndPreviousMoveOnFirstAndReportTheEnds) {
 TEST_F(SearchTest, ProgressAfterEachMissButNotInWildcardSearches) {
     words(FieldMeaning, {"a", "b", "c", "sun", "e"});
     find(FieldMeaning, "sun");
-    EXPECT_EQ(windows.progress, (std::vector<float>{0.0f, 0.25f, 0.5f}));
-    windows.progress.clear();
+    EXPECT_EQ(progress, (std::vector<float>{0.0f, 0.25f, 0.5f}));
+    progress.clear();
     t.app.store.currentIndex = 4;
     findPreviousCommand(t.app); // from 3: matches at once
-    EXPECT_TRUE(windows.progress.empty());
+    EXPECT_TRUE(progress.empty());
     find(FieldMeaning, "s/n");
-    EXPECT_TRUE(windows.progress.empty());
+    EXPECT_TRUE(progress.empty());
     words(FieldMeaning, {"a"}); // one word: the bar has nowhere to go
     find(FieldMeaning, "sun");
-    EXPECT_EQ(windows.progress, std::vector<float>{0.0f});
+    EXPECT_EQ(progress, std::vector<float>{0.0f});
 }
 
 TEST_F(SearchTest, FindAsksToStoreAnEditedWordFirst) {
@@ -287,7 +276,7 @@ TEST_F(SearchTest, FindAsksToStoreAnEditedWordFirst) {
 
 TEST_F(SearchTest, CancelledOrEmptyDialogSearchesNothing) {
     words(FieldMeaning, {"sun"});
-    windows.user = [](App& a) {
+    user = [](App& a) {
         a.search.searchText = "sun";
         searchCancel(a);
     };
@@ -295,20 +284,20 @@ TEST_F(SearchTest, CancelledOrEmptyDialogSearchesNothing) {
     EXPECT_TRUE(rendered.empty());
     EXPECT_TRUE(t.dialogs.prompts.empty());
     // OK on an empty box is refused; the window being closed then counts as Cancel.
-    windows.user = [](App& a) {
+    user = [](App& a) {
         EXPECT_FALSE(searchOk(a));
         searchCancel(a);
     };
     findCommand(t.app);
-    EXPECT_EQ(messages(), std::vector<std::string>{"You must write something in the search box"});
+    EXPECT_EQ(messages(), Strings{"You must write something in the search box"});
     EXPECT_TRUE(rendered.empty());
 }
 
 TEST_F(SearchTest, ASecondFindWhileTheDialogIsUpDoesNothing) {
     words(FieldMeaning, {"sun"});
-    windows.user = [this](App& a) {
+    user = [this](App& a) {
         findCommand(a);
-        EXPECT_EQ(windows.dialogShown, 1);
+        EXPECT_EQ(dialogShown, 1);
         a.search.searchText = "sun";
         searchOk(a);
     };
@@ -320,29 +309,13 @@ TEST_F(SearchTest, ASecondFindWhileTheDialogIsUpDoesNothing) {
 TEST_F(SearchTest, RunTimeErrorsAreReported) {
     words(FieldMeaning, {"sun"});
     find(FieldMeaning, "[a/");
-    EXPECT_EQ(messages(), std::vector<std::string>{"93  Invalid pattern string"});
+    EXPECT_EQ(messages(), Strings{"93  Invalid pattern string"});
     EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Critical);
     t.dialogs.prompts.clear();
     find(FieldMeaning, "sun");
     t.app.store.currentIndex = 200000; // gone to with Go, which checks nothing
     findPreviousCommand(t.app);
-    EXPECT_EQ(messages(), std::vector<std::string>{"9  Subscript out of range"});
-}
-
-TEST(findMatch, WalksEitherWayInclusiveOfBothEnds) {
-    DictionaryStore s;
-    for (int i = 0; i < 6; ++i) s.setField(i, FieldMeaning, i % 2 ? "sun" : "moon");
-    s.lastIndex = 5;
-    const SearchCriteria c = prepareCriteria("sun", true, false, false, false);
-    EXPECT_EQ(findMatch(s, c, FieldMeaning, 0, 5, 1), 1);
-    EXPECT_EQ(findMatch(s, c, FieldMeaning, 2, 5, 1), 3);
-    EXPECT_EQ(findMatch(s, c, FieldMeaning, 5, 0, -1), 5);
-    EXPECT_EQ(findMatch(s, c, FieldMeaning, 4, 0, -1), 3);
-    EXPECT_EQ(findMatch(s, c, FieldMeaning, 2, 2, 1), -1);
-    EXPECT_EQ(findMatch(s, c, FieldMeaning, 3, 2, 1), -1); // an empty walk
-    EXPECT_EQ(findMatch(s, c, FieldMeaning, -1, 0, -1), -1);
-    EXPECT_EQ(findAll(s, c, FieldMeaning), (std::vector<int>{1, 3, 5}));
-    EXPECT_THROW(findMatch(s, c, FieldMeaning, 0, 5, 0), RunError);
+    EXPECT_EQ(messages(), Strings{"9  Subscript out of range"});
 }
 
 // Found by fuzzing: a blank between the bytes of a broken multibyte character must be taken

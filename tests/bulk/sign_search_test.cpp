@@ -50,8 +50,7 @@ TEST(layoutHasSigns, EverySignInAnyOrderAndEachAsOftenAsNamed) {
     const std::string layout = "G17(0,0) - D21(300,0) - A1a( 600, -40) - G17(900,0) - Aa1(0,10) ";
     struct Case {
         std::vector<std::string> codes;
-        bool fold;
-        bool found;
+        bool fold, found;
     } cases[] = {
         {{"D21", "G17"}, false, true},
         {{"G17", "G17"}, false, true},
@@ -73,21 +72,6 @@ TEST(layoutHasSigns, EverySignInAnyOrderAndEachAsOftenAsNamed) {
     }
 }
 
-TEST(layoutCodes, ReadsTheCodesOfBothWritersAndSurvivesBrokenText) {
-    struct Case {
-        const char* layout;
-        std::vector<std::string_view> codes;
-    } cases[] = {
-        {"A1(0,0) - G17(300,0) ", {"A1", "G17"}},
-        {"A1( 0, 12) - G17( 40, -7) ", {"A1", "G17"}},
-        {"A1(-40, 0) ", {"A1"}},
-        {"", {}},
-        {"A1(0,0", {"A1"}},
-        {"no brackets", {}},
-    };
-    for (const Case& c : cases) EXPECT_EQ(layoutCodes(c.layout), c.codes) << c.layout;
-}
-
 TEST(SignsFind, FindAndFindNextWalkTheWordsHoldingTheSigns) {
     BulkApp b;
     b.app.lists = phoneticLists();
@@ -103,14 +87,11 @@ TEST(SignsFind, FindAndFindNextWalkTheWordsHoldingTheSigns) {
     EXPECT_EQ(b.app.store.currentIndex, 3);
     const SignQuery mouth{{"D21"}, false};
     EXPECT_EQ(findAllBySigns(b.app.store, mouth), (std::vector<int>{0, 1, 3}));
-    EXPECT_EQ(findBySigns(b.app.store, mouth, 3, 0, -1), 3);
     EXPECT_EQ(findBySigns(b.app.store, mouth, 2, 0, -1), 1);
-
     // A name that is neither a code nor a phonetic value is told, and nothing is searched.
     b.app.search.searchText = "m qqq";
     EXPECT_EQ(findWord(b.app, 0, b.app.store.lastIndex, 1, false), -1);
-    ASSERT_FALSE(b.dialogs.prompts.empty());
-    EXPECT_EQ(b.dialogs.prompts.back().text, "qqq was not found");
+    EXPECT_EQ(b.dialogs.messages(), std::vector<std::string>{"qqq was not found"});
     EXPECT_EQ(b.dialogs.prompts.back().title, "Phonetic Not Found");
 }
 
