@@ -126,20 +126,5 @@ TEST_F(CodeLineTest, PicturesComeFromTheLibraryAndDirectionAMissingOneIsAnEmptyS
     EXPECT_EQ(composer.status, "");
 }
 
-// Composing a line from outside the window is Get then OK on a fresh composition, and gives
-// back the word's flags.
-TEST_F(CodeLineTest, ComposeLineIsGetThenOk) {
-    for (const char* line : {"A1", "zz"}) {
-        app.store.newWordPending = false;
-        app.glyphs[5].code = "left over";
-        const bool found = *line == 'A';
-        EXPECT_EQ(composeLine(app, line, Library::Basic, Direction::Right), found) << line;
-        EXPECT_EQ(app.layoutText, found ? "A1(0,0) " : "") << line;
-        EXPECT_EQ(app.composedGardiner, found ? "A1" : "") << line;
-        EXPECT_FALSE(app.store.newWordPending) << line;
-        EXPECT_FALSE(app.glyphs[5].used()) << line;
-    }
-}
-
 } // namespace
 } // namespace nebkaro::testing
