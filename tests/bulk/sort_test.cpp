@@ -153,79 +153,75 @@ TEST(Sort, ACharacterBeyondTheClassicTableIsReportedAndLeavesEveryWordAsItWas) {
     }
 }
 
-TEST(Sort, ToolbarSortAsksToSaveOnceWithoutIconOrTitle) {
+// Both sorts ask to save first when an edit waits or the dictionary has changed; the menu's
+// sort then asks to proceed. Prompts: S save first?, P proceed?, D done.
+TEST(Sort, TheSortsAskToSaveAndToProceedAndReportWhenDone) {
     struct Case {
-        bool editPending, changed;
+        Which which;
+        int edit; // 0 none, 1 an edit pending, 2 a composed word accepted
+        bool changed;
         std::vector<Answer> answers;
-        bool asked, sorted, saved;
+        const char* prompts;
+        bool saved;
     } cases[] = {
-        {false, false, {}, false, true, false},
-        {true, false, {Answer::Cancel}, true, false, false},
-        {true, true, {Answer::Cancel}, true, false, false},
-        {true, true, {Answer::No}, true, true, false},
-        {true, true, {Answer::Yes}, true, true, true}, // the save clears the changed flag
-        {false, true, {Answer::Yes}, true, true, true},
+        {Which::Toolbar, 0, false, {}, "D", false},
+        {Which::Toolbar, 1, false, {Answer::Cancel}, "S", false},
+        {Which::Toolbar, 1, true, {Answer::No}, "SD", false},
+        {Which::Toolbar, 1, true, {Answer::Yes}, "SD", true},
+        {Which::Toolbar, 0, true, {Answer::Yes}, "SD", true},
+        {Which::Menu, 2, false, {Answer::Yes, Answer::Yes}, "SPD", true},
+        {Which::Menu, 0, true, {Answer::Cancel}, "S", false},
+        {Which::Menu, 0, false, {Answer::No}, "P", false},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(::testing::Message() << c.editPending << c.changed << c.answers.size());
+        SCOPED_TRACE(::testing::Message() << c.prompts << " " << c.edit << c.changed);
+        const bool menu = c.which == Which::Menu, sorted = std::string(c.prompts).back() == 'D';
         BulkApp t;
-        t.setField(5, {"b", "a"});
-        t.app.store.editPending = c.editPending;
-        t.app.store.isChanged = c.changed;
-        t.app.store.currentIndex = 1;
+        t.setField(5, {"c", "a", "b"});
+        t.app.store.currentIndex = 2;
         renderWord(t.app);
+        t.app.store.editPending = c.edit == 1;
+        t.app.store.composeAccepted = c.edit == 2;
+        t.app.store.isChanged = c.changed;
         t.dialogs.answers.assign(c.answers.begin(), c.answers.end());
         t.choose(SortField::Meaning);
-        sortCommand(t.app);
+        (menu ? menuSortCommand : sortCommand)(t.app);
         const auto& p = t.dialogs.prompts;
-        ASSERT_EQ(p.size(), (c.asked ? 1u : 0u) + (c.sorted ? 1u : 0u));
-        if (c.asked) {
-            EXPECT_EQ(p[0].text, "Do you want to save before sorting?");
-            EXPECT_EQ(p[0].icon, Icon::None);
-            EXPECT_EQ(p[0].title, "");
+        ASSERT_EQ(p.size(), std::string(c.prompts).size());
+        for (std::size_t k = 0; k < p.size(); ++k) {
+            const std::string& text = p[k].text;
+            switch (c.prompts[k]) {
+            case 'S':
+                EXPECT_EQ(text, "Do you want to save before sorting?");
+                if (!menu) { // the tool bar's question has neither icon nor title
+                    EXPECT_EQ(p[k].icon, Icon::None);
+                    EXPECT_EQ(p[k].title, "");
+                }
+                break;
+            case 'P':
+                EXPECT_EQ(text, "Do you want to proceed?\r\nAction cannot be undone!");
+                break;
+            default:
+                EXPECT_EQ(menu ? text.substr(0, 8) : text, menu ? "Done in " : "Done!");
+            }
         }
-        EXPECT_EQ(t.column(5) == (Strings{"a", "b"}), c.sorted);
         EXPECT_EQ(t.files.written.count("/dictionaries/Words.nkd"), c.saved ? 1u : 0u);
-        if (c.sorted) {
-            EXPECT_EQ(p.back().text, "Done!");
-            EXPECT_EQ(t.app.store.currentIndex, 1); // the tool-bar sort keeps the index
-            EXPECT_EQ(t.app.view.meaning, "b");
-            EXPECT_TRUE(t.app.store.isChanged);
+        EXPECT_EQ(t.column(5), (sorted ? Strings{"a", "b", "c"} : Strings{"c", "a", "b"}));
+        EXPECT_EQ(t.app.store.isChanged, sorted || (c.changed && !c.saved));
+        EXPECT_EQ(t.windows.progress,
+                  (menu && sorted ? Strings{"show:Sorting Started", "hide"} : Strings{}));
+        if (sorted) {
+            // The menu's sort goes to the first word, the tool bar's keeps the index.
+            EXPECT_EQ(t.app.store.currentIndex, menu ? 0 : 2);
+            EXPECT_EQ(t.app.view.meaning, menu ? "a" : "c");
         }
     }
-}
-
-TEST(Sort, MenuSortAsksSavesConfirmsAndReportsTheTime) {
-    BulkApp t;
-    t.setField(5, {"c", "a", "b"});
-    t.app.store.currentIndex = 2;
-    renderWord(t.app);
-    t.app.store.composeAccepted = true; // an edit waits: the save question comes first
-    t.dialogs.answers = {Answer::Yes, Answer::Yes};
-    t.choose(SortField::Meaning);
-    menuSortCommand(t.app);
-    const auto& p = t.dialogs.prompts;
-    ASSERT_EQ(p.size(), 3u);
-    EXPECT_EQ(p[0].text, "Do you want to save before sorting?");
-    EXPECT_EQ(p[1].text, "Do you want to proceed?\r\nAction cannot be undone!");
-    EXPECT_EQ(p[2].text.rfind("Done in ", 0), 0u);
-    EXPECT_EQ(t.files.written.size(), 1u);
-    EXPECT_EQ(t.column(5), (Strings{"a", "b", "c"}));
-    EXPECT_EQ(t.app.store.currentIndex, 0);
-    EXPECT_EQ(t.app.view.meaning, "a");
-    EXPECT_EQ(t.windows.progress, (Strings{"show:Sorting Started", "hide"}));
-    // Cancel to the save question, No to proceed, or a cancelled Sort dialog end it quietly.
-    for (const Answer a : {Answer::Cancel, Answer::No, Answer::OK}) {
-        BulkApp q;
-        q.setField(5, {"b", "a"});
-        q.app.store.isChanged = a == Answer::Cancel;
-        if (a != Answer::OK) q.dialogs.answers = {a};
-        if (a != Answer::OK) q.choose(SortField::Meaning);
-        menuSortCommand(q.app);
-        EXPECT_EQ(q.column(5), (Strings{"b", "a"}));
-        EXPECT_TRUE(q.windows.progress.empty());
-        EXPECT_EQ(q.app.store.isChanged, a == Answer::Cancel);
-    }
+    // A cancelled Sort dialog ends it quietly.
+    BulkApp q;
+    q.setField(5, {"b", "a"});
+    menuSortCommand(q.app);
+    EXPECT_EQ(q.column(5), (Strings{"b", "a"}));
+    EXPECT_TRUE(q.dialogs.prompts.empty());
 }
 
 TEST(Sort, CancelledMenuSortStillDecodesAndReports) {
