@@ -44,12 +44,16 @@ struct Searcher : WindowHost {
         t.app.store.lastIndex = static_cast<int>(values.size()) - 1;
     }
 
-    // Find through the dialog, as a user would fill it in and press OK.
-    int find(int field, const std::string& text, std::function<void(App&)> options = {}) {
+    // Find through the dialog, as a user would fill it in and press OK. Options: e Exact
+    // Match, w Exact Word, c and u check and uncheck Match Case, v Ignore Variants and Exact.
+    int find(int field, const std::string& text, const std::string& o = "") {
         user = [=](App& a) {
             searchChooseOption(a, field);
             searchTextChanged(a, text);
-            if (options) options(a);
+            if (o == "e" || o == "v") searchSetExact(a, true);
+            if (o == "w") searchSetExactWord(a, true);
+            if (o == "c" || o == "u") a.search.caseChecked = o == "c";
+            a.search.ignoreVariantsChecked = o == "v";
             EXPECT_TRUE(searchOk(a));
         };
         findCommand(t.app);
@@ -150,17 +154,7 @@ TEST(isWholeWord, TheFourCasesChosenByTheFirstOccurrence) {
             << r.pos << " '" << r.needle << "' in '" << r.hay << "'";
 }
 
-// Options: e Exact Match, w Exact Word, c and u check and uncheck Match Case, v Ignore
-// Variants with Exact Match.
 TEST_F(SearchTest, EachOptionDecidesWhatMatches) {
-    const auto options = [](const std::string& o) {
-        return [o](App& a) {
-            if (o == "e" || o == "v") searchSetExact(a, true);
-            if (o == "w") searchSetExactWord(a, true);
-            if (o == "c" || o == "u") a.search.caseChecked = o == "c";
-            if (o == "v") a.search.ignoreVariantsChecked = true;
-        };
-    };
     struct Row {
         int field;
         std::vector<std::string> values;
@@ -197,7 +191,7 @@ TEST_F(SearchTest, EachOptionDecidesWhatMatches) {
         const int last = static_cast<int>(r.values.size()) - 1;
         fresh.t.app.store.currentIndex = last;
         const bool hit = r.found >= 0;
-        EXPECT_EQ(fresh.find(r.field, r.text, options(r.options)), hit ? r.found : last);
+        EXPECT_EQ(fresh.find(r.field, r.text, r.options), hit ? r.found : last);
         EXPECT_EQ(fresh.rendered, hit ? std::vector<int>{r.found} : std::vector<int>{});
         EXPECT_EQ(fresh.messages(), hit ? Strings{} : Strings{"Not Found!"});
         for (const Prompt& p : fresh.t.dialogs.prompts) EXPECT_EQ(p.title, "Not Found");
@@ -259,19 +253,17 @@ TEST_F(SearchTest, ProgressAfterEachMissButNotInWildcardSearches) {
     EXPECT_EQ(progress, std::vector<float>{0.0f});
 }
 
+// The question itself is the navigation tests'; Find must ask it before it moves.
 TEST_F(SearchTest, FindAsksToStoreAnEditedWordFirst) {
     installEditing(t.app);
     words(FieldMeaning, {"sun", "moon"});
-    for (const Answer a : {Answer::No, Answer::Yes}) {
-        t.app.store.currentIndex = 1;
-        renderWord(t.app);
-        t.app.view.meaning = "moonlight";
-        t.dialogs.answers = {a};
-        find(FieldMeaning, "sun");
-        EXPECT_EQ(t.dialogs.prompts.front().text, StoreWordQuestion);
-        EXPECT_EQ(t.app.store.field(1, FieldMeaning), a == Answer::Yes ? "moonlight" : "moon");
-        t.dialogs.prompts.clear();
-    }
+    t.app.store.currentIndex = 1;
+    renderWord(t.app);
+    t.app.view.meaning = "moonlight";
+    t.dialogs.answers = {Answer::Yes};
+    EXPECT_EQ(find(FieldMeaning, "sun"), 0);
+    EXPECT_EQ(t.dialogs.prompts.front().text, StoreWordQuestion);
+    EXPECT_EQ(t.app.store.field(1, FieldMeaning), "moonlight");
 }
 
 TEST_F(SearchTest, CancelledOrEmptyDialogSearchesNothing) {
@@ -324,4 +316,41 @@ TEST(prepareValue, AgreesWithThePatternOnBrokenUtf8) {
     const std::string text = "\xe2\xe2 \xd0 \x95";
     const SearchCriteria c = prepareCriteria(text, true, false, false, false);
     EXPECT_EQ(prepareValue(text, c), c.pattern);
+}
+
+TEST(SearchDialog, OptionEffectsKeepTheTransliterationAsymmetry) {
+    struct Step {
+        int field;
+        bool font, typewriter, ignoreVariants;
+    };
+    // Transliteration leaves Ignore Variants as the choice before it left it.
+    const std::vector<Step> steps = {
+        {FieldGardiner, false, false, true}, {FieldTranslit, true, true, true},
+        {FieldMeaning, false, false, false}, {FieldTranslit, true, true, false},
+        {FieldGardiner, false, false, true}, {FieldComment, false, false, false},
+        {FieldTranslit, true, true, false},  {FieldLayout, false, true, true},
+    };
+    TestApp t;
+    searchDialogLoad(t.app);
+    for (const Step& s : steps) {
+        searchChooseOption(t.app, s.field);
+        EXPECT_EQ(t.app.search.transliterationFont, s.font) << s.field;
+        EXPECT_EQ(t.app.search.typewriterEnabled, s.typewriter) << s.field;
+        EXPECT_EQ(t.app.search.ignoreVariantsEnabled, s.ignoreVariants) << s.field;
+    }
+    searchChooseOption(t.app, FieldDirection); // not an option of the dialog
+    EXPECT_EQ(t.app.search.option, FieldLayout);
+}
+
+TEST(SearchDialog, ExactMatchAndExactWordExcludeEachOther) {
+    TestApp t;
+    const SearchDialogState& d = t.app.search;
+    searchSetExact(t.app, true);
+    searchSetExactWord(t.app, true);
+    EXPECT_FALSE(d.exactChecked);
+    searchSetExact(t.app, true);
+    EXPECT_FALSE(d.exactWordChecked);
+    searchSetExactWord(t.app, true);
+    searchSetExact(t.app, false); // unchecking leaves the other alone
+    EXPECT_TRUE(d.exactWordChecked);
 }
