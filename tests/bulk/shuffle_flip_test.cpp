@@ -51,9 +51,7 @@ TEST(Shuffle, ConfirmedAndSavedFirstOnRequestItShufflesOnlyTheWords) {
         Strings meanings = t.column(FieldMeaning), expected;
         for (int i = 0; i < 30; ++i) expected.push_back(std::to_string(i));
         EXPECT_EQ(meanings != expected, c.shuffled);
-        std::sort(meanings.begin(), meanings.end());
-        std::sort(expected.begin(), expected.end());
-        EXPECT_EQ(meanings, expected);
+        EXPECT_TRUE(std::is_permutation(meanings.begin(), meanings.end(), expected.begin()));
         EXPECT_EQ(t.app.store.field(30, FieldMeaning), "past the end");
         EXPECT_EQ(t.app.view.meaning, t.app.store.field(0, FieldMeaning));
     }
