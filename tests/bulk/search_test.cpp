@@ -67,35 +67,6 @@ struct SearchTest : ::testing::Test, Searcher {};
 
 } // namespace
 
-TEST(prepareCriteria, SlashIsAStarBlanksGoAndCaseFolds) {
-    struct Row {
-        const char* text;
-        bool caseSensitive, ignoreVariants;
-        const char* pattern;
-        bool wildcards;
-    };
-    for (const Row& r : std::vector<Row>{
-             {"n/r", 0, false, "N*R", true},
-             {"n/r", 1, false, "n*r", true},
-             {"a b", 0, false, "AB", false},
-             {" of  god ", 1, false, "ofgod", false},
-             {"ra?", 0, false, "RA?", true},
-             {"a//b", 1, false, "a**b", true},
-             {"[a]#", 1, false, "[a]#", false}, // no "*" or "?": searched literally
-             {"\u0161d", 0, false, "\u0160D", false},
-             {"a1a", 0, true, "A1", false}, // upper-cased first, then the variant goes
-             {"a1a", 1, true, "a1", false},
-             {"A1a-G17b", 1, false, "A1a-G17b", false},
-         }) {
-        const SearchCriteria c =
-            prepareCriteria(r.text, true, false, r.caseSensitive, r.ignoreVariants);
-        EXPECT_EQ(c.pattern, r.pattern) << r.text;
-        EXPECT_EQ(c.hasWildcards, r.wildcards) << r.text;
-        EXPECT_TRUE(c.exact);
-        EXPECT_FALSE(c.exactWord);
-    }
-}
-
 TEST(stripVariants, CutsOneTrailingLetterOfEachPieceOnlyWhenADigitIsFollowedByALetter) {
     struct Row {
         const char *in, *out;
