@@ -191,7 +191,7 @@ TEST(Sort, TheSortsAskToSaveAndToProceedAndReportWhenDone) {
             if (p.text == "Do you want to save before sorting?") {
                 prompts += 'S';
                 // the tool bar's question has neither icon nor title
-                EXPECT_EQ(menu || (p.icon == Icon::None && p.title.empty()), true);
+                EXPECT_TRUE(menu || (p.icon == Icon::None && p.title.empty()));
             } else if (p.text == "Do you want to proceed?\r\nAction cannot be undone!") {
                 prompts += 'P';
             } else {
