@@ -116,45 +116,5 @@ TEST_F(ComposerWindowTest, LoadForAnEditedWordTakesOverTheMainWindowsSigns) {
     EXPECT_EQ(app.layoutText, "A1(0,0) - G17(400,10) - N35(800,20) ");
 }
 
-struct LibraryFiles : ComposerTest {
-    TempDir home;
-    LibraryFiles() {
-        home.write("Lists/BasicList.csv", "A1,G17\r\n");
-        home.write("Lists/Extendedlist.csv", "A1,A1a,G17,G17a\r\n");
-        app.home = home.path();
-    }
-};
-
-// The option buttons and the menu items both load the list and close the browser; each moves
-// only its own checks, and only the Extended menu item beeps.
-TEST_F(LibraryFiles, TheFourSwitchesKeepTheirDifferences) {
-    struct Case {
-        void (Composer::*handler)();
-        bool basic, menu;
-    } cases[] = {
-        {&Composer::basicOptionClicked, true, false},
-        {&Composer::extendedOptionClicked, false, false},
-        {&Composer::basicMenuChosen, true, true},
-        {&Composer::extendedMenuChosen, false, true},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(::testing::Message() << "basic " << c.basic << " menu " << c.menu);
-        // Start from the other library, with the controls showing it.
-        app.settings.library = c.basic ? Library::Extended : Library::Basic;
-        app.extendedChosen = false;
-        composer.activate();
-        const int unloads = browser.unloads, beeps = t.dialogs.beeps;
-        (composer.*c.handler)();
-        EXPECT_EQ(app.settings.library == Library::Basic, c.basic);
-        EXPECT_EQ(app.lists.signCount, c.basic ? 2 : 4);
-        EXPECT_EQ(app.extendedChosen, !c.basic);
-        EXPECT_EQ(t.dialogs.beeps - beeps, c.menu && !c.basic ? 1 : 0);
-        EXPECT_EQ(browser.unloads - unloads, 1);
-        EXPECT_EQ(composer.basicChecked, c.menu == c.basic);
-        EXPECT_NE(composer.extendedChecked, composer.basicChecked);
-        EXPECT_EQ(composer.basicChosen, c.menu != c.basic);
-    }
-}
-
 } // namespace
 } // namespace nebkaro::testing
