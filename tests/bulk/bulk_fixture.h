@@ -14,11 +14,17 @@
 namespace nebkaro::testing {
 
 struct RecordingWindows : WindowHost {
-    std::function<void()> onSortDialog; // unset: the dialog is cancelled
-    std::vector<std::string> progress;  // "show:<text>" and "hide", in order
+    std::function<void()> onSortDialog;   // unset: the dialog is cancelled
+    std::function<void()> onSearchDialog; // plays the Search dialog's user while Find waits
+    std::vector<std::string> progress;    // "show:<text>" and "hide", in order
+    std::vector<float> bar;               // the search's progress bar
     void showSortDialog() override {
         if (onSortDialog) onSortDialog();
     }
+    void showSearchDialogAndWait() override {
+        if (onSearchDialog) onSearchDialog();
+    }
+    void setProgress(float f) override { bar.push_back(f); }
     void showProgress(const std::string& text) override { progress.push_back("show:" + text); }
     void hideProgress() override { progress.push_back("hide"); }
 };

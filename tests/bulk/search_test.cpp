@@ -1,14 +1,8 @@
 #include "bulk/search.h"
 #include "bulk/search_dialog.h"
-#include "display/render.h"
-#include "editing/word_editing.h"
-#include "fakes.h"
+#include "bulk_fixture.h"
 
 #include <gtest/gtest.h>
-
-#include <functional>
-#include <string>
-#include <vector>
 
 using namespace nebkaro;
 using namespace nebkaro::testing;
@@ -17,50 +11,29 @@ namespace {
 
 using Strings = std::vector<std::string>;
 
-// A search's windows: the progress bar and the Search dialog, whose user is a script run while
-// Find waits.
-struct Searcher : WindowHost {
-    TestApp t;
-    std::vector<float> progress;
-    int dialogShown = 0;
-    std::function<void(App&)> user;
+// Records the words Find shows.
+struct Searcher : BulkApp {
     std::vector<int> rendered;
-
     Searcher() {
-        t.app.windows = this;
-        t.app.renderWord = [this](App& a) { rendered.push_back(a.store.currentIndex); };
-    }
-    void setProgress(float f) override { progress.push_back(f); }
-    void showSearchDialogAndWait() override {
-        ++dialogShown;
-        EXPECT_TRUE(t.app.search.visible);
-        if (user) user(t.app);
-    }
-
-    // Words with the given values in one field, the others empty.
-    void words(int field, const std::vector<std::string>& values) {
-        for (std::size_t i = 0; i < values.size(); ++i)
-            t.app.store.setField(static_cast<int>(i), field, values[i]);
-        t.app.store.lastIndex = static_cast<int>(values.size()) - 1;
+        app.renderWord = [this](App& a) { rendered.push_back(a.store.currentIndex); };
     }
 
     // Find through the dialog, as a user would fill it in and press OK. Options: e Exact
     // Match, w Exact Word, c and u check and uncheck Match Case, v Ignore Variants and Exact.
     int find(int field, const std::string& text, const std::string& o = "") {
-        user = [=](App& a) {
-            searchChooseOption(a, field);
-            searchTextChanged(a, text);
-            if (o == "e" || o == "v") searchSetExact(a, true);
-            if (o == "w") searchSetExactWord(a, true);
-            if (o == "c" || o == "u") a.search.caseChecked = o == "c";
-            a.search.ignoreVariantsChecked = o == "v";
-            EXPECT_TRUE(searchOk(a));
+        windows.onSearchDialog = [=, this] {
+            EXPECT_TRUE(app.search.visible);
+            searchChooseOption(app, field);
+            searchTextChanged(app, text);
+            if (o == "e" || o == "v") searchSetExact(app, true);
+            if (o == "w") searchSetExactWord(app, true);
+            if (o == "c" || o == "u") app.search.caseChecked = o == "c";
+            app.search.ignoreVariantsChecked = o == "v";
+            EXPECT_TRUE(searchOk(app));
         };
-        findCommand(t.app);
-        return t.app.store.currentIndex;
+        findCommand(app);
+        return app.store.currentIndex;
     }
-
-    std::vector<std::string> messages() const { return t.dialogs.messages(); }
 };
 
 struct SearchTest : ::testing::Test, Searcher {};
@@ -158,15 +131,15 @@ TEST_F(SearchTest, EachOptionDecidesWhatMatches) {
     for (const Row& r : rows) {
         SCOPED_TRACE(r.text);
         Searcher fresh;
-        fresh.words(r.field, r.values);
+        fresh.setField(r.field, r.values);
         const int last = static_cast<int>(r.values.size()) - 1;
-        fresh.t.app.store.currentIndex = last;
+        fresh.app.store.currentIndex = last;
         const bool hit = r.found >= 0;
         EXPECT_EQ(fresh.find(r.field, r.text, r.options), hit ? r.found : last);
         EXPECT_EQ(fresh.rendered, hit ? std::vector<int>{r.found} : std::vector<int>{});
-        EXPECT_EQ(fresh.messages(), hit ? Strings{} : Strings{"Not Found!"});
-        for (const Prompt& p : fresh.t.dialogs.prompts) EXPECT_EQ(p.title, "Not Found");
-        EXPECT_EQ(fresh.t.app.searchField, r.field);
+        EXPECT_EQ(fresh.dialogs.messages(), hit ? Strings{} : Strings{"Not Found!"});
+        for (const Prompt& p : fresh.dialogs.prompts) EXPECT_EQ(p.title, "Not Found");
+        EXPECT_EQ(fresh.app.searchField, r.field);
     }
 }
 
@@ -194,91 +167,89 @@ TEST_F(SearchTest, FindNextAndPreviousMoveOnFirstAndReportTheEnds) {
     };
     for (const Row& r : rows) {
         Searcher fresh;
-        fresh.words(FieldComment, r.values);
+        fresh.setField(FieldComment, r.values);
         fresh.find(FieldComment, "sun");
-        fresh.t.app.search.searchText = "moon"; // typed but not accepted: not the criteria
-        fresh.t.app.store.currentIndex = r.start;
-        fresh.t.dialogs.prompts.clear();
+        fresh.app.search.searchText = "moon"; // typed but not accepted: not the criteria
+        fresh.app.store.currentIndex = r.start;
+        fresh.dialogs.prompts.clear();
         fresh.rendered.clear();
-        (r.next ? findNextCommand : findPreviousCommand)(fresh.t.app);
+        (r.next ? findNextCommand : findPreviousCommand)(fresh.app);
         SCOPED_TRACE(::testing::Message() << r.start << (r.next ? " next" : " previous"));
-        EXPECT_EQ(fresh.t.app.store.currentIndex, r.found);
-        EXPECT_EQ(fresh.messages(), r.messages);
+        EXPECT_EQ(fresh.app.store.currentIndex, r.found);
+        EXPECT_EQ(fresh.dialogs.messages(), r.messages);
         const bool missed = !r.messages.empty() && r.messages.back() == "Not Found!";
         EXPECT_EQ(fresh.rendered, missed ? std::vector<int>{} : std::vector<int>{r.found});
     }
 }
 
 TEST_F(SearchTest, ProgressAfterEachMissButNotInWildcardSearches) {
-    words(FieldMeaning, {"a", "b", "c", "sun", "e"});
+    setField(FieldMeaning, {"a", "b", "c", "sun", "e"});
     find(FieldMeaning, "sun");
-    EXPECT_EQ(progress, (std::vector<float>{0.0f, 0.25f, 0.5f}));
-    progress.clear();
-    t.app.store.currentIndex = 4;
-    findPreviousCommand(t.app); // from 3: matches at once
-    EXPECT_TRUE(progress.empty());
+    EXPECT_EQ(windows.bar, (std::vector<float>{0.0f, 0.25f, 0.5f}));
+    windows.bar.clear();
+    app.store.currentIndex = 4;
+    findPreviousCommand(app); // from 3: matches at once
+    EXPECT_TRUE(windows.bar.empty());
     find(FieldMeaning, "s/n");
-    EXPECT_TRUE(progress.empty());
-    words(FieldMeaning, {"a"}); // one word: the bar has nowhere to go
+    EXPECT_TRUE(windows.bar.empty());
+    setField(FieldMeaning, {"a"}); // one word: the bar has nowhere to go
     find(FieldMeaning, "sun");
-    EXPECT_EQ(progress, std::vector<float>{0.0f});
+    EXPECT_EQ(windows.bar, std::vector<float>{0.0f});
 }
 
 // The question itself is the navigation tests'; Find must ask it before it moves.
 TEST_F(SearchTest, FindAsksToStoreAnEditedWordFirst) {
-    installEditing(t.app);
-    words(FieldMeaning, {"sun", "moon"});
-    t.app.store.currentIndex = 1;
-    renderWord(t.app);
-    t.app.view.meaning = "moonlight";
-    t.dialogs.answers = {Answer::Yes};
+    installEditing(app);
+    setField(FieldMeaning, {"sun", "moon"});
+    app.store.currentIndex = 1;
+    renderWord(app);
+    app.view.meaning = "moonlight";
+    dialogs.answers = {Answer::Yes};
     EXPECT_EQ(find(FieldMeaning, "sun"), 0);
-    EXPECT_EQ(t.dialogs.prompts.front().text, StoreWordQuestion);
-    EXPECT_EQ(t.app.store.field(1, FieldMeaning), "moonlight");
+    EXPECT_EQ(dialogs.prompts.front().text, StoreWordQuestion);
+    EXPECT_EQ(app.store.field(1, FieldMeaning), "moonlight");
 }
 
+// OK on an empty box is refused; the window being closed then counts as Cancel.
 TEST_F(SearchTest, CancelledOrEmptyDialogSearchesNothing) {
-    words(FieldMeaning, {"sun"});
-    user = [](App& a) {
-        a.search.searchText = "sun";
-        searchCancel(a);
-    };
-    findCommand(t.app);
-    EXPECT_TRUE(rendered.empty());
-    EXPECT_TRUE(t.dialogs.prompts.empty());
-    // OK on an empty box is refused; the window being closed then counts as Cancel.
-    user = [](App& a) {
-        EXPECT_FALSE(searchOk(a));
-        searchCancel(a);
-    };
-    findCommand(t.app);
-    EXPECT_EQ(messages(), Strings{"You must write something in the search box"});
-    EXPECT_TRUE(rendered.empty());
+    setField(FieldMeaning, {"sun"});
+    for (const char* text : {"sun", ""}) {
+        windows.onSearchDialog = [&] {
+            app.search.searchText = text;
+            EXPECT_TRUE(*text || !searchOk(app)); // OK only on the empty box
+            searchCancel(app);
+        };
+        findCommand(app);
+        EXPECT_TRUE(rendered.empty());
+    }
+    EXPECT_EQ(dialogs.messages(), Strings{"You must write something in the search box"});
 }
 
 TEST_F(SearchTest, ASecondFindWhileTheDialogIsUpDoesNothing) {
-    words(FieldMeaning, {"sun"});
-    user = [this](App& a) {
-        findCommand(a);
-        EXPECT_EQ(dialogShown, 1);
-        a.search.searchText = "sun";
-        searchOk(a);
+    setField(FieldMeaning, {"sun"});
+    int shown = 0;
+    windows.onSearchDialog = [&] {
+        if (++shown > 1) return;
+        findCommand(app);
+        app.search.searchText = "sun";
+        searchOk(app);
     };
-    findCommand(t.app);
+    findCommand(app);
+    EXPECT_EQ(shown, 1);
     EXPECT_EQ(rendered, std::vector<int>{0});
-    EXPECT_FALSE(t.app.search.waiting);
+    EXPECT_FALSE(app.search.waiting);
 }
 
 TEST_F(SearchTest, RunTimeErrorsAreReported) {
-    words(FieldMeaning, {"sun"});
+    setField(FieldMeaning, {"sun"});
     find(FieldMeaning, "[a/");
-    EXPECT_EQ(messages(), Strings{"93  Invalid pattern string"});
-    EXPECT_EQ(t.dialogs.prompts[0].icon, Icon::Critical);
-    t.dialogs.prompts.clear();
+    EXPECT_EQ(dialogs.messages(), Strings{"93  Invalid pattern string"});
+    EXPECT_EQ(dialogs.prompts[0].icon, Icon::Critical);
+    dialogs.prompts.clear();
     find(FieldMeaning, "sun");
-    t.app.store.currentIndex = 200000; // gone to with Go, which checks nothing
-    findPreviousCommand(t.app);
-    EXPECT_EQ(messages(), Strings{"9  Subscript out of range"});
+    app.store.currentIndex = 200000; // gone to with Go, which checks nothing
+    findPreviousCommand(app);
+    EXPECT_EQ(dialogs.messages(), Strings{"9  Subscript out of range"});
 }
 
 // Found by fuzzing: a blank between the bytes of a broken multibyte character must be taken
