@@ -60,23 +60,13 @@ TEST(ReadingOrderTest, OverlapDecidesBetweenTopFirstAndWritingDirection) {
     }
 }
 
-TEST(ReadingOrderTest, RebuiltTextsKeepTheirTrailingBlanksAndTheOtherFields) {
-    ReadingOrder t({{"L", "A1(0,0) "}, {"L", "N35(0,-20) - D21(0,0) "}}, "20");
-    EXPECT_EQ(t.app.store.row(0),
-              (WordRecord{"L", "B", "A1( 0, 0) ", "A1 ", "nfr", "good", "note"}));
-    EXPECT_EQ(t.app.store.row(1), (WordRecord{"L", "B", "N35( 0,-20) - D21( 0, 0) ", "N35 - D21 ",
-                                              "nfr", "good", "note"}));
-    EXPECT_EQ(t.stores, 2);
-    EXPECT_TRUE(t.app.store.isChanged);
-    EXPECT_EQ(t.dialogs.prompts[0].text, "How much % overlap do you want to allow?");
-}
-
 TEST(ReadingOrderTest, AWordWithoutSignsStopsTheRunAndNoAnswerChangesNothing) {
     const std::string unordered = "B1(10,0) - A1(0,0) ";
     ReadingOrder t({{"L", unordered}, {"L", ""}, {"L", unordered}}, "100");
     EXPECT_EQ(t.column(FieldLayout),
               (std::vector<std::string>{"A1( 0, 0) - B1( 10, 0) ", "", unordered}));
     EXPECT_EQ(t.app.store.currentIndex, 1);
+    EXPECT_EQ(t.dialogs.prompts.front().text, "How much % overlap do you want to allow?");
     EXPECT_EQ(t.dialogs.prompts.back().text, "5  Invalid procedure call or argument");
     EXPECT_EQ(t.dialogs.prompts.back().icon, Icon::Critical);
     for (const auto& answer : {std::optional<std::string>(""), std::optional<std::string>()}) {
