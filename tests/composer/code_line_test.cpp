@@ -108,8 +108,6 @@ TEST_F(CodeLineTest, AnEmptyLineOrOneWithoutSignsMovesNothing) {
 }
 
 TEST_F(CodeLineTest, PicturesComeFromTheLibraryAndDirectionAMissingOneIsAnEmptySquare) {
-    get("G17");
-    EXPECT_EQ(composer.images[0].picture.file, "/pictures/Basic/Left/G17.GIF");
     app.settings.library = Library::Extended;
     app.settings.direction = Direction::Right;
     t.pictures.sizes.erase("A1");
