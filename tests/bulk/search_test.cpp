@@ -316,21 +316,16 @@ TEST(layoutHasSigns, EverySignInAnyOrderAndEachAsOftenAsNamed) {
     }
 }
 
-TEST(SignsFind, FindAndFindNextWalkTheWordsHoldingTheSigns) {
-    BulkApp b;
-    b.app.lists = phoneticLists();
-    b.setField(FieldLayout,
-               {"D21(0,0) ", "G17(0,0) - D21(300,0) ", "X1(0,0) ", "D21(0,0) - G17a(300,0) "});
-    b.app.search.searchText = "r m";
-    b.app.search.ignoreVariantsChecked = true;
-    b.app.searchField = FieldLayout;
-    EXPECT_EQ(findWord(b.app, 0, b.app.store.lastIndex, 1, false), 1);
-    findNextCommand(b.app);
-    EXPECT_EQ(b.app.store.currentIndex, 3);
-    EXPECT_EQ(findBySigns(b.app.store, SignQuery{{"D21"}, false}, 2, 0, -1), 1);
+TEST_F(SearchTest, SignsFindAndFindNextWalkTheWordsHoldingTheSigns) {
+    app.lists = phoneticLists();
+    setField(FieldLayout,
+             {"D21(0,0) ", "G17(0,0) - D21(300,0) ", "X1(0,0) ", "D21(0,0) - G17a(300,0) "});
+    EXPECT_EQ(find(FieldLayout, "r m", "v"), 1);
+    findNextCommand(app);
+    EXPECT_EQ(app.store.currentIndex, 3);
+    EXPECT_EQ(findBySigns(app.store, SignQuery{{"D21"}, false}, 2, 0, -1), 1);
     // A name that is neither a code nor a phonetic value is told, and nothing is searched.
-    b.app.search.searchText = "m qqq";
-    EXPECT_EQ(findWord(b.app, 0, b.app.store.lastIndex, 1, false), -1);
-    EXPECT_EQ(b.dialogs.messages(), std::vector<std::string>{"qqq was not found"});
-    EXPECT_EQ(b.dialogs.prompts.back().title, "Phonetic Not Found");
+    EXPECT_EQ(find(FieldLayout, "m qqq"), 3);
+    EXPECT_EQ(dialogs.messages(), Strings{"qqq was not found"});
+    EXPECT_EQ(dialogs.prompts.back().title, "Phonetic Not Found");
 }
