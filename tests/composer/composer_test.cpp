@@ -94,58 +94,6 @@ TEST_F(CanvasTest, DeleteLastIsRefusedAtOneAndBelow) {
 
 using ComposerWindowTest = ComposerTest;
 
-// OK sorts the signs into reading order and writes each at its place in the group.
-TEST_F(ComposerWindowTest, OkWritesTheSignsInReadingOrderAtTheirPlaces) {
-    using At = std::vector<std::pair<double, double>>;
-    const At a1g17 = {{1200, 800}, {1500, 760}};
-    struct Case {
-        const char* line;
-        At at; // where each sign placed by Get is dragged
-        bool left;
-        const char* gardiner;
-        const char* layout; // nullptr: not checked
-    };
-    const Case cases[] = {
-        {"A1 G17", a1g17, true, "A1-G17", "A1(0,40) - G17(300,0) "},
-        {"A1 G17", a1g17, false, "G17-A1", "G17(300,0) - A1(0,40) "},
-        // One column needs each sign to start before 92 % of the other's right edge: N35 is
-        // 600 wide, A1 300, so 552 and 276 from their lefts.
-        {"N35 A1", {{1000, 1500}, {1552, 1000}}, true, "N35-A1", nullptr},
-        {"N35 A1", {{1000, 1500}, {1551, 1000}}, true, "A1-N35", nullptr},
-        {"N35 A1", {{1000, 1500}, {1000, 1000}}, true, "A1-N35", nullptr},
-        {"N35 A1", {{1000, 1000}, {724, 1500}}, true, "A1-N35", nullptr},
-        {"N35 A1", {{1000, 1000}, {725, 1500}}, true, "N35-A1", nullptr},
-        // A sign under another follows it in both directions.
-        {"X1 N35 A1", {{1500, 1450}, {1400, 1000}, {2100, 1000}}, true, "N35-X1-A1", nullptr},
-        {"X1 N35 A1", {{1500, 1450}, {1400, 1000}, {2100, 1000}}, false, "A1-N35-X1", nullptr},
-        // Same top: ",0)" after both; the lower edges play no part.
-        {"A1 N35", {{900, 500}, {1200, 500}}, true, "A1-N35", "A1(0,0) - N35(300,0) "},
-        // The minima start at 5000 and 10000: a group beyond them keeps its offset.
-        {"A1 G17", {{5300, 800}, {5600, 760}}, true, "A1-G17", "A1(300,40) - G17(600,0) "},
-        {"A1 G17", {{6000, 10500}, {6300, 10400}}, true, "A1-G17", "A1(1000,500) - G17(1300,400) "},
-        // Negative places are kept as they are.
-        {"A1 G17", {{-600, 800}, {-300, 760}}, true, "A1-G17", "A1(0,40) - G17(300,0) "},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(std::string(c.line) + (c.left ? " left" : " right"));
-        app.settings.direction = c.left ? Direction::Left : Direction::Right;
-        composer.open();
-        get(c.line);
-        for (std::size_t k = 0; k < c.at.size(); ++k)
-            composer.moveSign(static_cast<int>(k), c.at[k].first, c.at[k].second);
-        ASSERT_TRUE(composer.accept());
-        EXPECT_EQ(app.composedGardiner, c.gardiner);
-        if (c.layout) {
-            EXPECT_EQ(app.layoutText, c.layout);
-        }
-        EXPECT_EQ(composer.gardinerLabel, c.gardiner);
-        // The images follow their slots through the sort.
-        EXPECT_EQ(composer.images[0].picture.file.filename(), code(0) + ".GIF");
-    }
-    EXPECT_EQ(app.view.rightEdge, 750); // the extent of the last group, A1 and G17
-    EXPECT_EQ(app.view.bottomEdge, 640);
-}
-
 TEST_F(ComposerWindowTest, AGapEndsTheReadingOrderSortAndIsSkipped) {
     choose(0, "G17");
     choose(2, "A1");
@@ -204,8 +152,11 @@ std::string repeat(const std::string& s, int count, const std::string& sep) {
 }
 
 // Sizes: N35 600x150, X1 450x225, Z1 150x450, A1 300x600, D21 450x225, G17 450x600,
-// M17 225x600, Aa1 375x375. Each message is "text / title", joined by "; ".
+// M17 225x600, Aa1 375x375. Each message is "text / title", joined by "; ". The last rows drag
+// the signs Get placed before OK sorts them into reading order.
 TEST_F(CodeLineTest, TheLineIsReadLaidOutAndWrittenAsALayout) {
+    using At = std::vector<std::pair<double, double>>;
+    const At a1g17 = {{1200, 800}, {1500, 760}}, n35a1 = {{1000, 1500}, {1000, 1000}};
     const std::string tooMany = repeat("A1", 10, " ") + " zz " + repeat("A1", 12, " ") + " G17";
     const std::string zz = "zz was not found / Phonetic Not Found";
     struct Case {
@@ -213,6 +164,7 @@ TEST_F(CodeLineTest, TheLineIsReadLaidOutAndWrittenAsALayout) {
         std::string line, gardiner; // "" when OK has nothing to accept
         const char* layout;         // nullptr: not checked
         std::string messages;
+        At at = {}; // where each sign is dragged before OK
     };
     const Case cases[] = {
         // Get: a row on the middle line, each separator only ends a token.
@@ -261,6 +213,31 @@ TEST_F(CodeLineTest, TheLineIsReadLaidOutAndWrittenAsALayout) {
         // A line without separators between groups is Get's row.
         {"AL", "A1 G17", "A1-G17", "A1(0,0) - G17(300,0) ", ""},
         {"AL", "zz", "", "", zz},
+        // OK: each sign at its place in the group, in reading order.
+        {"GL", "A1 G17", "A1-G17", "A1(0,40) - G17(300,0) ", "", a1g17},
+        {"GR", "A1 G17", "G17-A1", "G17(300,0) - A1(0,40) ", "", a1g17},
+        // One column needs each sign to start before 92 % of the other's right edge: N35 is
+        // 600 wide, A1 300, so 552 and 276 from their lefts.
+        {"GL", "N35 A1", "N35-A1", nullptr, "", {{1000, 1500}, {1552, 1000}}},
+        {"GL", "N35 A1", "A1-N35", nullptr, "", {{1000, 1500}, {1551, 1000}}},
+        {"GL", "N35 A1", "A1-N35", nullptr, "", n35a1},
+        {"GL", "N35 A1", "A1-N35", nullptr, "", {{1000, 1000}, {724, 1500}}},
+        {"GL", "N35 A1", "N35-A1", nullptr, "", {{1000, 1000}, {725, 1500}}},
+        // A sign under another follows it in both directions.
+        {"GL", "X1 N35 A1", "N35-X1-A1", nullptr, "", {{1500, 1450}, {1400, 1000}, {2100, 1000}}},
+        {"GR", "X1 N35 A1", "A1-N35-X1", nullptr, "", {{1500, 1450}, {1400, 1000}, {2100, 1000}}},
+        // Same top: ",0)" after both; the lower edges play no part.
+        {"GL", "A1 N35", "A1-N35", "A1(0,0) - N35(300,0) ", "", {{900, 500}, {1200, 500}}},
+        // The minima start at 5000 and 10000: a group beyond them keeps its offset.
+        {"GL", "A1 G17", "A1-G17", "A1(300,40) - G17(600,0) ", "", {{5300, 800}, {5600, 760}}},
+        {"GL",
+         "A1 G17",
+         "A1-G17",
+         "A1(1000,500) - G17(1300,400) ",
+         "",
+         {{6000, 10500}, {6300, 10400}}},
+        // Negative places are kept as they are.
+        {"GL", "A1 G17", "A1-G17", "A1(0,40) - G17(300,0) ", "", {{-600, 800}, {-300, 760}}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.line.substr(0, 40) + " " + c.how);
@@ -270,6 +247,8 @@ TEST_F(CodeLineTest, TheLineIsReadLaidOutAndWrittenAsALayout) {
         t.dialogs.prompts.clear();
         composer.codeLine = c.line;
         c.how[0] == 'G' ? composer.getSigns() : composer.arrange();
+        for (std::size_t k = 0; k < c.at.size(); ++k)
+            composer.moveSign(static_cast<int>(k), c.at[k].first, c.at[k].second);
         std::string messages;
         for (const Prompt& p : t.dialogs.prompts)
             messages += (messages.empty() ? "" : "; ") + p.text + " / " + p.title;
@@ -280,7 +259,13 @@ TEST_F(CodeLineTest, TheLineIsReadLaidOutAndWrittenAsALayout) {
         if (c.layout) {
             EXPECT_EQ(app.layoutText, c.layout);
         }
+        if (!c.gardiner.empty()) { // the label and the images follow the signs through the sort
+            EXPECT_EQ(composer.gardinerLabel, c.gardiner);
+            EXPECT_EQ(composer.images[0].picture.file.filename(), code(0) + ".GIF");
+        }
     }
+    EXPECT_EQ(app.view.rightEdge, 750); // the extent of the last group, A1 and G17
+    EXPECT_EQ(app.view.bottomEdge, 640);
 }
 
 // Get and Arrange leave the canvas as it was when there is nothing to place.
