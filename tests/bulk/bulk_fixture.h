@@ -1,6 +1,6 @@
 #pragma once
 // An App over the scripted fakes, wired to the real word renderer and Store, with a window stand-in
-// that plays the user of the Sort dialog and records the progress dialog.
+// that plays the user of the Sort and Search dialogs and records the progress dialog.
 #include "bulk/sort_dialog_model.h"
 #include "core/app.h"
 #include "display/render.h"
@@ -17,14 +17,12 @@ struct RecordingWindows : WindowHost {
     std::function<void()> onSortDialog;   // unset: the dialog is cancelled
     std::function<void()> onSearchDialog; // plays the Search dialog's user while Find waits
     std::vector<std::string> progress;    // "show:<text>" and "hide", in order
-    std::vector<float> bar;               // the search's progress bar
     void showSortDialog() override {
         if (onSortDialog) onSortDialog();
     }
     void showSearchDialogAndWait() override {
         if (onSearchDialog) onSearchDialog();
     }
-    void setProgress(float f) override { bar.push_back(f); }
     void showProgress(const std::string& text) override { progress.push_back("show:" + text); }
     void hideProgress() override { progress.push_back("hide"); }
 };

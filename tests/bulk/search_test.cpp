@@ -151,9 +151,7 @@ TEST_F(SearchTest, FindNextAndPreviousMoveOnFirstAndReportTheEnds) {
         Strings messages;
     };
     const Row rows[] = {
-        {suns, 0, true, 2, {}},
         {suns, 2, true, 4, {}},
-        {suns, 4, false, 2, {}},
         {suns, 2, false, 0, {}},
         // A miss goes back to the word on show, which stays the word that commands act on.
         {{"moon", "sun", "moon"}, 1, true, 1, {"Not Found!"}},
@@ -178,18 +176,6 @@ TEST_F(SearchTest, FindNextAndPreviousMoveOnFirstAndReportTheEnds) {
         const bool missed = !r.messages.empty() && r.messages.back() == "Not Found!";
         EXPECT_EQ(fresh.rendered, missed ? std::vector<int>{} : std::vector<int>{r.found});
     }
-}
-
-TEST_F(SearchTest, ProgressAfterEachMissButNotInWildcardSearches) {
-    setField(FieldMeaning, {"a", "b", "c", "sun", "e"});
-    find(FieldMeaning, "sun");
-    EXPECT_EQ(windows.bar, (std::vector<float>{0.0f, 0.25f, 0.5f}));
-    windows.bar.clear();
-    find(FieldMeaning, "s/n");
-    EXPECT_TRUE(windows.bar.empty());
-    setField(FieldMeaning, {"a"}); // one word: the bar has nowhere to go
-    find(FieldMeaning, "sun");
-    EXPECT_EQ(windows.bar, std::vector<float>{0.0f});
 }
 
 // The question itself is the navigation tests'; Find must ask it before it moves.
