@@ -29,12 +29,9 @@ void loadClassicTable(App& app) {
         t[c] = {s, s};
     }
     for (std::size_t k = 0; k < ClassicLetters.size(); ++k) {
-        const auto letter = static_cast<unsigned char>(ClassicLetters[k]);
-        const auto mark = static_cast<unsigned char>(33 + k);
-        t[letter] = {std::string(1, static_cast<char>(mark)),
-                     std::string(1, static_cast<char>(mark))};
-        t[mark] = {std::string(1, static_cast<char>(letter)),
-                   std::string(1, static_cast<char>(letter))};
+        const char letter = ClassicLetters[k], mark = static_cast<char>(33 + k);
+        t[static_cast<unsigned char>(letter)] = {std::string(1, mark), std::string(1, mark)};
+        t[static_cast<unsigned char>(mark)] = {std::string(1, letter), std::string(1, letter)};
     }
 }
 
@@ -58,10 +55,7 @@ void runSort(BulkApp& t, Which which, SortField field, bool reverse = false, boo
     t.choose(field, reverse, cs);
     if (t.app.store.isChanged) t.dialogs.answers.push_back(Answer::No); // save first?
     if (which == Which::Menu) t.dialogs.answers.push_back(Answer::Yes); // proceed
-    if (which == Which::Toolbar)
-        sortCommand(t.app);
-    else
-        menuSortCommand(t.app);
+    (which == Which::Toolbar ? sortCommand : menuSortCommand)(t.app);
 }
 
 using Rows = std::vector<WordRecord>;
