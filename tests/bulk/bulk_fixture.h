@@ -35,15 +35,11 @@ struct BulkApp {
     MemoryFileWriter files;
     App app{dialogs, clipboard, events, pictures, files};
     RecordingWindows windows;
-    int stores = 0;
 
     BulkApp() {
         app.windows = &windows;
         app.renderWord = [](App& a) { renderWord(a); };
-        app.storeWord = [this](App& a) {
-            ++stores;
-            storeCurrentWord(a);
-        };
+        app.storeWord = [](App& a) { storeCurrentWord(a); };
         app.store.dictionaryPath = "/dictionaries/Words.nkd";
     }
 

@@ -111,7 +111,6 @@ TEST_F(ComposerWindowTest, LoadForAnEditedWordTakesOverTheMainWindowsSigns) {
     composer.open();
     EXPECT_EQ(composer.firstFreeSlot, 3);
     EXPECT_FALSE(composer.images[3].hasPicture);
-    EXPECT_FALSE(composer.images[4].visible);
     EXPECT_EQ(composer.gardinerLabel, "Gardiner: A1-G17-N35");
     // Edited without a move, the word comes back as it was drawn, each sign at its place.
     ASSERT_TRUE(composer.accept());
@@ -163,7 +162,6 @@ TEST_F(CodeLineTest, TheLineIsReadLaidOutAndWrittenAsALayout) {
         {"GL", "a1 G17", "G17", nullptr, "a1 was not found / Glyph Not Found"},
         {"GL", "z9 G17", "G17", nullptr, "z9 was not found / Glyph Not Found"},
         {"GL", "N35a", "", nullptr, "N35a was not found / Phonetic Not Found"},
-        {"GL", "A1,G17", "", "", "A1G17 was not found / Glyph Not Found"},
         {"GL", "A1\xC3\xA9G17", "", "", "A1G17 was not found / Glyph Not Found"},
         {"GL", "nfx A1", "A1", nullptr, "nfx was not found / Phonetic Not Found"},
         {"GL", "p-t", "X1", nullptr, "Q3 was not found / Glyph Not Found"},
