@@ -12,8 +12,6 @@ using namespace nebkaro::testing;
 
 namespace {
 
-using Strings = std::vector<std::string>;
-
 // Words 0..n-1 with two signs each; their meanings are their numbers.
 void numberedWords(BulkApp& t, int n) {
     t.pictures.sizes = {{"A1", {40, 40}}, {"B1", {20, 40}}};

@@ -13,6 +13,8 @@
 
 namespace nebkaro::testing {
 
+using Strings = std::vector<std::string>;
+
 struct RecordingWindows : WindowHost {
     std::function<void()> onSortDialog;   // unset: the dialog is cancelled
     std::function<void()> onSearchDialog; // plays the Search dialog's user while Find waits

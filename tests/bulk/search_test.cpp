@@ -11,8 +11,6 @@ using namespace nebkaro::testing;
 
 namespace {
 
-using Strings = std::vector<std::string>;
-
 // Records the words Find shows.
 struct Searcher : BulkApp {
     std::vector<int> rendered;

@@ -15,7 +15,6 @@ struct QueuedBrowser : WindowHost {
     explicit QueuedBrowser(App& a) : app(a) {}
     // Each entry answers one double-click: a sign, or nullopt for a browser closed unchosen.
     std::deque<std::optional<ChosenSign>> choices;
-    int unloads = 0;
 
     bool chooseSignFromBrowser() override {
         if (choices.empty()) {
@@ -27,7 +26,6 @@ struct QueuedBrowser : WindowHost {
         if (c) app.chosenSign = *c;
         return c.has_value();
     }
-    void unloadBrowser() override { ++unloads; }
 };
 
 // Three monoliterals, then a few signs of several categories.
