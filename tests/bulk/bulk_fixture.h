@@ -1,6 +1,6 @@
 #pragma once
 // An App over the scripted fakes, wired to the real word renderer and Store, with a window stand-in
-// that records the sort dialog, the progress dialog and the counter label.
+// that plays the user of the Sort and Search dialogs and records the progress dialog.
 #include "bulk/sort_dialog_model.h"
 #include "core/app.h"
 #include "display/render.h"
@@ -13,19 +13,20 @@
 
 namespace nebkaro::testing {
 
+using Strings = std::vector<std::string>;
+
 struct RecordingWindows : WindowHost {
-    // What the user does in the Sort dialog; unset means the dialog is cancelled.
-    std::function<void()> onSortDialog;
-    int sortDialogShown = 0;
-    std::vector<std::string> progress; // "show:<text>" and "hide", in order
-    std::vector<int> counter;
+    std::function<void()> onSortDialog;   // unset: the dialog is cancelled
+    std::function<void()> onSearchDialog; // plays the Search dialog's user while Find waits
+    std::vector<std::string> progress;    // "show:<text>" and "hide", in order
     void showSortDialog() override {
-        ++sortDialogShown;
         if (onSortDialog) onSortDialog();
+    }
+    void showSearchDialogAndWait() override {
+        if (onSearchDialog) onSearchDialog();
     }
     void showProgress(const std::string& text) override { progress.push_back("show:" + text); }
     void hideProgress() override { progress.push_back("hide"); }
-    void showCounter(int n) override { counter.push_back(n); }
 };
 
 struct BulkApp {
@@ -36,15 +37,11 @@ struct BulkApp {
     MemoryFileWriter files;
     App app{dialogs, clipboard, events, pictures, files};
     RecordingWindows windows;
-    int stores = 0;
 
     BulkApp() {
         app.windows = &windows;
         app.renderWord = [](App& a) { renderWord(a); };
-        app.storeWord = [this](App& a) {
-            ++stores;
-            storeCurrentWord(a);
-        };
+        app.storeWord = [](App& a) { storeCurrentWord(a); };
         app.store.dictionaryPath = "/dictionaries/Words.nkd";
     }
 
@@ -55,12 +52,8 @@ struct BulkApp {
     }
     // Words that differ only in one field.
     void setField(int field, const std::vector<std::string>& values) {
-        std::vector<WordRecord> words;
-        for (const auto& v : values) {
-            WordRecord r{"L", "B", "", "G", "t", "m", "c"};
-            r[static_cast<std::size_t>(field)] = v;
-            words.push_back(r);
-        }
+        std::vector<WordRecord> words(values.size(), {"L", "B", "", "G", "t", "m", "c"});
+        for (std::size_t i = 0; i < values.size(); ++i) words[i][field] = values[i];
         setWords(words);
     }
     std::vector<std::string> column(int field) const {
@@ -69,9 +62,9 @@ struct BulkApp {
         return out;
     }
 
-    // The user picks an option and check boxes, then OK.
+    // The user picks an option and check boxes in the Sort dialog, then OK.
     void choose(SortField option, bool reverse = false, bool caseSensitive = false) {
-        windows.onSortDialog = [this, option, reverse, caseSensitive] {
+        windows.onSortDialog = [=, this] {
             app.sortDialog.option = option;
             app.sortDialog.reverse = reverse;
             app.sortDialog.caseSensitive = caseSensitive;

@@ -10,29 +10,22 @@
 
 namespace nebkaro::testing {
 
-class QueuedBrowser : public WindowHost {
-public:
-    explicit QueuedBrowser(App& app) : app_(app) {}
-    // Each entry answers one double-click: a sign chosen, or nullopt for a browser closed
-    // without a choice.
+struct QueuedBrowser : WindowHost {
+    App& app;
+    explicit QueuedBrowser(App& a) : app(a) {}
+    // Each entry answers one double-click: a sign, or nullopt for a browser closed unchosen.
     std::deque<std::optional<ChosenSign>> choices;
-    int unloads = 0;
 
     bool chooseSignFromBrowser() override {
         if (choices.empty()) {
             ADD_FAILURE() << "the browser was opened unexpectedly";
             return false;
         }
-        auto c = choices.front();
+        const auto c = choices.front();
         choices.pop_front();
-        if (!c) return false;
-        app_.chosenSign = *c;
-        return true;
+        if (c) app.chosenSign = *c;
+        return c.has_value();
     }
-    void unloadBrowser() override { ++unloads; }
-
-private:
-    App& app_;
 };
 
 // Three monoliterals, then a few signs of several categories.
@@ -58,13 +51,11 @@ struct ComposerTest : ::testing::Test {
         composer.open();
     }
 
-    // The sign with this code as the browser would hand it over from picture 0.
-    ChosenSign sign(const std::string& code) {
-        return ChosenSign{code, app.lists.findSign(code), 0,
-                          t.pictures.picture(Library::Basic, Direction::Left, code)};
-    }
+    // Chooses the sign with this code into `slot`, as the browser hands it over from picture 0.
     void choose(int slot, const std::string& code) {
-        browser.choices.push_back(sign(code));
+        browser.choices.push_back(
+            ChosenSign{code, app.lists.findSign(code), 0,
+                       t.pictures.picture(Library::Basic, Direction::Left, code)});
         ASSERT_TRUE(composer.chooseSign(slot));
     }
     void get(const std::string& line) {
