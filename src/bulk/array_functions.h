@@ -251,31 +251,6 @@ void combSort(App& app, Table& table, int column, std::optional<int> upper, Sort
     } while (gap != 1 || swapped);
 }
 
-// Exchange sort of entries 0..upper+1: passes of neighbour exchanges until a pass exchanges
-// nothing. Every pass shows upper in the main window's counter and lets the window system
-// breathe. Plain text order for every column; it cannot be cancelled.
-template <class Table>
-void exchangeSort(App& app, Table& table, int column, int upper, SortOrder order) {
-    detail::checkRange(table, upper + 1);
-    auto keys = detail::makeKeys(table, column, upper + 1, order.caseSensitive);
-    detail::Greater greater;
-    greater.reverse = order.reverse;
-    bool swapped = false;
-    do {
-        swapped = false;
-        app.windows->showCounter(upper);
-        app.events.yield();
-        for (int j = 0; j <= upper; ++j) {
-            const auto a = static_cast<std::size_t>(j);
-            if (greater(keys[a], keys[a + 1])) {
-                swapRows(table, j, j + 1);
-                std::swap(keys[a], keys[a + 1]);
-                swapped = true;
-            }
-        }
-    } while (swapped);
-}
-
 // Rnd: a number uniform in [0, 1).
 using RandomSource = std::function<double()>;
 // A generator seeded from the clock, as the program shuffles.

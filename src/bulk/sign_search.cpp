@@ -135,12 +135,6 @@ SignQueryReading readSignQuery(const SignLists& lists, std::string_view text, bo
     return r;
 }
 
-std::vector<std::string_view> layoutCodes(std::string_view layout) {
-    std::array<std::string_view, MaxCodes> codes;
-    const std::size_t n = scanCodes(layout, codes);
-    return {codes.begin(), codes.begin() + static_cast<std::ptrdiff_t>(n)};
-}
-
 bool layoutHasSigns(std::string_view layout, const SignQuery& query) {
     return holds(layout, prepare(query), query.foldVariants);
 }

@@ -29,9 +29,6 @@ struct SignQueryReading {
 // phonetic table (scholarly letters are read as their plain ones).
 SignQueryReading readSignQuery(const SignLists& lists, std::string_view text, bool foldVariants);
 
-// The codes of a layout string in slot order, read leniently: what stands before each "(".
-std::vector<std::string_view> layoutCodes(std::string_view layout);
-
 // Whether the layout holds every sign of the query (each as often as it is asked for).
 bool layoutHasSigns(std::string_view layout, const SignQuery& query);
 

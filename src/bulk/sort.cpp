@@ -146,7 +146,7 @@ void toolbarSort(App& app, SortField field, SortOrder order) {
     app.renderWord(app);
 }
 
-double menuSort(App& app, SortField field, SortOrder order, int algorithm) {
+double menuSort(App& app, SortField field, SortOrder order) {
     DictionaryStore& store = app.store;
     UndoStep step(app.history, store, sortStepName(field), 0);
     app.windows->showProgress("Sorting Started");
@@ -157,10 +157,7 @@ double menuSort(App& app, SortField field, SortOrder order, int algorithm) {
         const int column = sortColumn(field);
         app.sortCancelled = false;
         const auto t0 = std::chrono::steady_clock::now();
-        if (algorithm == 1)
-            exchangeSort(app, store, column, store.lastIndex - 1, order);
-        else
-            combSort(app, store, column, store.lastIndex - 1, order);
+        combSort(app, store, column, store.lastIndex - 1, order);
         coding.decode();
         store.isChanged = true;
         store.currentIndex = 0;

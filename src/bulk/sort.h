@@ -27,11 +27,10 @@ std::vector<int> toolbarOrder(const DictionaryStore& store, int last, int field,
 void toolbarSort(App& app, SortField field, SortOrder order);
 
 // The menu sort without its questions: the progress dialog, the comb sort of rows
-// 0..lastIndex (cancellable; algorithm 1 runs the exchange sort instead, which no command
-// asks for), the current word set to 0 and shown. Returns the seconds the sort took. A failure
-// (a transliteration character the classic table lacks) leaves the rows as they are at that
-// moment, marked changed, with the current word shown again and the progress dialog hidden,
+// 0..lastIndex (cancellable), the current word set to 0 and shown. Returns the seconds the sort
+// took. A failure (a transliteration character the classic table lacks) leaves the rows as they are
+// at that moment, marked changed, with the current word shown again and the progress dialog hidden,
 // and goes to the caller.
-double menuSort(App& app, SortField field, SortOrder order, int algorithm = 2);
+double menuSort(App& app, SortField field, SortOrder order);
 
 } // namespace nebkaro
