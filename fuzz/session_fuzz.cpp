@@ -1,10 +1,8 @@
-// A long random walk through the program's commands with random answers to every question:
-// after each step the store must be consistent, every save must leave a file that holds every
-// word the store held, and a load must give back the words that were saved. Dictionaries with
-// layouts that do not parse, direction letters other than R and L and lines that are not UTF-8
-// are opened along the way. Not part of the normal suite (scripts/soak.sh runs it).
-//
-// usage: nebkaro_soak [STEPS] [SEED]
+// A session of the program's commands chosen by the input, with the input's answers to every
+// question: after each step the store stays consistent, and every save leaves a file that holds
+// every word the store held and loads back to them (up to a word that is no word, where a load
+// stops by design). Dictionaries with layouts that do not parse, direction letters other than
+// R and L and lines that are not UTF-8 are opened along the way.
 #include "bulk/bulk_commands.h"
 #include "bulk/sort.h"
 #include "core/dictionary_file.h"
@@ -12,30 +10,45 @@
 #include "core/field_reader.h"
 #include "core/files.h"
 #include "core/quiet_ports.h"
-#include "display/render.h"
 #include "editing/commands.h"
 #include "editing/word_editing.h"
+#include "fuzz_check.h"
+#include "fuzz_ports.h"
 
-#include <cstdio>
-#include <cstdlib>
+#include <fuzzer/FuzzedDataProvider.h>
+#include <unistd.h>
+
+#include <array>
 #include <filesystem>
-#include <random>
+#include <string>
 
 using namespace nebkaro;
 namespace fs = std::filesystem;
 
 namespace {
 
-std::mt19937_64 rng;
+FuzzedDataProvider* input = nullptr;
 int pick(int n) {
-    return static_cast<int>(rng() % static_cast<std::uint64_t>(n));
+    return input->ConsumeIntegralInRange(0, n - 1);
 }
 
-fs::path dictionaryFile;
-// A dictionary drawn at random before some of the opens.
-fs::path drawnFile;
+// One folder per process, removed on the way out.
+struct Folder {
+    fs::path dir = fs::temp_directory_path() / ("nebkaro-session-" + std::to_string(getpid()));
+    fs::path dictionary = dir / "session.nkd";
+    fs::path drawn = dir / "drawn.nkd";
+    Folder() { fs::create_directories(dir); }
+    ~Folder() {
+        std::error_code ec;
+        fs::remove_all(dir, ec);
+    }
+};
+Folder& folder() {
+    static Folder f;
+    return f;
+}
 
-struct RandomDialogs : Dialogs {
+struct InputDialogs : Dialogs {
     Answer message(const std::string&, const std::string&, Buttons b, Icon) override {
         switch (b) {
         case Buttons::OK:
@@ -55,18 +68,12 @@ struct RandomDialogs : Dialogs {
     }
     std::optional<fs::path> openFile(const std::string&, const fs::path&) override {
         if (pick(5) == 0) return std::nullopt;
-        return pick(2) ? dictionaryFile : drawnFile;
+        return pick(2) ? folder().dictionary : folder().drawn;
     }
     std::optional<fs::path> saveFile(const std::string&, const fs::path&) override {
-        return pick(5) ? std::optional<fs::path>(dictionaryFile) : std::nullopt;
+        return pick(5) ? std::optional<fs::path>(folder().dictionary) : std::nullopt;
     }
     void beep() override {}
-};
-
-struct SizedPictures : SignPictures {
-    SignPicture picture(Library, Direction, const std::string& code) override {
-        return {code, 300 + 30 * static_cast<int>(code.size()), 540, true};
-    }
 };
 
 const char* const kCodes[] = {"A1", "G17", "N35", "D21", "X1", "Aa1", "G43", "M17", "Z1", "O1"};
@@ -85,8 +92,8 @@ std::string randomLayout() {
     return layout;
 }
 
-// A composer that places one to four random signs, or is cancelled.
-struct ScriptedComposer : WindowHost {
+// A composer that places one to four signs, or is cancelled.
+struct InputComposer : WindowHost {
     App* app = nullptr;
     void runComposer() override {
         App& a = *app;
@@ -129,69 +136,61 @@ std::string randomDictionary() {
     return out;
 }
 
-int failures = 0;
-int currentStep = 0;
-void check(bool ok, const char* what, int step) {
-    if (!ok) {
-        std::fprintf(stderr, "step %d: %s\n", step, what);
-        ++failures;
+// Whether the file holds, field for field, the header and every word of the store.
+bool holdsTheStore(const std::string& bytes, const DictionaryStore& s) {
+    FieldReader in(bytes);
+    try {
+        if (s.hasHeader)
+            for (int f = 0; f < FieldCount; ++f)
+                if (in.read() != s.header[static_cast<std::size_t>(f)]) return false;
+        for (int w = 0; w <= s.lastIndex; ++w)
+            for (int f = 0; f < FieldCount; ++f)
+                if (in.read() != s.field(w, f)) return false;
+    } catch (const RunError&) {
+        return false;
     }
+    return in.atEnd();
 }
 
-// The program's writer, then a look at what reached the disk: the file must hold every word
-// the store holds, in order, whatever question was answered on the way.
+// The program's writer, then a look at what reached the disk.
 struct CheckingWriter : FileWriter {
     AtomicFileWriter disk;
     App* app = nullptr;
-    fs::path lastWritten;
     void write(const fs::path& path, const std::string& bytes) override {
         disk.write(path, bytes);
-        lastWritten = path;
         const DictionaryStore& s = app->store;
         if (app->newDictionaryMode) return; // a header-only file by design
         const std::string back = readFileBytes(path);
-        FieldReader in(back);
-        bool same = true;
-        try {
-            if (s.hasHeader)
-                for (int f = 0; f < FieldCount; ++f)
-                    same = same && in.read() == s.header[static_cast<std::size_t>(f)];
-            for (int w = 0; w <= s.lastIndex && same; ++w)
-                for (int f = 0; f < FieldCount; ++f) same = same && in.read() == s.field(w, f);
-            same = same && in.atEnd();
-        } catch (const RunError&) {
-            same = false;
-        }
-        check(same, "a saved file does not hold the words the store held", currentStep);
+        FUZZ_CHECK(holdsTheStore(back, s));
+        const ParsedDictionary again = readDictionaryText(back, DictionaryStore::MaxWordIndex + 1);
+        int k = 0;
+        while (k <= s.lastIndex && (s.field(k, 0) == "L" || s.field(k, 0) == "R")) ++k;
+        FUZZ_CHECK(static_cast<int>(again.words.size()) == k);
+        for (int w = 0; w < k; ++w) FUZZ_CHECK(again.words[static_cast<std::size_t>(w)] == s.row(w));
     }
 };
 
 } // namespace
 
-int main(int argc, char** argv) {
-    const int steps = argc > 1 ? std::atoi(argv[1]) : 10000;
-    const std::uint64_t seed = argc > 2 ? std::strtoull(argv[2], nullptr, 10) : 1;
-    rng.seed(seed);
-    const fs::path dir = fs::temp_directory_path() / ("nebkaro-soak-" + std::to_string(seed));
-    fs::create_directories(dir);
-    dictionaryFile = dir / "soak.nkd";
-
-    RandomDialogs dialogs;
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    FuzzedDataProvider provider(data, size);
+    input = &provider;
+    InputDialogs dialogs;
     TextClipboard clipboard;
     NoEventPump events;
-    SizedPictures pictures;
+    fuzz::FixedPictures pictures;
     CheckingWriter files;
     App app(dialogs, clipboard, events, pictures, files);
     files.app = &app;
-    drawnFile = dir / "drawn.nkd";
-    AtomicFileWriter().write(drawnFile, randomDictionary());
-    ScriptedComposer composer;
+    InputComposer composer;
     composer.app = &app;
     app.windows = &composer;
-    app.home = dir;
+    app.home = folder().dir;
     app.settings.showDictionaryInfo = false;
     installEditing(app);
-    app.store.dictionaryPath = dictionaryFile.string();
+    app.store.dictionaryPath = folder().dictionary.string();
+    std::error_code ec;
+    fs::remove(folder().dictionary, ec);
 
     const CommandId editing[] = {
         CommandId::NewWord,       CommandId::EditWord,       CommandId::StoreWord,
@@ -200,36 +199,32 @@ int main(int argc, char** argv) {
         CommandId::First,         CommandId::Next,           CommandId::Previous,
         CommandId::Last,          CommandId::RandomWord,     CommandId::FlipWord,
         CommandId::DirectionLeft, CommandId::SaveDictionary, CommandId::OpenDictionary};
-    for (int step = 0; step < steps; ++step) {
-        currentStep = step;
+    while (provider.remaining_bytes() > 0) {
         const int r = pick(24);
-        if (editing[r < 18 ? r : 0] == CommandId::OpenDictionary && pick(2))
-            AtomicFileWriter().write(drawnFile, randomDictionary());
         try {
             if (r < 18) {
-                if (editing[r] != CommandId::PasteWord || pick(3)) {
-                    executeCommand(app, editing[r]);
-                } else {
-                    clipboard.content = randomText(); // sometimes paste something that is no word
-                    executeCommand(app, CommandId::PasteWord);
-                }
-                // Typing into the boxes of the word on show.
-                if (pick(3) == 0) {
+                if (editing[r] == CommandId::OpenDictionary && pick(2))
+                    AtomicFileWriter().write(folder().drawn, randomDictionary());
+                // Sometimes paste something that is no word.
+                if (editing[r] == CommandId::PasteWord && pick(3) == 0)
+                    clipboard.content = randomText();
+                executeCommand(app, editing[r]);
+                if (pick(3) == 0) { // typing into the boxes of the word on show
                     app.view.meaning = randomText();
                     app.store.editPending = true;
                 }
             } else if (app.store.lastIndex >= 0) {
+                const auto field = static_cast<SortField>(std::array{3, 4, 5, 6}[pick(4)]);
+                const SortOrder order{pick(2) == 0, pick(2) == 0};
                 switch (r) {
                 case 18:
-                    menuSort(app, static_cast<SortField>(std::array{3, 4, 5, 6}[pick(4)]),
-                             {pick(2) == 0, pick(2) == 0});
+                    menuSort(app, field, order);
                     break;
                 case 19:
-                    toolbarSort(app, static_cast<SortField>(std::array{3, 4, 5, 6}[pick(4)]),
-                                {pick(2) == 0, pick(2) == 0});
+                    toolbarSort(app, field, order);
                     break;
                 case 20:
-                    shuffleDictionary(app, rng());
+                    shuffleDictionary(app, provider.ConsumeIntegral<std::uint64_t>());
                     break;
                 case 21:
                     flipAll(app, static_cast<FlipMode>(pick(3)));
@@ -244,32 +239,8 @@ int main(int argc, char** argv) {
             // cannot be ordered, or a word without signs, stops them as it stops a user's run.
         }
         const DictionaryStore& s = app.store;
-        check(s.lastIndex >= -1 && s.lastIndex <= DictionaryStore::MaxWordIndex,
-              "lastIndex out of range", step);
-        check(s.currentIndex >= -1 && s.currentIndex <= std::max(s.lastIndex, 0),
-              "currentIndex out of range", step);
-
-        // Every saved file reads back to the words that were saved (up to a word that is no
-        // word, where a load stops by design).
-        if (step % 50 == 0 && s.lastIndex >= 0) {
-            app.storeWord = [](App&) {};
-            const bool saved = saveDictionary(app);
-            installEditing(app);
-            if (saved) {
-                const ParsedDictionary back = readDictionaryText(readFileBytes(files.lastWritten),
-                                                                 DictionaryStore::MaxWordIndex + 1);
-                int k = 0;
-                while (k <= s.lastIndex && (s.field(k, 0) == "L" || s.field(k, 0) == "R")) ++k;
-                check(static_cast<int>(back.words.size()) == k,
-                      "a load gives a different number of words", step);
-                for (int w = 0; w < k && w < static_cast<int>(back.words.size()); ++w)
-                    check(back.words[static_cast<std::size_t>(w)] == s.row(w),
-                          "a load gives a different word", step);
-            }
-        }
+        FUZZ_CHECK(s.lastIndex >= -1 && s.lastIndex <= DictionaryStore::MaxWordIndex);
+        FUZZ_CHECK(s.currentIndex >= -1 && s.currentIndex <= std::max(s.lastIndex, 0));
     }
-    fs::remove_all(dir);
-    std::printf("%d steps, seed %llu: %d failures\n", steps, static_cast<unsigned long long>(seed),
-                failures);
-    return failures ? 1 : 0;
+    return 0;
 }
