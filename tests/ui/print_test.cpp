@@ -7,6 +7,9 @@
 #include "ui/print_options_dialog.h"
 #include "ui/printing.h"
 
+#include <QCheckBox>
+#include <QDoubleSpinBox>
+#include <QLabel>
 #include <QPrinter>
 #include <QPushButton>
 #include <QtTest>
@@ -238,6 +241,46 @@ private slots:
         QCOMPARE(printing.options().range.kind, RangeKind::CurrentWord);
         QCOMPARE(f.app->settings.printQuality, -3);
         QCOMPARE(f.windows.status.back(), std::string("1 page printed"));
+    }
+
+    // The dialog refuses what would print nothing or not fit, and says why in its status line.
+    void printIsRefusedWhenNothingWouldPrint() {
+        const std::pair<int, QStringList> cases[] = {
+            {10,
+             {"", "Choose at least one thing to print.",
+              "The margins leave too little room for the words."}},
+            {0, QStringList(3, QStringLiteral("The dictionary has no words to print."))}};
+        for (const auto& [words, expected] : cases) {
+            Fixture f(words);
+            Printing printing;
+            printing.setOptions(pdfOptions());
+            QStringList said;
+            QTimer::singleShot(0, [&] {
+                auto* dialog = qobject_cast<PrintOptionsDialog*>(QApplication::activeModalWidget());
+                QVERIFY(dialog);
+                auto* print = child<QPushButton>(dialog, "cmdPrint");
+                auto look = [&] {
+                    dialog->refresh();
+                    said << (print->isEnabled() ? QString()
+                                                : child<QLabel>(dialog, "lblStatus")->text());
+                };
+                look();
+                for (const char* box : {"chkSigns", "chkGardiner", "chkTransliteration",
+                                        "chkMeaning", "chkComment", "chkNumber"})
+                    child<QCheckBox>(dialog, box)->setChecked(false);
+                look();
+                child<QCheckBox>(dialog, "chkNumber")->setChecked(true);
+                for (const char* m : {"txtMarginLeft", "txtMarginRight"})
+                    child<QDoubleSpinBox>(dialog, m)->setValue(100);
+                look();
+                print->click(); // refused: the dialog stays
+                QVERIFY(dialog->isVisible());
+                dialog->reject();
+            });
+            printing.printDictionaryDialog(*f.app, nullptr);
+            QCOMPARE(said, expected);
+            QVERIFY(f.dialogs.prompts.empty());
+        }
     }
 
     void printOneCollectsWordsAndFormFeedPrintsThem() {
