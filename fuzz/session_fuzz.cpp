@@ -166,7 +166,8 @@ struct CheckingWriter : FileWriter {
         int k = 0;
         while (k <= s.lastIndex && (s.field(k, 0) == "L" || s.field(k, 0) == "R")) ++k;
         FUZZ_CHECK(static_cast<int>(again.words.size()) == k);
-        for (int w = 0; w < k; ++w) FUZZ_CHECK(again.words[static_cast<std::size_t>(w)] == s.row(w));
+        for (int w = 0; w < k; ++w)
+            FUZZ_CHECK(again.words[static_cast<std::size_t>(w)] == s.row(w));
     }
 };
 
